@@ -1,0 +1,63 @@
+#include "app/CheckListModel.h"
+
+namespace aqapp {
+
+CheckListModel::CheckListModel(aq::CheckList& list, QObject* parent) : QAbstractListModel(parent), list_(list) {
+    list_.setObserver(this);
+}
+
+CheckListModel::~CheckListModel() { list_.setObserver(nullptr); }
+
+int CheckListModel::rowCount(const QModelIndex& parent) const {
+    // While the list is hidden its rows are changing; the view sees them when it shows.
+    return parent.isValid() || !list_.visible() ? 0 : list_.count();
+}
+
+QVariant CheckListModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid() || index.row() >= list_.count()) return {};
+    const aq::CheckRow& r = list_.row(index.row());
+    if (role == Qt::DisplayRole) return QString::fromStdString(r.text);
+    if (role == Qt::CheckStateRole) return r.checked ? Qt::Checked : Qt::Unchecked;
+    return {};
+}
+
+bool CheckListModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (role != Qt::CheckStateRole || !index.isValid() || index.row() >= list_.count()) return false;
+    list_.userCheck(index.row(), value.toInt() == Qt::Checked);
+    return true;
+}
+
+Qt::ItemFlags CheckListModel::flags(const QModelIndex& index) const {
+    if (!index.isValid()) return Qt::NoItemFlags;
+    return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable;
+}
+
+void CheckListModel::rowChanged(int row) {
+    QModelIndex i = index(row);
+    emit dataChanged(i, i, {Qt::DisplayRole, Qt::CheckStateRole});
+}
+
+CheckListModel* bindCheckList(QListView* view, aq::CheckList& list) {
+    auto* model = new CheckListModel(list, view);
+    view->setModel(model);
+    view->setUniformItemSizes(true);  // keeps 2000-row lists quick
+    view->setSelectionMode(QAbstractItemView::SingleSelection);
+    auto sync = [view, model] {
+        aq::CheckList& l = model->list();
+        view->setEnabled(l.enabled());
+        int cur = l.currentIndex();
+        QModelIndex want = cur >= 0 && cur < model->rowCount() ? model->index(cur) : QModelIndex();
+        if (view->currentIndex() != want) view->setCurrentIndex(want);
+    };
+    QObject::connect(model, &CheckListModel::listStateChanged, view, sync);
+    QObject::connect(view->selectionModel(), &QItemSelectionModel::currentChanged, view,
+                     [model](const QModelIndex& now) {
+                         aq::CheckList& l = model->list();
+                         int row = now.isValid() ? now.row() : -1;
+                         if (l.currentIndex() != row) l.setCurrentIndex(row);
+                     });
+    sync();
+    return model;
+}
+
+}  // namespace aqapp

@@ -1,0 +1,160 @@
+#include "app/MainWindow.h"
+
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include "app/MenuTree.h"
+#include "app/TabFrame.h"
+#include "pool/PoolOps.h"
+#include "shell/MenuState.h"
+#include "shell/Shutdown.h"
+
+namespace aqapp {
+
+const char* const MainWindow::kCaption = "Aquarium File Manager - v.3.1.0.1";
+
+namespace {
+const char* const kTabCaptions[6] = {"Archive", "Startup Pool", "Edit Drifters in Pool File", "Edit Food in Pool File",
+                                     "Edit Drifter Files", "Create Series"};
+}
+
+MainWindow::MainWindow(aq::Ui& ui, aq::Clock& clock, const QString& programFolder, QWidget* parent)
+    : QMainWindow(parent), app_(std::make_unique<aq::App>(ui, clock)) {
+    setObjectName("frmAqFile");
+    aq::App& app = *app_;
+    app.programFolder = programFolder.toStdString();
+
+    // Start-up, in the program's order: the default pool, the shared flags, the menus.
+    aq::loadDefaultPool(app);
+    app.feedColor = app.feedMode = app.groupMode = -1;
+    app.poolLoaded = false;
+    app.dnaLoaded = false;
+    buildMenuTree(this);
+    app.quickSpeciate = menuItem("mQuickSpec")->isChecked();
+    app.similarityDepth = 1000;
+    if (app.quickSpeciate) app.similarityDepth = 100;
+    app.openPoolPath.clear();
+    app.poolChanged = false;
+    app.uiBusy = false;
+
+    auto* central = new QWidget(this);
+    auto* layout = new QVBoxLayout(central);
+    tabs_ = new QTabWidget(central);
+    tabs_->setObjectName("TabStrip1");
+    TabFrame* (*makers[6])(MainWindow&) = {makeArchiveTab,       makeStartupTab,      makePoolDriftersTab,
+                                           makePoolFoodTab,      makeDrifterFilesTab, makeSeriesTab};
+    for (int k = 0; k < 6; ++k) {
+        TabFrame* f = makers[k](*this);
+        frames_.push_back(f);
+        // A scroll area lets the window shrink well below its design size.
+        auto* scroll = new QScrollArea;
+        scroll->setWidgetResizable(true);
+        scroll->setFrameShape(QFrame::NoFrame);
+        scroll->setWidget(f);
+        tabs_->addTab(scroll, kTabCaptions[k]);
+    }
+    layout->addWidget(tabs_, 1);
+    buildPathFrame(central);
+    setCentralWidget(central);
+    setWindowTitle(kCaption);
+    resize(980, 720);
+    setMinimumSize(static_cast<int>(980 * 0.4), static_cast<int>(720 * 0.4));
+
+    connect(tabs_, &QTabWidget::currentChanged, this, [this] { updateMenuState(); });
+    const char* modeItems[6] = {"mArchive", "mStartup", "mSpeciatePool", "mEditFood", "mSpeciateDrifters", nullptr};
+    for (int k = 0; k < 5; ++k) onMenu(modeItems[k], [this, k] { selectTab(k + 1); });
+    onMenu("mSelectSwitchPool", [this] { selectTab(3); });
+    onMenu("mSelectSwitchFood", [this] { selectTab(4); });
+    onMenu("mSelectSwitchDrifter", [this] { selectTab(5); });
+    onMenu("mEnable", [this] { updateMenuState(); });
+    updateMenuState();
+
+    app.onStateChanged = [this] { refreshAll(); };
+    tmrMultiTask_.setObjectName("tmrMultiTask");
+    tmrMultiTask_.setInterval(200);
+    connect(&tmrMultiTask_, &QTimer::timeout, this, &MainWindow::tick);
+    tmrMultiTask_.start();
+}
+
+MainWindow::~MainWindow() { app_->onStateChanged = nullptr; }
+
+void MainWindow::buildPathFrame(QWidget* parent) {
+    auto* frame = new QGroupBox("Directory Paths", parent);
+    frame->setObjectName("FrmTa(0)");
+    auto* grid = new QGridLayout(frame);
+    const char* labels[3] = {"Aquarium:", "Drifter File Archive:", "Pool File Archive:"};
+    const char* labelNames[3] = {"Label3", "Label4", "Label5"};
+    const char* boxNames[3] = {"comboAquariumPath", "comboDrifterPath", "comboPoolPath"};
+    const char* buttonNames[3] = {"cmdAquariumPath", "cmdDrifterPath", "cmdPoolPath"};
+    std::string* fields[3] = {&app_->comboAquariumPath, &app_->comboDrifterPath, &app_->comboPoolPath};
+    for (int i = 0; i < 3; ++i) {
+        auto* label = new QLabel(labels[i], frame);
+        label->setObjectName(labelNames[i]);
+        auto* box = new QComboBox(frame);
+        box->setObjectName(boxNames[i]);
+        box->setEditable(true);
+        box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        box->setCurrentText(QString::fromStdString(*fields[i]));
+        std::string* field = fields[i];
+        connect(box, &QComboBox::currentTextChanged, this, [field](const QString& t) { *field = t.toStdString(); });
+        auto* button = new QPushButton("...", frame);
+        button->setObjectName(buttonNames[i]);
+        grid->addWidget(label, i, 0);
+        grid->addWidget(box, i, 1);
+        grid->addWidget(button, i, 2);
+        pathBoxes_[i] = box;
+    }
+    grid->setColumnStretch(1, 1);
+    parent->layout()->addWidget(frame);
+}
+
+QAction* MainWindow::menuItem(const QString& name) const {
+    if (auto* a = findChild<QAction*>(name)) return a;
+    return findChild<QAction*>(name + "Action");
+}
+
+void MainWindow::onMenu(const QString& name, std::function<void()> fn) {
+    if (QAction* a = menuItem(name)) connect(a, &QAction::triggered, this, [fn = std::move(fn)] { fn(); });
+}
+
+int MainWindow::selectedTab() const { return tabs_->currentIndex() + 1; }
+
+void MainWindow::selectTab(int tab) { tabs_->setCurrentIndex(tab - 1); }
+
+bool MainWindow::frameShown(int index) const { return index == 0 || selectedTab() == index; }
+
+void MainWindow::updateMenuState() {
+    bool all = menuItem("mEnable")->isChecked();
+    for (const auto& [name, on] : aq::updateMenu(selectedTab(), all))
+        if (QAction* a = menuItem(QString::fromStdString(name))) a->setEnabled(on);
+}
+
+void MainWindow::refreshAll() {
+    for (TabFrame* f : frames_) f->refresh();
+    aq::App& app = *app_;
+    std::string* fields[3] = {&app.comboAquariumPath, &app.comboDrifterPath, &app.comboPoolPath};
+    for (int i = 0; i < 3; ++i) {
+        QString t = QString::fromStdString(*fields[i]);
+        if (pathBoxes_[i] && pathBoxes_[i]->currentText() != t) pathBoxes_[i]->setCurrentText(t);
+    }
+}
+
+void MainWindow::tick() {
+    aq::tmrMultiTaskTick(*app_, task_, {frameShown(3), frameShown(4)});
+}
+
+void MainWindow::closeEvent(QCloseEvent* e) {
+    tmrMultiTask_.stop();
+    aq::closeProgram(*app_);
+    e->accept();
+}
+
+}  // namespace aqapp

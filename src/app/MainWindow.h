@@ -1,0 +1,57 @@
+#pragma once
+// frmAqFile: six tabs over the "Directory Paths" frame, the menu tree and the
+// background timer.
+#include <QMainWindow>
+#include <QTimer>
+#include <memory>
+#include <vector>
+
+#include "shell/App.h"
+#include "shell/MultiTask.h"
+
+class QTabWidget;
+class QComboBox;
+
+namespace aqapp {
+
+class TabFrame;
+
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+public:
+    // `programFolder` holds the settings file and the simulator hand-over file.
+    MainWindow(aq::Ui& ui, aq::Clock& clock, const QString& programFolder, QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    aq::App& app() { return *app_; }
+    // A menu item by name; submenus answer with their menu's action.
+    QAction* menuItem(const QString& name) const;
+    // Runs `fn` when the named menu item is triggered.
+    void onMenu(const QString& name, std::function<void()> fn);
+
+    int selectedTab() const;  // 1..6
+    void selectTab(int tab);
+    void updateMenuState();
+    // Brings every tab in step with the core state.
+    void refreshAll();
+    bool frameShown(int index) const;
+    QTimer& multiTaskTimer() { return tmrMultiTask_; }
+
+    static const char* const kCaption;
+
+protected:
+    void closeEvent(QCloseEvent* e) override;
+
+private:
+    void buildPathFrame(QWidget* parent);
+    void tick();
+
+    std::unique_ptr<aq::App> app_;
+    QTabWidget* tabs_ = nullptr;
+    std::vector<TabFrame*> frames_;  // index k-1 is FrmTa(k)
+    QTimer tmrMultiTask_;
+    aq::MultiTask task_;
+    QComboBox* pathBoxes_[3] = {};
+};
+
+}  // namespace aqapp

@@ -1,0 +1,104 @@
+#include "app/QtUi.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+
+namespace aqapp {
+
+QString messageText(const std::string& text) {
+    QString s = QString::fromStdString(text);
+    s.replace("\r\n", "\n");
+    return s;
+}
+
+QString nameFilter(const std::string& description, const std::string& extension) {
+    QString ext = QString::fromStdString(extension);
+    QString desc = QString::fromStdString(description);
+    if (ext.isEmpty() || ext == "*") return (desc.isEmpty() ? QString("All Files") : desc) + " (*)";
+    if (desc.isEmpty()) desc = ext.toUpper() + " Files";
+    // Patterns match case-insensitively in the dialog; list both spellings for other filters.
+    return desc + " (*." + ext.toLower() + " *." + ext.toUpper() + ")";
+}
+
+namespace {
+aq::Answer ask(QWidget* parent, const std::string& text, const std::string& title, QMessageBox::StandardButtons buttons,
+               QMessageBox::StandardButton def) {
+    QMessageBox box(QMessageBox::Question, QString::fromStdString(title), messageText(text), buttons, parent);
+    box.setDefaultButton(def);
+    switch (box.exec()) {
+        case QMessageBox::Yes: return aq::Answer::Yes;
+        case QMessageBox::No: return aq::Answer::No;
+        case QMessageBox::Ok: return aq::Answer::Ok;
+        case QMessageBox::Retry: return aq::Answer::Retry;
+        default: return aq::Answer::Cancel;
+    }
+}
+}  // namespace
+
+void QtUi::ShowMessage(const std::string& text, const std::string& title) {
+    QMessageBox box(QMessageBox::Information, QString::fromStdString(title), messageText(text), QMessageBox::Ok, parent_);
+    box.exec();
+}
+
+aq::Answer QtUi::AskYesNo(const std::string& text, const std::string& title) {
+    return ask(parent_, text, title, QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes);
+}
+
+aq::Answer QtUi::AskYesNoCancel(const std::string& text, const std::string& title) {
+    return ask(parent_, text, title, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes);
+}
+
+aq::Answer QtUi::AskOkCancel(const std::string& text, const std::string& title) {
+    return ask(parent_, text, title, QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok);
+}
+
+aq::Answer QtUi::AskRetryCancel(const std::string& text, const std::string& title) {
+    return ask(parent_, text, title, QMessageBox::Retry | QMessageBox::Cancel, QMessageBox::Retry);
+}
+
+std::string QtUi::AskText(const std::string& prompt, const std::string& title, const std::string& defaultText) {
+    bool ok = false;
+    QString s = QInputDialog::getText(parent_, QString::fromStdString(title), messageText(prompt), QLineEdit::Normal,
+                                      QString::fromStdString(defaultText), &ok);
+    return ok ? s.toStdString() : std::string();
+}
+
+namespace {
+std::string chooseFile(QWidget* parent, bool save, const std::string& folder, const std::string& name,
+                       const std::string& extension, const std::string& description, const std::string& title) {
+    QFileDialog dlg(parent, QString::fromStdString(title));
+    dlg.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dlg.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    dlg.setNameFilters({nameFilter(description, extension), "All Files (*)"});
+    if (!folder.empty() && QDir(QString::fromStdString(folder)).exists()) dlg.setDirectory(QString::fromStdString(folder));
+    if (!name.empty()) dlg.selectFile(QString::fromStdString(name));
+    if (save && !extension.empty()) dlg.setDefaultSuffix(QString::fromStdString(extension));
+    if (dlg.exec() != QDialog::Accepted || dlg.selectedFiles().isEmpty()) return {};
+    return QDir::toNativeSeparators(dlg.selectedFiles().first()).toStdString();
+}
+}  // namespace
+
+std::string QtUi::ChooseOpenFile(const std::string& folder, const std::string& name, const std::string& extension,
+                                 const std::string& description, const std::string& title) {
+    return chooseFile(parent_, false, folder, name, extension, description, title);
+}
+
+std::string QtUi::ChooseSaveFile(const std::string& folder, const std::string& name, const std::string& extension,
+                                 const std::string& description, const std::string& title) {
+    return chooseFile(parent_, true, folder, name, extension, description, title);
+}
+
+void QtUi::YieldToUi() { QCoreApplication::processEvents(QEventLoop::AllEvents, 50); }
+
+void QtUi::SetWaitCursor(bool on) {
+    if (on) {
+        if (waitDepth_++ == 0) QApplication::setOverrideCursor(Qt::WaitCursor);
+    } else if (waitDepth_ > 0 && --waitDepth_ == 0) {
+        QApplication::restoreOverrideCursor();
+    }
+}
+
+}  // namespace aqapp

@@ -1,0 +1,36 @@
+#pragma once
+// The Ui services as Qt dialogs.
+#include <QPointer>
+#include <QWidget>
+
+#include "shell/Ui.h"
+
+namespace aqapp {
+
+class QtUi : public aq::Ui {
+public:
+    void setParentWidget(QWidget* w) { parent_ = w; }
+    void ShowMessage(const std::string& text, const std::string& title) override;
+    aq::Answer AskYesNo(const std::string& text, const std::string& title) override;
+    aq::Answer AskYesNoCancel(const std::string& text, const std::string& title) override;
+    aq::Answer AskOkCancel(const std::string& text, const std::string& title) override;
+    aq::Answer AskRetryCancel(const std::string& text, const std::string& title) override;
+    std::string AskText(const std::string& prompt, const std::string& title, const std::string& defaultText) override;
+    std::string ChooseOpenFile(const std::string& folder, const std::string& name, const std::string& extension,
+                               const std::string& description, const std::string& title) override;
+    std::string ChooseSaveFile(const std::string& folder, const std::string& name, const std::string& extension,
+                               const std::string& description, const std::string& title) override;
+    void YieldToUi() override;
+    void SetWaitCursor(bool on) override;
+
+private:
+    QPointer<QWidget> parent_;
+    int waitDepth_ = 0;
+};
+
+// Text in messages uses CR LF line breaks; Qt wants LF.
+QString messageText(const std::string& text);
+// A filter such as "Pool Files (*.aqp *.AQP)" for a description and extension.
+QString nameFilter(const std::string& description, const std::string& extension);
+
+}  // namespace aqapp

@@ -1,0 +1,61 @@
+// aqfm default, info, drifters: the pool file itself.
+#include <iostream>
+
+#include "cli/Cli.h"
+#include "cli/CliSupport.h"
+#include "pool/PoolFile.h"
+#include "pool/PoolOps.h"
+#include "pooleditor/DrifterList.h"
+#include "shell/FileIo.h"
+#include "shell/NumberText.h"
+
+using namespace aqcli;
+
+namespace {
+
+int runDefault(const Args& a) {
+    a.expectPositional(0);
+    std::string out = a.required("-o");
+    auto bytes = aq::defaultPoolBytes();
+    std::string error = aq::writeFileAtomically(out, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+    if (!error.empty()) return fail("Error saving " + out + ", error: " + error);
+    return 0;
+}
+
+int runInfo(const Args& a) {
+    a.expectPositional(1);
+    aq::Pool pool;
+    if (int rc = readPoolOrFail(a.positional()[0], pool)) return rc;
+    using aq::NumberText;
+    std::cout << "version: " << NumberText(pool.version) << "\n"
+              << "clock: " << NumberText(pool.clock) << "\n"
+              << "headerWord: " << NumberText(pool.headerWord) << "\n"
+              << "drifterCount: " << NumberText(pool.drifterCount) << "\n"
+              << "foodCount: " << NumberText(pool.foodCount) << "\n"
+              << "worldValueA: " << NumberText(pool.worldValueA) << "\n"
+              << "worldValueB: " << NumberText(pool.worldValueB) << "\n"
+              << "minX: " << NumberText(pool.minX) << "\n"
+              << "minY: " << NumberText(pool.minY) << "\n"
+              << "maxX: " << NumberText(pool.maxX) << "\n"
+              << "maxY: " << NumberText(pool.maxY) << "\n"
+              << "lastWord: " << NumberText(pool.lastWord) << "\n"
+              << "fileSize: " << pool.fileSize() << "\n";
+    return 0;
+}
+
+int runDrifters(const Args& a) {
+    a.expectPositional(1);
+    aq::Pool pool;
+    if (int rc = readPoolOrFail(a.positional()[0], pool)) return rc;
+    std::string out;
+    for (int i = 0; i < pool.drifterCount; ++i) (out += aq::DrifterLineText(pool.drifters[static_cast<std::size_t>(i)])) += '\n';
+    std::cout << out;
+    return 0;
+}
+
+Register regDefault({"default", "write the embedded default pool", "aqfm default -o OUT", runDefault, {"-o"}, {}});
+Register regInfo({"info", "print a pool file's header and world fields", "aqfm info FILE", runInfo, {}, {}});
+Register regDrifters({"drifters", "print one list line per drifter",
+                      "aqfm drifters FILE [--species T] [--depth D]", runDrifters, {"--species", "--depth"}, {}});
+
+}  // namespace

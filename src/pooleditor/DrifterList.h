@@ -1,0 +1,22 @@
+#pragma once
+// The lines of lstSpeciatePool: one per drifter of openPool, and the load command.
+#include <string>
+
+#include "pool/Records.h"
+#include "shell/App.h"
+
+namespace aq {
+
+// The line of a drifter, without its species prefix.
+std::string DrifterLineText(const DrifterRec& d);
+
+// Writes drifter `index`'s line to its row, adding the row when the list is shorter.
+void listPoolDrifter(App& app, int index);
+
+// Brings lstSpeciatePool in step with openPool; remaining rows keep tick and tag.
+void populateSpeciatePoolList(App& app);
+
+// The user's load of a pool into the two editor lists.
+void initiateLoadPoolFile(App& app);
+
+}  // namespace aq

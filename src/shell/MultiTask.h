@@ -1,0 +1,21 @@
+#pragma once
+// The background timer's schedule: one phase a tick, five phases a sweep.
+#include "shell/App.h"
+
+namespace aq {
+
+struct MultiTask {
+    int phase = -1;
+    int sweep = 0;
+    bool restart = true;
+};
+
+// Which tab frames are on show; phases of hidden frames run every fourth sweep.
+struct FramesShown {
+    bool frame3 = false;
+    bool frame4 = false;
+};
+
+void tmrMultiTaskTick(App& app, MultiTask& task, FramesShown shown);
+
+}  // namespace aq
