@@ -15,6 +15,7 @@ class QComboBox;
 namespace aqapp {
 
 class TabFrame;
+class PathFrame;
 
 class MainWindow : public QMainWindow {
     Q_OBJECT
@@ -36,6 +37,7 @@ public:
     void refreshAll();
     bool frameShown(int index) const;
     QTimer& multiTaskTimer() { return tmrMultiTask_; }
+    PathFrame* pathFrame() const { return pathFrame_; }
 
     static const char* const kCaption;
 
@@ -43,7 +45,6 @@ protected:
     void closeEvent(QCloseEvent* e) override;
 
 private:
-    void buildPathFrame(QWidget* parent);
     void tick();
 
     std::unique_ptr<aq::App> app_;
@@ -51,7 +52,7 @@ private:
     std::vector<TabFrame*> frames_;  // index k-1 is FrmTa(k)
     QTimer tmrMultiTask_;
     aq::MultiTask task_;
-    QComboBox* pathBoxes_[3] = {};
+    PathFrame* pathFrame_ = nullptr;
 };
 
 }  // namespace aqapp
