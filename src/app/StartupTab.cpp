@@ -49,7 +49,7 @@ protected:
         }
         if (event->type() == QEvent::Enter || event->type() == QEvent::MouseMove) {
             QString text = helpFor(watched);
-            if (line_->text() != text) line_->setText(text);
+            if (!text.isEmpty() && line_->text() != text) line_->setText(text);
         }
         return QObject::eventFilter(watched, event);
     }
@@ -101,7 +101,8 @@ public:
         layout->addStretch(1);
 
         connect(randomize, &QPushButton::clicked, this, [this] { randomizeSettings(); });
-        connect(generate, &QPushButton::clicked, this, [this] { aq::generateStartupPool(app_, readStartupSettings()); });
+        connect(generate, &QPushButton::clicked, this,
+                [this] { aq::generateStartupPool(app_, readStartupSettings()); });
     }
 
     aq::StartupSettings readStartupSettings() const {

@@ -68,7 +68,8 @@ int runFood(const Args& a) {
     return 0;
 }
 
-Register regGenerate({"generate", "write a new startup pool made from a seed and the generator's settings",
+Register regGenerate({"generate",
+                      "write a new startup pool made from a seed and the generator's settings",
                       "aqfm generate [--seed TEXT] [--type 0-2] [--food 0-4] [--placement 0-2] [--walls 0-2] [--split] "
                       "[--extra-food | --no-extra-food] [--extra-drifters] [--state HEX] -o OUT",
                       runGenerate,

@@ -49,10 +49,18 @@ Layout layoutOf(const Pool& p, bool split) {
 void peripheralPoint(const Layout& l, int i, int t, int n, float& px, float& py) {
     const auto tf = static_cast<float>(t), nf = static_cast<float>(n);
     switch (i % 4) {
-        case 0: px = (l.xHigh - l.xLow) * tf / nf + l.xLow, py = l.yHigh; break;
-        case 1: px = l.xLow, py = (l.yHigh - l.yLow) * tf / nf + l.yLow; break;
-        case 2: px = l.xHigh - (l.xHigh - l.xLow) * tf / nf, py = l.yLow; break;
-        default: px = l.xHigh, py = l.yHigh - (l.yHigh - l.yLow) * tf / nf; break;
+        case 0:
+            px = (l.xHigh - l.xLow) * tf / nf + l.xLow, py = l.yHigh;
+            break;
+        case 1:
+            px = l.xLow, py = (l.yHigh - l.yLow) * tf / nf + l.yLow;
+            break;
+        case 2:
+            px = l.xHigh - (l.xHigh - l.xLow) * tf / nf, py = l.yLow;
+            break;
+        default:
+            px = l.xHigh, py = l.yHigh - (l.yHigh - l.yLow) * tf / nf;
+            break;
     }
 }
 
@@ -154,7 +162,8 @@ void placeFood(const Pool& base, const StartupSettings& s, const StartupCounts& 
                 peripheralPoint(l, i, i, c.food, fx, fy);
                 fx = f32(fx * 0.7), fy = f32(fy * 0.7);
                 break;
-            default: break;
+            default:
+                break;
         }
         if (s.seed == 0 && s.foodPlacement != 3) fx = f32(fx / 25.0), fy = f32(fy / 25.0);
         f.x = fx + l.sectorX[sector];
@@ -204,7 +213,8 @@ SeedRecipe seedRecipe(std::int32_t seed, int defaultDrifterCount) {
     while (k < 10 && v >= 1) {
         const std::int64_t radix = defaultDrifterCount - k;
         if (radix < 1) break;
-        r.index[static_cast<std::size_t>(k)] = static_cast<std::int16_t>(((v % radix) + k + prev) % defaultDrifterCount);
+        r.index[static_cast<std::size_t>(k)] =
+            static_cast<std::int16_t>(((v % radix) + k + prev) % defaultDrifterCount);
         prev = r.index[static_cast<std::size_t>(k)];
         v /= radix;
         ++k;

@@ -14,19 +14,23 @@ namespace {
 constexpr const char* kCrLf = "\r\n";
 
 std::string foodPlaceHelp() {
-    return std::string("If you select Gathered food placement, the food will be placed very close to the center of the "
-                       "pool when the Startup Pool is generated.") +
+    return std::string(
+               "If you select Gathered food placement, the food will be placed very close to the center of the "
+               "pool when the Startup Pool is generated.") +
            kCrLf +
            "If you select Centrally Scattered, the food will be scattered near the center of the pool, when the new "
            "Startup Pool is generated." +
-           kCrLf + "If you select Spiral food placement, the food will be placed in a spiral near the center of the pool." +
+           kCrLf +
+           "If you select Spiral food placement, the food will be placed in a spiral near the center of the pool." +
            kCrLf +
            "If you select Evenly Distributed food placement, the food will be scattered across the entire new pool." +
-           kCrLf + "If you select Peripheral food placement, the food will be placed near the outer edges of the new pool.";
+           kCrLf +
+           "If you select Peripheral food placement, the food will be placed near the outer edges of the new pool.";
 }
 
 std::string poolTypeHelp() {
-    return std::string("Select the Test Startup Pool if you would like a simple pool with a small sampling of drifters.") +
+    return std::string(
+               "Select the Test Startup Pool if you would like a simple pool with a small sampling of drifters.") +
            kCrLf +
            "Select the Ordered Startup Pool if you would like to begin with many identical drifters and little or no "
            "variety." +
@@ -37,8 +41,9 @@ std::string poolTypeHelp() {
 }
 
 std::string wallPlaceHelp() {
-    return std::string("If you select Double Vertical wall placement, the generated startup pool will have two vertical "
-                       "walls.") +
+    return std::string(
+               "If you select Double Vertical wall placement, the generated startup pool will have two vertical "
+               "walls.") +
            kCrLf +
            "If you select Default wall placement, the generated startup pool will have one vertical wall  and one "
            "horizontal wall." +
@@ -47,8 +52,9 @@ std::string wallPlaceHelp() {
 }
 
 std::string drifterPlaceHelp() {
-    return std::string("If you select Random drifter placement, the drifters will be scattered near the center of the "
-                       "pool when the Startup Pool is generated.") +
+    return std::string(
+               "If you select Random drifter placement, the drifters will be scattered near the center of the "
+               "pool when the Startup Pool is generated.") +
            kCrLf +
            "If you select Central Ring, the drifters will be placed in a circle near the center of the pool, when the "
            "new Startup Pool is generated." +
@@ -65,7 +71,8 @@ std::string drifterPlaceHelp() {
 std::string startupHelpText(std::string_view control) {
     std::string_view group = control.substr(0, control.find('('));
     if (group == "chkStartupSplitPool")
-        return "A checkmark in the Split Pool checkbox will cause the contents of the new Startup Pool to be divided up "
+        return "A checkmark in the Split Pool checkbox will cause the contents of the new Startup Pool to be divided "
+               "up "
                "eight ways around the center when the pool is generated.";
     if (group == "chkStartupExtraFood")
         return "A checkmark in the Extra Food checkbox will cause the Generate Pool Now button to supply twice as much "
@@ -74,7 +81,8 @@ std::string startupHelpText(std::string_view control) {
         return "A checkmark in the Extra Drifters checkbox will cause the Generate Pool Now button to place twice as "
                "many drifters in the new pool as it would otherwise.";
     if (group == "txtSeedNumber")
-        return "Select a Seed Number before clicking the Generate Pool button. The seed number can by typed in directly "
+        return "Select a Seed Number before clicking the Generate Pool button. The seed number can by typed in "
+               "directly "
                "or adjusted using the buttons provided just below the text-box.";
     if (group == "cmdRewSeed" || group == "cmdFfSeed")
         return "The seed number can by typed in directly or adjusted using the buttons provided just below the "
@@ -83,9 +91,10 @@ std::string startupHelpText(std::string_view control) {
         return "Clicking the Randomize Settings button will select a seed number at random, along with randomly "
                "selected settings for pool type, food placement, wall placement, and drifter placement.";
     if (group == "cmdNewStartupPool")
-        return std::string("Select a Seed Number and click the [Generate Pool Now] button to generate a pool "
-                           "corresponding to that seed number. The generated pool can then be edited and saved as if "
-                           "it had been loaded from a file.") +
+        return std::string(
+                   "Select a Seed Number and click the [Generate Pool Now] button to generate a pool "
+                   "corresponding to that seed number. The generated pool can then be edited and saved as if "
+                   "it had been loaded from a file.") +
                kCrLf + kCrLf + "Caution: Depending on the settings used, it may take a while to generate the new pool.";
     if (group == "frStartupFoodPlace")
         return "Select how you would like the Food placed in the new Startup Pool to be generated.";

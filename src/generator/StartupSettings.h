@@ -10,8 +10,8 @@ namespace aq {
 
 struct StartupSettings {
     std::int32_t seed = 1;
-    std::int16_t poolType = 1;          // 0 Test, 1 Ordered, 2 Chaotic
-    std::int16_t foodPlacement = 2;     // 0 Gathered, 1 Centrally Scattered, 2 Spiral, 3 Evenly Distributed, 4 Peripheral
+    std::int16_t poolType = 1;       // 0 Test, 1 Ordered, 2 Chaotic
+    std::int16_t foodPlacement = 2;  // 0 Gathered, 1 Centrally Scattered, 2 Spiral, 3 Evenly Distributed, 4 Peripheral
     std::int16_t drifterPlacement = 1;  // 0 Random, 1 Central Ring, 2 Peripheral
     std::int16_t wallPlacement = 1;     // 0 Double Vertical, 1 Default, 2 Double Horizontal
     bool splitPool = false;
