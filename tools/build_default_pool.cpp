@@ -64,7 +64,7 @@ int main(int argc, char** argv) {
         d.mealsEaten = rng.below(4);
         d.maternalOffspring = rng.below(3);
         d.paternalOffspring = rng.below(3);
-        double r = 50 + rng.uniform() * 250, a = rng.uniform() * 2 * M_PI;
+        double r = 80 + rng.uniform() * 700, a = rng.uniform() * 2 * M_PI;
         d.x = static_cast<float>(std::round(r * std::cos(a)));
         d.y = static_cast<float>(std::round(r * std::sin(a)));
         for (const Shown& s : kShown)

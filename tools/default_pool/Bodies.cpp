@@ -86,8 +86,8 @@ void placeBody(DrifterRec& d, const Plan& plan, Rng& rng) {
         Segment& g = d.segments[s];
         g.color = plan.color[si];
         g.branchCount = hanging[si];
-        g.length = static_cast<float>(6 + rng.below(30));
-        g.width = static_cast<float>(2 + rng.below(10));
+        g.length = static_cast<float>(5 + rng.below(12));
+        g.width = static_cast<float>(2 + rng.below(7));
         g.mass = g.length * g.width;
         d.totalLength += g.length;
         d.mass += g.mass;
