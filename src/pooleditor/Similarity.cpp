@@ -27,7 +27,8 @@ int similarityNeed(int n, float threshold) {
     // Single-precision arithmetic throughout, as the threshold is kept.
     float need = std::nearbyint(static_cast<float>(n) * threshold / 100.0f);
     if (need < 0) need = std::nearbyint(static_cast<float>(n) * (threshold + 100.0f) / 100.0f);
-    // Thresholds far outside 0..100 must not overflow the count.
+    // Thresholds far outside 0..100 must not overflow the count; no number matches nothing.
+    if (std::isnan(need)) return 1000000;
     if (need > 1.0e6f) return 1000000;
     if (need < -1.0e6f) return -1000000;
     return static_cast<int>(need);

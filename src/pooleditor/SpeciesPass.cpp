@@ -58,8 +58,11 @@ bool drifterListed(const App& app, int i) {
 
 void speciatePoolList(App& app) {
     if (app.uiBusy || app.openPool.drifterCount < 1) return;
-    app.poolSliceStart = static_cast<float>(app.clock.secondsSinceMidnight());
-    auto elapsed = [&] { return elapsedSeconds(app.poolSliceStart, app.clock.secondsSinceMidnight()); };
+    // The start is kept in single precision: read the clock the same way, or a start
+    // rounded up would look like a slice begun just before midnight.
+    auto now = [&] { return static_cast<float>(app.clock.secondsSinceMidnight()); };
+    app.poolSliceStart = now();
+    auto elapsed = [&] { return elapsedSeconds(app.poolSliceStart, now()); };
     if (!app.poolPassRunning && app.poolSpeciesPending) beginPass(app);
     app.uiBusy = true;
     app.poolPassStart = app.poolPassIndex;

@@ -206,6 +206,13 @@ TEST(SpeciesPass, AListOutOfStepWithThePoolRestartsThePass) {
     EXPECT_EQ(e.tags(), (std::vector<std::int32_t>{0, 0, 1, 2}));
 }
 
+TEST(SpeciesPass, AClockReadingThatRoundsUpStillGivesAFullSlice) {
+    Editor e(defaultPool());
+    e.clock.seconds = 4000.0002;  // single precision holds 4000.000244
+    ASSERT_GT(static_cast<double>(static_cast<float>(e.clock.seconds)), e.clock.seconds);
+    EXPECT_EQ(e.finish(), 1);
+}
+
 TEST(SpeciesPass, BusyOrEmptyDoesNothing) {
     Editor e(defaultPool());
     e.app.uiBusy = true;
