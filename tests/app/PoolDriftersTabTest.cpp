@@ -62,6 +62,13 @@ private slots:
         QCOMPARE(x->maximum(), 3000);
         QCOMPARE(width->value(), 2000);
         QVERIFY(!width->isHidden());
+        // A picture of the tab for a person to look at, when asked for.
+        if (qEnvironmentVariableIsSet("AQ_SCREENSHOT_DIR")) {
+            w.resize(980, 720);
+            w.show();
+            QTest::qWait(300);
+            w.grab().save(qEnvironmentVariable("AQ_SCREENSHOT_DIR") + "/pool-drifters-tab.png");
+        }
 
         width->setValue(4000);
         QCOMPARE(app.openPool.drifters[0].x, -2000.0f);
