@@ -95,6 +95,27 @@ TEST(SpeciesPass, OnePassNumbersTheEmbeddedPoolAsTheReferenceDoes) {
     }
 }
 
+TEST(SpeciesPass, TheDefaultPoolAtBothDepths) {
+    struct Case {
+        int depth;
+        int position;
+        int speciesCount;
+        std::vector<std::int32_t> first;
+    } cases[] = {
+        {100, 444, 25, {0, 0, 0, 0, 0, 1, 2, 2, 2, 2, 2, 2, 2, 3, 4, 5, 6, 7, 8, 9}},
+        {1000, 444, 27, {0, 0, 0, 0, 1, 2, 0, 0, 0, 0, 0, 0, 0, 3, 4, 5}},
+        {1000, 965, 46, {0, 1, 2, 3}},
+    };
+    for (const Case& c : cases) {
+        Editor e(defaultPool(), c.depth);
+        e.app.poolThreshold = static_cast<float>(c.position / 10.0);
+        e.finish();
+        auto tags = e.tags();
+        EXPECT_EQ(species(tags), c.speciesCount) << c.depth << " " << c.position;
+        EXPECT_EQ(std::vector<std::int32_t>(tags.begin(), tags.begin() + static_cast<long>(c.first.size())), c.first);
+    }
+}
+
 TEST(SpeciesPass, KnownTagsOfABuiltPool) {
     // Shares with drifter 0 of 100 leading genes (depth 100); drifter 0 shares all with itself.
     Pool p = kinPool({100, 50, 44, 43, 100, 10});
@@ -286,6 +307,18 @@ TEST(SpeciesThreshold, TheRangeOfEveryPairCountedInFull) {
 }
 
 TEST(SpeciesThreshold, RangeMessages) {
+    {
+        Editor e(defaultPool(), 100);
+        e.ui.message("Range found.  Listed drifters all match from 0% to  95% of each other's genetic sequences.");
+        findPoolThresholdRange(e.app);
+        EXPECT_TRUE(e.ui.done()) << e.ui.report();
+    }
+    {
+        Editor e(defaultPool(), 1000);
+        e.ui.message("Range found.  Listed drifters all match from 0% to  99.5% of each other's genetic sequences.");
+        findPoolThresholdRange(e.app);
+        EXPECT_TRUE(e.ui.done()) << e.ui.report();
+    }
     {
         Editor e(kinPool({60, 60}), 100);  // two drifters equal in their first 100 genes at depth 100
         e.ui.message("Zero range found.  Listed drifters all match  60% of each other's genetic sequences.");
