@@ -7,6 +7,7 @@
 #include <string>
 
 #include "pool/Records.h"
+#include "series/SeriesState.h"
 #include "shell/CheckList.h"
 #include "shell/Clock.h"
 #include "shell/Ui.h"
@@ -62,6 +63,9 @@ struct App {
 
     // The folder the program runs from (settings and the simulator hand-over file live here).
     std::string programFolder;
+
+    // Pool series: its options, the run controls of its tab and the simulator.
+    SeriesState series;
 
     // Called after an operation changed state that widgets other than the lists show.
     std::function<void()> onStateChanged;

@@ -1,0 +1,86 @@
+// The stand-in simulator run as a child process, the way a series runs it.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstddef>
+#include <cstdlib>
+#include <cstring>
+#include <thread>
+
+#include "pool/PoolFile.h"
+#include "series/AqRun.h"
+#include "series/Simulator.h"
+#include "support/PoolFixtures.h"
+#include "support/TempDir.h"
+
+using namespace aqtest;
+
+namespace {
+
+const std::string kStandin = AQ_BINARY_DIR "/standin/Aquarium";
+
+// Byte ranges the toy model may change in a drifter it did not create.
+bool drifterByteMayChange(std::size_t b) {
+    auto in = [b](std::size_t off, std::size_t len) { return b >= off && b < off + len; };
+    if (in(offsetof(aq::DrifterRec, age), 4) || in(offsetof(aq::DrifterRec, alive), 16) ||
+        in(offsetof(aq::DrifterRec, energy), 4) || in(offsetof(aq::DrifterRec, heading), 4) ||
+        in(offsetof(aq::DrifterRec, x), 24))
+        return true;
+    if (b >= offsetof(aq::DrifterRec, segments) && b < offsetof(aq::DrifterRec, tailState)) {
+        std::size_t s = (b - offsetof(aq::DrifterRec, segments)) % sizeof(aq::Segment);
+        return s >= offsetof(aq::Segment, point1X) && s < offsetof(aq::Segment, carried4);
+    }
+    return false;
+}
+
+std::uint32_t waitForWindow(aq::Simulator& sim, std::uint32_t pid) {
+    for (int i = 0; i < 1000; ++i) {
+        if (std::uint32_t w = sim.findWindow(pid)) return w;
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return 0;
+}
+
+}  // namespace
+
+TEST(Standin, EvolvesTheHandOverPoolAndKeepsEveryCarriedByte) {
+    setenv("AQUARIUM_STANDIN_HEADLESS", "1", 1);
+    setenv("AQUARIUM_STANDIN_STEPS", "2000", 1);
+    TempDir dir;
+    aq::Pool before = defaultPool();
+    ASSERT_EQ(aq::writePool(dir.file(aq::kHandOverFileName), before), "");
+    aq::Simulator& sim = aq::systemSimulator();
+    EXPECT_EQ(sim.start(dir.file("no-such-simulator"), dir.path()), 0u);
+    std::uint32_t pid = sim.start(kStandin, dir.path());
+    ASSERT_NE(pid, 0u);
+    std::uint32_t w = waitForWindow(sim, pid);
+    ASSERT_NE(w, 0u);
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    sim.close(w);
+    EXPECT_EQ(sim.findWindow(pid), 0u);  // closed means gone
+
+    aq::Pool after;
+    ASSERT_EQ(aq::readPool(dir.file(aq::kHandOverFileName), after).status, aq::PoolReadStatus::Ok);
+    EXPECT_GT(after.clock, before.clock);
+    EXPECT_GE(after.drifterCount, before.drifterCount);
+    EXPECT_GT(after.drifters[0].age, before.drifters[0].age);
+    for (int i = 0; i < before.drifterCount; ++i) {
+        auto* a = reinterpret_cast<const unsigned char*>(&before.drifters[static_cast<std::size_t>(i)]);
+        auto* b = reinterpret_cast<const unsigned char*>(&after.drifters[static_cast<std::size_t>(i)]);
+        for (std::size_t k = 0; k < sizeof(aq::DrifterRec); ++k)
+            if (!drifterByteMayChange(k)) {
+                ASSERT_EQ(a[k], b[k]) << "drifter " << i << " byte " << k;
+            }
+    }
+    for (int j = 0; j < before.foodCount; ++j) {
+        const auto& f0 = before.food[static_cast<std::size_t>(j)];
+        const auto& f1 = after.food[static_cast<std::size_t>(j)];
+        EXPECT_EQ(f0.family, f1.family);
+        EXPECT_EQ(0, std::memcmp(f0.carried1, f1.carried1, sizeof f0.carried1));
+        EXPECT_EQ(0, std::memcmp(f0.carried2, f1.carried2, sizeof f0.carried2));
+    }
+    EXPECT_EQ(after.historyBlock, before.historyBlock);
+    EXPECT_EQ(0, std::memcmp(after.walls, before.walls, sizeof before.walls));
+    EXPECT_EQ(after.headerWord, before.headerWord);
+    EXPECT_EQ(after.lastWord, before.lastWord);
+}
