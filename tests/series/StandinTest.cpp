@@ -5,12 +5,16 @@
 #include <cstddef>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
+#include <functional>
 #include <thread>
 
 #include "pool/PoolFile.h"
 #include "series/AqRun.h"
 #include "series/Simulator.h"
+#include "series/EvolveSeries.h"
 #include "support/PoolFixtures.h"
+#include "support/ScriptedUi.h"
 #include "support/TempDir.h"
 
 using namespace aqtest;
@@ -83,4 +87,77 @@ TEST(Standin, EvolvesTheHandOverPoolAndKeepsEveryCarriedByte) {
     EXPECT_EQ(0, std::memcmp(after.walls, before.walls, sizeof before.walls));
     EXPECT_EQ(after.headerWord, before.headerWord);
     EXPECT_EQ(after.lastWord, before.lastWord);
+}
+
+namespace {
+
+// Real time, twenty times faster, so a seven-second run takes a third of a second.
+class FastClock : public aq::Clock {
+public:
+    double secondsSinceMidnight() override {
+        auto real = std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count();
+        return 3600.0 + real * 20.0;
+    }
+    DateTime now() override { return {2026, 11, 23, 1, 0, 0}; }
+
+private:
+    std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+};
+
+class StoppingUi : public ScriptedUi {
+public:
+    std::function<void()> onYield;
+    void YieldToUi() override {
+        ScriptedUi::YieldToUi();
+        if (onYield) onYield();
+    }
+};
+
+}  // namespace
+
+TEST(Standin, ShortPlainSeriesLeavesEvolvedFilesOnDisk) {
+    setenv("AQUARIUM_STANDIN_HEADLESS", "1", 1);
+    setenv("AQUARIUM_STANDIN_STEPS", "2000", 1);
+    TempDir dir;
+    std::filesystem::create_directories(dir.file("sim"));
+    std::filesystem::create_directories(dir.file("pools"));
+    std::filesystem::copy_file(kStandin, dir.file("sim") + "/Aquarium");
+    aq::Pool first = defaultPool();
+    ASSERT_EQ(aq::writePool(dir.file("pools") + "/pool.aqp", first), "");
+
+    FastClock clock;
+    StoppingUi ui;
+    aq::App app(ui, clock);
+    app.programFolder = dir.path();
+    app.comboAquariumPath = dir.file("sim");
+    app.comboPoolPath = dir.file("pools");
+    app.series.options.chkBranchingSeries = false;
+    app.series.controls.frameVisible = true;
+    app.series.controls.sliderTimeDelay = 7;
+    ui.file("open", "Select Pool File", dir.file("pools") + "/pool.aqp");
+    std::string third = dir.file("pools") + "/pool3.aqp";
+    ui.onYield = [&] {
+        if (std::filesystem::exists(third) && app.series.controls.stopEnabled) aq::cmdCreateSeriesStopClick(app);
+    };
+    aq::cmdCreateSeriesNowClick(app);
+    EXPECT_TRUE(ui.done()) << ui.report();
+    EXPECT_TRUE(app.series.controls.nowEnabled);
+
+    int firstOldest = 0;
+    for (int i = 0; i < first.drifterCount; ++i)
+        firstOldest = std::max(firstOldest, first.drifters[static_cast<std::size_t>(i)].age);
+    std::int32_t lastClock = first.clock;
+    for (const char* name : {"pool1.aqp", "pool2.aqp", "pool3.aqp"}) {
+        aq::Pool p;
+        ASSERT_EQ(aq::readPool(dir.file("pools") + "/" + name, p).status, aq::PoolReadStatus::Ok) << name;
+        if (lastClock == first.clock) {
+            // The first file holds every drifter of the chosen pool, each one older now.
+            ASSERT_GE(p.drifterCount, first.drifterCount);
+            for (int i = 0; i < first.drifterCount; ++i)
+                EXPECT_GT(p.drifters[static_cast<std::size_t>(i)].age, first.drifters[static_cast<std::size_t>(i)].age);
+        }
+        EXPECT_GT(p.clock, lastClock) << name;
+        ASSERT_GT(p.drifterCount, 0) << name;
+        lastClock = p.clock;
+    }
 }
