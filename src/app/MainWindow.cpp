@@ -8,9 +8,12 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QSplitter>
+#include <QToolButton>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include "app/MapPanel.h"
 #include "app/MenuTree.h"
 #include "app/TabFrame.h"
 #include "pool/PoolOps.h"
@@ -61,14 +64,34 @@ MainWindow::MainWindow(aq::Ui& ui, aq::Clock& clock, const QString& programFolde
         scroll->setWidget(f);
         tabs_->addTab(scroll, kTabCaptions[k]);
     }
-    layout->addWidget(tabs_, 1);
+    // The pool map stands beside the tabs; the corner button hides it.
+    auto* splitter = new QSplitter(Qt::Horizontal, central);
+    splitter->addWidget(tabs_);
+    mapPanel_ = new MapPanel(*this);
+    splitter->addWidget(mapPanel_);
+    splitter->setStretchFactor(0, 3);
+    splitter->setStretchFactor(1, 2);
+    auto* mapToggle = new QToolButton(tabs_);
+    mapToggle->setObjectName("cmdShowMap");
+    mapToggle->setText("Map");
+    mapToggle->setToolTip("Show or hide the map of the open pool");
+    mapToggle->setCheckable(true);
+    mapToggle->setChecked(true);
+    connect(mapToggle, &QToolButton::toggled, mapPanel_, &MapPanel::setWanted);
+    tabs_->setCornerWidget(mapToggle);
+    layout->addWidget(splitter, 1);
     buildPathFrame(central);
     setCentralWidget(central);
     setWindowTitle(kCaption);
-    resize(980, 720);
-    setMinimumSize(static_cast<int>(980 * 0.4), static_cast<int>(720 * 0.4));
+    resize(1280, 760);
+    setMinimumSize(static_cast<int>(1280 * 0.4), static_cast<int>(760 * 0.4));
 
-    connect(tabs_, &QTabWidget::currentChanged, this, [this] { updateMenuState(); });
+    connect(tabs_, &QTabWidget::currentChanged, this, [this] {
+        updateMenuState();
+        mapPanel_->followTab(selectedTab());
+    });
+    mapPanel_->watchControls();
+    mapPanel_->followTab(selectedTab());
     const char* modeItems[6] = {"mArchive", "mStartup", "mSpeciatePool", "mEditFood", "mSpeciateDrifters", nullptr};
     for (int k = 0; k < 5; ++k) onMenu(modeItems[k], [this, k] { selectTab(k + 1); });
     onMenu("mSelectSwitchPool", [this] { selectTab(3); });
@@ -139,6 +162,7 @@ void MainWindow::updateMenuState() {
 
 void MainWindow::refreshAll() {
     for (TabFrame* f : frames_) f->refresh();
+    mapPanel_->map()->update();
     aq::App& app = *app_;
     std::string* fields[3] = {&app.comboAquariumPath, &app.comboDrifterPath, &app.comboPoolPath};
     for (int i = 0; i < 3; ++i) {

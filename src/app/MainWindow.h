@@ -15,6 +15,7 @@ class QComboBox;
 namespace aqapp {
 
 class TabFrame;
+class MapPanel;
 
 class MainWindow : public QMainWindow {
     Q_OBJECT
@@ -36,6 +37,7 @@ public:
     void refreshAll();
     bool frameShown(int index) const;
     QTimer& multiTaskTimer() { return tmrMultiTask_; }
+    MapPanel* mapPanel() { return mapPanel_; }
 
     static const char* const kCaption;
 
@@ -52,6 +54,7 @@ private:
     QTimer tmrMultiTask_;
     aq::MultiTask task_;
     QComboBox* pathBoxes_[3] = {};
+    MapPanel* mapPanel_ = nullptr;
 };
 
 }  // namespace aqapp

@@ -3,9 +3,12 @@
 #include <QGroupBox>
 #include <QListView>
 #include <QTabWidget>
+#include <QToolButton>
 #include <QtTest>
 
 #include "app/MainWindow.h"
+#include "app/MapPanel.h"
+#include "pooleditor/DrifterList.h"
 #include "pool/PoolFile.h"
 #include "pool/PoolOps.h"
 #include "support/ManualClock.h"
@@ -103,6 +106,30 @@ private slots:
         QVERIFY(aq::readPool(dir.file("saved.aqp"), saved).status == aq::PoolReadStatus::Ok);
         QCOMPARE(saved.drifters[0].age, 5);
         QVERIFY(!w.app().poolChanged);
+    }
+
+    void theMapFollowsTheTabAndPicksRows() {
+        aqtest::ScriptedUi ui;
+        aqtest::ManualClock clock;
+        MainWindow w(ui, clock, "/tmp");
+        w.app().openPool = w.app().defaultPool;
+        w.app().poolLoaded = true;
+        aq::populateSpeciatePoolList(w.app());
+        aqapp::MapPanel* panel = w.mapPanel();
+        w.show();
+        QVERIFY(!panel->isVisible());  // the archive tab has no pool to show
+        w.selectTab(3);
+        QVERIFY(panel->isVisible());
+        emit panel->map()->drifterPicked(7, false);
+        QCOMPARE(w.app().lstSpeciatePool.currentIndex(), 7);
+        QCOMPARE(w.findChild<QListView*>("lstSpeciatePool")->currentIndex().row(), 7);
+        QVERIFY(!w.app().lstSpeciatePool.checked(7));
+        emit panel->map()->drifterPicked(7, true);
+        QVERIFY(w.app().lstSpeciatePool.checked(7));
+        w.findChild<QToolButton*>("cmdShowMap")->click();
+        QVERIFY(!panel->isVisible());
+        w.app().poolChanged = false;
+        QVERIFY(ui.done());
     }
 
     void cancelKeepsThePoolOnShowWhenTheFileIsBad() {

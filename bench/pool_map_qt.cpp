@@ -1,0 +1,62 @@
+// Drawing the pool map with 2000 drifters and 2000 food bits, offscreen.
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QImage>
+#include <QPainter>
+
+#include "app/PoolMap.h"
+#include "support/PoolFixtures.h"
+
+namespace {
+
+// 2000 copies of the default pool's drifters spread over the world, and 2000 food bits.
+aq::Pool bigPool() {
+    aq::Pool base = aqtest::defaultPool();
+    aq::Pool p = base;
+    p.drifters.clear();
+    for (int i = 0; i < 2000; ++i) {
+        aq::DrifterRec d = base.drifters[static_cast<std::size_t>(i % 49)];
+        float dx = static_cast<float>((i * 37) % 7000 - 3500), dy = static_cast<float>((i * 91) % 7000 - 3500);
+        d.x += dx;
+        d.y += dy;
+        for (auto& s : d.segments) {
+            float* pt = &s.point1X;
+            for (int k = 0; k < 8; ++k) pt[k] += (k % 2 == 0) ? dx : dy;
+        }
+        p.drifters.push_back(d);
+    }
+    p.drifterCount = 2000;
+    p.food.resize(2000);
+    for (int i = 0; i < 2000; ++i) {
+        p.food[static_cast<std::size_t>(i)].x = static_cast<float>((i * 53) % 7600 - 3800);
+        p.food[static_cast<std::size_t>(i)].y = static_cast<float>((i * 29) % 7600 - 3800);
+        p.food[static_cast<std::size_t>(i)].family = static_cast<std::uint8_t>(i % 6);
+    }
+    p.foodCount = 2000;
+    return p;
+}
+
+void DrawMap2000(benchmark::State& state) {
+    aq::Pool pool = bigPool();
+    aqapp::PoolMap map;
+    map.resize(1000, 800);
+    map.setPool(&pool);
+    QImage image(map.size(), QImage::Format_ARGB32_Premultiplied);
+    for (auto _ : state) {
+        QPainter painter(&image);
+        map.paintPool(painter);
+    }
+}
+
+}  // namespace
+
+BENCHMARK(DrawMap2000)->Unit(benchmark::kMillisecond);
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

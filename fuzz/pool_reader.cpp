@@ -1,0 +1,20 @@
+// sources: src/pool/PoolFile.cpp src/shell/FileIo.cpp
+// Feeds arbitrary bytes to the pool reader: it must report, never crash or
+// allocate more than the bytes could hold.
+#include <cstddef>
+#include <cstdint>
+
+#include "pool/PoolFile.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    aq::Pool pool;
+    aq::PoolReadResult r = aq::parsePool({data, size}, pool);
+    if (r.status == aq::PoolReadStatus::Ok) {
+        // What was read writes back as the same bytes (up to any trailing junk).
+        std::string again = aq::poolBytes(pool);
+        if (again.size() > size) __builtin_trap();
+        for (std::size_t i = 0; i < again.size(); ++i)
+            if (static_cast<std::uint8_t>(again[i]) != data[i]) __builtin_trap();
+    }
+    return 0;
+}

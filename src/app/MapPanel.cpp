@@ -1,0 +1,66 @@
+#include "app/MapPanel.h"
+
+#include <QAbstractItemModel>
+#include <QAbstractSlider>
+#include <QListView>
+#include <QVBoxLayout>
+
+#include "app/MainWindow.h"
+
+namespace aqapp {
+
+MapPanel::MapPanel(MainWindow& window) : window_(window), map_(new PoolMap(this)) {
+    setObjectName("MapPanel");
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(map_);
+    aq::App& app = window_.app();
+    map_->setPool(&app.openPool);
+    connect(map_, &PoolMap::drifterPicked, this, [this](int i, bool ctrl) {
+        pick(window_.findChild<QListView*>("lstSpeciatePool"), window_.app().lstSpeciatePool, i, ctrl);
+    });
+    connect(map_, &PoolMap::foodPicked, this, [this](int i, bool ctrl) {
+        pick(window_.findChild<QListView*>("lstPoolFood"), window_.app().lstPoolFood, i, ctrl);
+    });
+}
+
+void MapPanel::pick(QListView* view, aq::CheckList& list, int index, bool ctrl) {
+    if (index >= list.count()) return;
+    list.setCurrentIndex(index);
+    if (view && view->model()) view->scrollTo(view->model()->index(index, 0), QAbstractItemView::PositionAtCenter);
+    // The same path as a user's tick in the list, so group selection spreads it.
+    if (ctrl && list.enabled() && !window_.app().uiBusy) list.userCheck(index, !list.checked(index));
+    map_->update();
+}
+
+void MapPanel::followTab(int tab) {
+    tab_ = tab;
+    aq::App& app = window_.app();
+    bool shows = tab == 2 || tab == 3 || tab == 4;
+    setVisible(wanted_ && shows);
+    map_->setTicks(tab == 3 ? &app.lstSpeciatePool : nullptr, tab == 4 ? &app.lstPoolFood : nullptr);
+    map_->setPicks(tab == 3 ? PoolMap::Picks::Drifters : tab == 4 ? PoolMap::Picks::Food : PoolMap::Picks::None);
+}
+
+void MapPanel::setWanted(bool on) {
+    wanted_ = on;
+    followTab(tab_);
+}
+
+void MapPanel::watchControls() {
+    for (const char* name : {"lstSpeciatePool", "lstPoolFood"}) {
+        auto* view = window_.findChild<QListView*>(name);
+        if (!view || !view->model()) continue;
+        QAbstractItemModel* m = view->model();
+        auto repaint = [this] { map_->update(); };
+        connect(m, &QAbstractItemModel::dataChanged, map_, repaint);
+        connect(m, &QAbstractItemModel::modelReset, map_, repaint);
+        connect(m, &QAbstractItemModel::rowsInserted, map_, repaint);
+        connect(m, &QAbstractItemModel::rowsRemoved, map_, repaint);
+    }
+    // Moving or stretching with the sliders redraws the map live.
+    for (auto* slider : window_.findChildren<QAbstractSlider*>())
+        connect(slider, &QAbstractSlider::valueChanged, map_, [this] { map_->update(); });
+}
+
+}  // namespace aqapp

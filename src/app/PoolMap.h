@@ -1,0 +1,64 @@
+#pragma once
+// A map of a pool: its bounds, walls, food bits and drifter bodies. Zoom with the
+// wheel, pan by dragging, double click to fit. A click picks a drifter or food bit.
+#include <QWidget>
+#include <optional>
+
+#include "pool/PoolGeometry.h"
+#include "pool/Records.h"
+
+namespace aq {
+class CheckList;
+}
+
+namespace aqapp {
+
+class PoolMap : public QWidget {
+    Q_OBJECT
+public:
+    enum class Picks { None, Drifters, Food };
+
+    explicit PoolMap(QWidget* parent = nullptr);
+
+    // The pool is not owned; call update() after it changed.
+    void setPool(const aq::Pool* pool);
+    // Ticked rows are drawn highlighted (row i is record i).
+    void setTicks(const aq::CheckList* drifters, const aq::CheckList* food);
+    void setSelectionBox(std::optional<aq::WorldRect> box);
+    void setPicks(Picks p) { picks_ = p; }
+    // Shows the whole world.
+    void fit();
+
+    QPointF toScreen(double x, double y) const;
+    QPointF toWorld(QPointF p) const;
+    double scale() const { return scale_; }
+
+    // Draws the pool on any painter of the widget's size (used by paintEvent and benchmarks).
+    void paintPool(QPainter& painter) const;
+
+signals:
+    void drifterPicked(int index, bool ctrl);
+    void foodPicked(int index, bool ctrl);
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+    void resizeEvent(QResizeEvent*) override;
+    void wheelEvent(QWheelEvent* e) override;
+    void mousePressEvent(QMouseEvent* e) override;
+    void mouseMoveEvent(QMouseEvent* e) override;
+    void mouseReleaseEvent(QMouseEvent* e) override;
+    void mouseDoubleClickEvent(QMouseEvent* e) override;
+
+private:
+    const aq::Pool* pool_ = nullptr;
+    const aq::CheckList* drifterTicks_ = nullptr;
+    const aq::CheckList* foodTicks_ = nullptr;
+    std::optional<aq::WorldRect> box_;
+    Picks picks_ = Picks::None;
+    double scale_ = 0.1, centerX_ = 0, centerY_ = 0;
+    bool fitted_ = false;
+    QPoint pressPos_, lastPos_;
+    bool dragging_ = false;
+};
+
+}  // namespace aqapp
