@@ -101,6 +101,7 @@ public:
         progress_ = new QProgressBar(this);
         progress_->setObjectName("sliderTimeDelaySelection");
         progress_->setFormat("%v s");
+        progress_->setMaximumWidth(160);
         timing->addWidget(progress_, 1);
         layout->addLayout(timing);
 

@@ -161,3 +161,23 @@ TEST(Standin, ShortPlainSeriesLeavesEvolvedFilesOnDisk) {
         lastClock = p.clock;
     }
 }
+
+TEST(DemoFolder, IsLaidOutOnceAndNeverOverwritten) {
+    const std::string tool = AQ_BINARY_DIR "/tools/aquarium-standin/make_demo_folder";
+    if (!std::filesystem::exists(tool)) GTEST_SKIP() << "built without the window program";
+    TempDir dir;
+    std::string demo = dir.file("Aquarium5");
+    std::string command = tool + " " + demo + " " + kStandin;
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    for (const char* name : {"Aquarium", "Drifter_1.DNA", "Drifter_4.DNA", "Pool_1.AQP", "Pool_4.AQP",
+                             "Drifters/Default_0.DNA", "Pools/Default.aqp", "Pools/Evolved.aqp"})
+        EXPECT_TRUE(std::filesystem::exists(demo + "/" + name)) << name;
+    EXPECT_EQ(std::filesystem::file_size(demo + "/Drifter_2.DNA"), 1000u);
+    aq::Pool evolved;
+    ASSERT_EQ(aq::readPool(demo + "/Pools/Evolved.aqp", evolved).status, aq::PoolReadStatus::Ok);
+    EXPECT_GT(evolved.clock, defaultPool().clock);
+
+    writeBytes(demo + "/Pool_1.AQP", "mine");
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    EXPECT_EQ(readBytes(demo + "/Pool_1.AQP"), "mine");
+}
