@@ -9,6 +9,7 @@
 
 #include "archive/ArchiveOptions.h"
 #include "pool/Records.h"
+#include "series/SeriesState.h"
 #include "shell/CheckList.h"
 #include "shell/Clock.h"
 #include "shell/Notice.h"
@@ -94,6 +95,8 @@ struct App {
     bool lblSpeciatePoolDrifterWidth = true, lblSpeciatePoolDrifterHeight = true;
     // Shows the notice window with a text, without waiting for it.
     std::function<void(const std::string&)> showNotice;
+    // Pool series: its options, the run controls of its tab and the simulator.
+    SeriesState series;
 
     // Called after an operation changed state that widgets other than the lists show.
     std::function<void()> onStateChanged;
