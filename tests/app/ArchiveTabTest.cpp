@@ -34,7 +34,8 @@ private slots:
         QCOMPARE(list->model()->rowCount(), 8);
         QCOMPARE(list->model()->index(0, 0).data().toString(), QString("Drifter_1.DNA"));
         QCOMPARE(list->model()->index(7, 0).data().toString(), QString("Pool_4.AQP"));
-        for (int i = 0; i < 8; ++i) QCOMPARE(list->model()->index(i, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
+        for (int i = 0; i < 8; ++i)
+            QCOMPARE(list->model()->index(i, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
 
         auto* copy = w.findChild<QPushButton*>("cmdCopyToArchive");
         auto* del = w.findChild<QCheckBox*>("chkDeleteOriginal");

@@ -12,8 +12,8 @@ TEST(Notice, FadesFiveSecondsAfterTheLastStirOnceBothListsAreFree) {
         double since;
         bool poolList, dnaList, fades;
     } cases[] = {
-        {5.0, true, true, false},  {5.1, true, true, true},   {60, false, true, false},
-        {60, true, false, false},  {0.5, true, true, false},  {60, true, true, true},
+        {5.0, true, true, false}, {5.1, true, true, true},  {60, false, true, false},
+        {60, true, false, false}, {0.5, true, true, false}, {60, true, true, true},
     };
     for (const Case& c : cases) {
         aqtest::ScriptedUi ui;

@@ -103,7 +103,7 @@ TEST(Settings, ReaderForgivesBlanksLineEndsAndGarbage) {
     EXPECT_FALSE(f.app.archive.lstArchive.checked(5));
     EXPECT_TRUE(f.app.archive.lstArchive.checked(1));
     EXPECT_TRUE(f.app.archive.lstArchive.checked(7));  // a shorter file leaves the rest alone
-    EXPECT_EQ(f.app.comboDrifterPath, "/a");          // "=" cuts a folder short
+    EXPECT_EQ(f.app.comboDrifterPath, "/a");           // "=" cuts a folder short
     EXPECT_EQ(f.app.comboPoolPathItems, std::vector<std::string>{"/P"});
     EXPECT_EQ(f.app.comboPoolPath, "/P");
 }
