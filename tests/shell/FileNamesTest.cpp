@@ -63,16 +63,6 @@ TEST(FileNames, NextNumberedNameSeries) {
     }
 }
 
-TEST(FileNames, EmptyNameChangesNothingRemembered) {
-    Fixture f;
-    aq::nextNumberedName(f.app, "", "Pool_1.AQP", ".AQP");
-    EXPECT_EQ(f.app.lastBase, "Pool_");
-    EXPECT_EQ(f.app.lastDigit, "1");
-    EXPECT_EQ(aq::nextNumberedName(f.app, "", "", ".AQP"), "");
-    EXPECT_EQ(f.app.lastBase, "Pool_");
-    EXPECT_EQ(f.app.lastDigit, "1");
-}
-
 TEST(FileNames, DialogFilters) {
     EXPECT_EQ(aq::fileDialogFilter("txt", "x"),
               "All Files (*.*)|*.*|Text Files (*.txt)|*.txt|Batch Files (*.bat)|*.bat");

@@ -27,16 +27,4 @@ TEST(Notice, FadesFiveSecondsAfterTheLastStirOnceBothListsAreFree) {
     }
 }
 
-TEST(Notice, AStirJustBeforeMidnightCountsAcrossIt) {
-    aqtest::ScriptedUi ui;
-    aqtest::ManualClock clock;
-    aq::App app(ui, clock);
-    clock.seconds = 86398.0;
-    double stir = clock.seconds;
-    clock.seconds = 2.0;
-    EXPECT_FALSE(aq::noticeMayFade(app, stir));
-    clock.seconds = 4.0;
-    EXPECT_TRUE(aq::noticeMayFade(app, stir));
-}
-
 }  // namespace

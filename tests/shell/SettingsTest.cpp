@@ -125,17 +125,6 @@ TEST(Settings, LoadKeepsTheTextWhenTheFileHoldsNoSettings) {
     EXPECT_TRUE(f.ui.done()) << f.ui.report();
 }
 
-TEST(Settings, BusyOrUnknownVerbsDoNothing) {
-    Fixture f;
-    f.app.uiBusy = true;
-    aq::ini(f.app, "Set");
-    EXPECT_EQ(f.app.settingsText, "");
-    EXPECT_TRUE(f.app.uiBusy);
-    f.app.uiBusy = false;
-    aq::ini(f.app, "Fetch");
-    EXPECT_EQ(f.app.settingsText, "");
-}
-
 TEST(Settings, FileErrorsAreShownInTheProgramsWords) {
     Fixture f;
     std::filesystem::create_directory(f.iniPath());  // a folder where the file should be
