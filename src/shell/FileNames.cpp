@@ -3,6 +3,10 @@
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
+// GCC 12 reports std::regex's own std::function members as maybe uninitialized at -O1.
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#endif
 #include <regex>
 
 #include "shell/Paths.h"
