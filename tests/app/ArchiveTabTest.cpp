@@ -5,6 +5,8 @@
 #include <QListView>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QtTest>
 #include <filesystem>
 
@@ -59,6 +61,8 @@ private slots:
         QCOMPARE(w.app().lastHelpMove, 1234.0);
         pointerOver(list);  // the list has no text: the line stays
         QVERIFY(help->text().startsWith("When you click the Move or Copy files to Archive button, if there is a"));
+        pointerOver(w.findChild<QTabWidget*>("TabStrip1")->tabBar());
+        QVERIFY(help->text().startsWith("Welcome to the Aquarium File Manager. Use the tabs at the top"));
 
         w.findChild<QPushButton*>("cmdLstArchiveAllPool")->click();
         QCOMPARE(w.app().archive.lstArchive.checkedCount(), 4);
