@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 
+#include "dnaeditor/DnaFolder.h"
 #include "pool/Records.h"
 #include "shell/CheckList.h"
 #include "shell/Clock.h"
@@ -68,6 +69,9 @@ struct App {
     void stateChanged() {
         if (onStateChanged) onStateChanged();
     }
+
+    // Drifter files tab: the loaded DNA folder and the controls its operations set.
+    DnaFolder dna;
 };
 
 // Sets uiBusy for a scope and gives it back its old value after.
