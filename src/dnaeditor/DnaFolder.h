@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "pool/DnaFile.h"
+#include "shell/Controls.h"
 
 namespace aq {
 
@@ -14,11 +15,6 @@ struct ScrollBarState {
     int max = 0;
     int pos = 0;
     bool visible = true;
-};
-
-struct ProgressBarState {
-    bool visible = false;
-    int min = 0, max = 0, value = 0;
 };
 
 // The gene panel beside the list: one gene of all ticked files.

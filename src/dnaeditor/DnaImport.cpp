@@ -11,8 +11,6 @@ namespace {
 
 using namespace dnapaths;
 
-
-
 // "Sea.rob12": the pool's stem, one colour letter per segment, the drifter's id.
 std::string drifterFileStem(const std::string& stem, const DrifterRec& d) {
     static const char kLetters[6] = {'r', 'o', 'y', 'g', 'b', 'p'};

@@ -19,11 +19,6 @@ const char* const kMoveErrorTitle = "Aquarium File Manager - Delete or Move Sele
 
 std::string n(long long v) { return std::to_string(v); }
 
-
-// Folders compared as the user sees them: any case, a trailing separator or not.
-
-
-
 bool fileExists(const std::string& path) {
     std::error_code ec;
     return !path.empty() && fs::is_regular_file(path, ec);

@@ -15,7 +15,19 @@ using namespace dnapaths;
 
 constexpr const char* kLoadTitle = "Aquarium File Manager - Load Drifter Files";
 
+}  // namespace
 
+bool saveDrifterFile(App& app, const std::string& path, int index) {
+    Genome genome = app.dna.dnaGenes[static_cast<std::size_t>(index)];
+    if (path.empty()) return false;
+    WaitCursor wait(app.ui);
+    std::string error = writeGenomeFile(path, genome);
+    if (!error.empty()) {
+        app.ui.ShowMessage("Error saving " + path + ", error: " + error, "Aquarium File Manager - Save DNA File");
+        return false;
+    }
+    return true;
+}
 
 void loadDrifterFiles(App& app, const std::string& folder) {
     DnaFolder& d = app.dna;
