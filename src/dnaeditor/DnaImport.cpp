@@ -1,15 +1,13 @@
 // The drifters of a pool join the list of DNA files as new, unsaved entries.
 #include <filesystem>
 
-#include "dnaeditor/DnaPaths.h"
 #include "dnaeditor/DrifterFiles.h"
+#include "shell/Paths.h"
 #include "pool/PoolOps.h"
 
 namespace aq {
 
 namespace {
-
-using namespace dnapaths;
 
 // "Sea.rob12": the pool's stem, one colour letter per segment, the drifter's id.
 std::string drifterFileStem(const std::string& stem, const DrifterRec& d) {
@@ -67,8 +65,8 @@ void importDriftersFromAquarium(App& app) {
     std::vector<Genome> genes(d.dnaGenes.begin(), d.dnaGenes.begin() + present);
     std::vector<std::string> paths(d.dnaPaths.begin(), d.dnaPaths.begin() + present);
     std::vector<std::uint8_t> changed(d.dnaChanged.begin(), d.dnaChanged.begin() + present);
-    std::vector<std::string> lowered;
-    for (const std::string& p : paths) lowered.push_back(lowerCase(p));
+    std::vector<std::string> lowerPaths;
+    for (const std::string& p : paths) lowerPaths.push_back(lowered(p));
 
     for (int k = 0; k < drifters; ++k) {
         const DrifterRec& rec = pool.drifters[static_cast<std::size_t>(k)];
@@ -79,13 +77,13 @@ void importDriftersFromAquarium(App& app) {
 
         const std::string name = drifterFileStem(stem, rec);
         int suffix = 0;
-        auto numbered = [&] { return joinFolder(app.comboDrifterPath, name + "_" + std::to_string(suffix++) + ".dna"); };
-        std::string path = joinFolder(app.comboDrifterPath, name + ".dna");
+        auto numbered = [&] { return joinPath(app.comboDrifterPath, name + "_" + std::to_string(suffix++) + ".dna"); };
+        std::string path = joinPath(app.comboDrifterPath, name + ".dna");
         std::error_code ec;
         while (std::filesystem::exists(path, ec)) path = numbered();
         // Names already in the list are taken too, the new ones of this import among them.
-        for (std::size_t e = 0; e < lowered.size(); ++e) {
-            if (lowered[e] == lowerCase(path)) {
+        for (std::size_t e = 0; e < lowerPaths.size(); ++e) {
+            if (lowerPaths[e] == lowered(path)) {
                 path = numbered();
                 e = static_cast<std::size_t>(-1);
             }
@@ -94,7 +92,7 @@ void importDriftersFromAquarium(App& app) {
         std::copy(std::begin(rec.genes), std::end(rec.genes), g.begin());
         genes.push_back(g);
         paths.push_back(path);
-        lowered.push_back(lowerCase(path));
+        lowerPaths.push_back(lowered(path));
         changed.push_back(1);
     }
 

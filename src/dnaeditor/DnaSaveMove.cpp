@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <system_error>
 
-#include "dnaeditor/DnaPaths.h"
 #include "dnaeditor/DrifterFiles.h"
+#include "shell/Paths.h"
 #include "dnaeditor/GenePanel.h"
 
 namespace aq {
@@ -13,11 +13,17 @@ namespace aq {
 namespace {
 
 namespace fs = std::filesystem;
-using namespace dnapaths;
 
 const char* const kMoveErrorTitle = "Aquarium File Manager - Delete or Move Selected Drifter Files";
 
 std::string n(long long v) { return std::to_string(v); }
+
+// Folders compared as the user sees them: any case, a trailing separator or not.
+bool sameFolder(std::string a, std::string b) {
+    while (a.size() > 1 && a.back() == '/') a.pop_back();
+    while (b.size() > 1 && b.back() == '/') b.pop_back();
+    return lowered(a) == lowered(b);
+}
 
 bool fileExists(const std::string& path) {
     std::error_code ec;
@@ -256,7 +262,7 @@ void moveSelectedDrifterFiles(App& app, bool removeEntries, bool touchFiles, boo
     }
 
     std::string loaded, unused;
-    if (d.dnaCount > 0) splitPath(d.dnaPaths[0], loaded, unused);
+    if (d.dnaCount > 0) SplitPath(d.dnaPaths[0], loaded, unused);
     const std::string target = app.comboDrifterPath;
     bool askEach = false;
     if (sameFolder(loaded, target) && ticked > 1 && moveFiles) {
@@ -278,7 +284,7 @@ void moveSelectedDrifterFiles(App& app, bool removeEntries, bool touchFiles, boo
             const auto k = static_cast<std::size_t>(i);
             const std::string source = d.dnaPaths[k];
             std::string srcFolder, srcName;
-            splitPath(source, srcFolder, srcName);
+            SplitPath(source, srcFolder, srcName);
 
             if (((removeEntries && !touchFiles) || (touchFiles && moveFiles)) && d.dnaChanged[k]) {
                 Answer a = saveAll ? Answer::Yes : discardAll ? Answer::No : Answer::Cancel;
@@ -299,12 +305,12 @@ void moveSelectedDrifterFiles(App& app, bool removeEntries, bool touchFiles, boo
                 dstName = srcName;
                 auto choose = [&] {
                     dstName = chooseDestination(app, srcName, dstFolder, dstName);
-                    if (dstName.find('/') != std::string::npos) splitPath(std::string(dstName), dstFolder, dstName);
+                    if (dstName.find('/') != std::string::npos) SplitPath(std::string(dstName), dstFolder, dstName);
                 };
                 if (askEach || sameFolder(srcFolder, dstFolder)) choose();
-                while (!dstName.empty() && fileExists(joinFolder(dstFolder, dstName))) {
+                while (!dstName.empty() && fileExists(joinPath(dstFolder, dstName))) {
                     Answer a = app.ui.AskYesNoCancel(
-                        joinFolder(dstFolder, dstName) + " already exists.  Overwrite existing file?",
+                        joinPath(dstFolder, dstName) + " already exists.  Overwrite existing file?",
                         "Filename Conflict");
                     if (a == Answer::Yes) break;
                     if (a == Answer::Cancel) {
@@ -313,12 +319,12 @@ void moveSelectedDrifterFiles(App& app, bool removeEntries, bool touchFiles, boo
                     }
                     choose();
                 }
-                if (!dstName.empty()) copyFile(app, source, joinFolder(dstFolder, dstName), t);
+                if (!dstName.empty()) copyFile(app, source, joinPath(dstFolder, dstName), t);
             }
 
             if (moveFiles && touchFiles) {
-                const std::string dest = joinFolder(dstFolder, dstName);
-                if (!dstName.empty() && fileExists(dest) && fileExists(source) && lowerCase(dest) != lowerCase(source))
+                const std::string dest = joinPath(dstFolder, dstName);
+                if (!dstName.empty() && fileExists(dest) && fileExists(source) && lowered(dest) != lowered(source))
                     deleteFile(app, source, t);
             }
             if (touchFiles && !moveFiles && fileExists(source)) deleteFile(app, source, t);

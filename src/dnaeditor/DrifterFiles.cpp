@@ -3,15 +3,14 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "dnaeditor/DnaPaths.h"
 #include "dnaeditor/GenePanel.h"
 #include "shell/FileIo.h"
+#include "shell/Paths.h"
 
 namespace aq {
 
 namespace {
 
-using namespace dnapaths;
 
 constexpr const char* kLoadTitle = "Aquarium File Manager - Load Drifter Files";
 
@@ -39,7 +38,7 @@ void loadDrifterFiles(App& app, const std::string& folder) {
         std::error_code fileEc;
         if (!it->is_regular_file(fileEc)) continue;
         std::string name = it->path().filename().string();
-        if (name.size() >= 4 && lowerCase(name.substr(name.size() - 4)) == ".dna") names.push_back(name);
+        if (name.size() >= 4 && lowered(name.substr(name.size() - 4)) == ".dna") names.push_back(name);
     }
     if (ec) {
         app.ui.ShowMessage("Error reading " + folder + ", error: " + ec.message(), kLoadTitle);
@@ -47,7 +46,7 @@ void loadDrifterFiles(App& app, const std::string& folder) {
         return;
     }
     std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
-        std::string la = lowerCase(a), lb = lowerCase(b);
+        std::string la = lowered(a), lb = lowered(b);
         return la != lb ? la < lb : a < b;
     });
     d.dnaCount = static_cast<std::int32_t>(names.size());
@@ -79,7 +78,7 @@ void loadDrifterFiles(App& app, const std::string& folder) {
 void populateSpeciateDriftersList(App& app) {
     std::vector<CheckRow> rows;
     rows.reserve(app.dna.dnaPaths.size());
-    for (const std::string& path : app.dna.dnaPaths) rows.push_back({fileNameOf(path), false, -1});
+    for (const std::string& path : app.dna.dnaPaths) rows.push_back({fileNameOfPath(path), false, -1});
     app.lstSpeciateDrifters.assign(std::move(rows));
 }
 
