@@ -32,7 +32,7 @@ int runDna(const Args& a) {
     return 0;
 }
 
-Register regDna({"dna", "write one drifter's genome as a 1000-byte DNA file", "aqfm dna FILE INDEX -o OUT", runDna,
-                 {"-o"}, {}});
+Register regDna(
+    {"dna", "write one drifter's genome as a 1000-byte DNA file", "aqfm dna FILE INDEX -o OUT", runDna, {"-o"}, {}});
 
 }  // namespace

@@ -2,8 +2,8 @@
 #include <filesystem>
 
 #include "dnaeditor/DrifterFiles.h"
-#include "shell/Paths.h"
 #include "pool/PoolOps.h"
+#include "shell/Paths.h"
 
 namespace aq {
 

@@ -5,8 +5,8 @@
 #include <system_error>
 
 #include "dnaeditor/DrifterFiles.h"
-#include "shell/Paths.h"
 #include "dnaeditor/GenePanel.h"
+#include "shell/Paths.h"
 
 namespace aq {
 
@@ -290,11 +290,13 @@ void moveSelectedDrifterFiles(App& app, bool removeEntries, bool touchFiles, boo
                 Answer a = saveAll ? Answer::Yes : discardAll ? Answer::No : Answer::Cancel;
                 if (a == Answer::Cancel) {
                     std::string text = removeEntries
-                                           ? source + " has changed.\r\n\r\nChanges to this drifter will be lost if not "
-                                                      "saved now.  Save file now?"
-                                           : source + " has changed.\r\n\r\nChanges to this drifter will not be "
-                                                      "reflected in the moved file unless saved now.\r\n\r\nSave "
-                                                      "changes to this file now?";
+                                           ? source +
+                                                 " has changed.\r\n\r\nChanges to this drifter will be lost if not "
+                                                 "saved now.  Save file now?"
+                                           : source +
+                                                 " has changed.\r\n\r\nChanges to this drifter will not be "
+                                                 "reflected in the moved file unless saved now.\r\n\r\nSave "
+                                                 "changes to this file now?";
                     a = app.ui.AskYesNo(text, "File Has Changed");
                 }
                 if (a == Answer::Yes && saveDrifterFile(app, source, i)) d.dnaChanged[k] = 0;

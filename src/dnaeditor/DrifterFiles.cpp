@@ -11,7 +11,6 @@ namespace aq {
 
 namespace {
 
-
 constexpr const char* kLoadTitle = "Aquarium File Manager - Load Drifter Files";
 
 }  // namespace

@@ -66,8 +66,8 @@ int chosenGene(const std::string& text) {
 std::optional<std::string> steppedGeneText(const std::string& text, int delta) {
     double v = SeedValue(text) + delta;
     if (!std::isfinite(v)) return std::nullopt;
-    std::string digits = v == std::floor(v) && std::fabs(v) < 1e15 ? NumberText(static_cast<std::int64_t>(v))
-                                                                    : NumberText(v);
+    std::string digits =
+        v == std::floor(v) && std::fabs(v) < 1e15 ? NumberText(static_cast<std::int64_t>(v)) : NumberText(v);
     return v < 0 ? digits : " " + digits;
 }
 
@@ -104,8 +104,8 @@ void setGeneSliders(App& app) {
             p.VsGeneValue.visible = true;
         }
         if (s.lo == s.hi)
-            p.lblGeneRange = "\r\nThe chosen gene has a value of " + std::to_string(s.lo) + " within the selected drifter" +
-                             plural + ".";
+            p.lblGeneRange = "\r\nThe chosen gene has a value of " + std::to_string(s.lo) +
+                             " within the selected drifter" + plural + ".";
         else
             p.lblGeneRange = "\r\nValues for the chosen gene within the selected drifter" + plural + " range from " +
                              std::to_string(s.lo) + " to " + std::to_string(s.hi) + ".";

@@ -1,8 +1,9 @@
 #include "pool/DnaFile.h"
 
-#include <cerrno>
 #include <fcntl.h>
 #include <unistd.h>
+
+#include <cerrno>
 
 #include "shell/FileIo.h"
 

@@ -28,7 +28,9 @@ struct DnaFixture {
     void writeDna(const std::string& name, const aq::Genome& g) {
         writeBytes(path(name), std::string(reinterpret_cast<const char*>(g.data()), g.size()));
     }
-    std::string bytesOf(const aq::Genome& g) const { return std::string(reinterpret_cast<const char*>(g.data()), g.size()); }
+    std::string bytesOf(const aq::Genome& g) const {
+        return std::string(reinterpret_cast<const char*>(g.data()), g.size());
+    }
     // Loads the folder as the menu command does.
     void load() {
         app.comboDrifterPath = dir.path();

@@ -45,8 +45,8 @@ TEST(GenePanel, ChosenGeneWrapsAndButtonsStepTheText) {
     const struct {
         const char* text;
         int gene;
-    } cases[] = {{"0", 0}, {"-1", 999}, {"1000", 0}, {"1001", 1}, {"12abc", 12}, {"abc", 0}, {"2.5", 2}, {"3.5", 4},
-                 {"-1001", 1}, {"-2000", 0}, {" 5", 5}};
+    } cases[] = {{"0", 0},   {"-1", 999}, {"1000", 0},  {"1001", 1},  {"12abc", 12}, {"abc", 0},
+                 {"2.5", 2}, {"3.5", 4},  {"-1001", 1}, {"-2000", 0}, {" 5", 5}};
     for (const auto& c : cases) EXPECT_EQ(aq::chosenGene(c.text), c.gene) << c.text;
     EXPECT_EQ(aq::steppedGeneText("0", -1), "-1");
     EXPECT_EQ(aq::steppedGeneText("4", 1), " 5");
