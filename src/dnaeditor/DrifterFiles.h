@@ -30,6 +30,10 @@ bool drifterGenomesSimilar(const App& app, const Genome& a, const Genome& b);
 void speciateDrifterList(App& app);
 void validateDrifterSpeciesThreshold(App& app);
 void scrollDrifterSpeciesThresholdChange(App& app);
+// Moves scrollDrifterSpeciesThreshold (within its present range); its handler runs on a change.
+void setDrifterThresholdPosition(App& app, int position);
+// A keystroke or choice in comboDrifterSpeciesThreshold: the text is read later by the timer.
+void typeDrifterSpeciesThreshold(App& app, const std::string& text, int caret);
 void findDrifterThresholdRange(App& app);
 
 // Offers to save the changed DNA files (at shutdown with `closing`).
