@@ -154,3 +154,48 @@ TEST(DrifterSpecies, ThresholdRangeNarrowsTheScrollbar) {
 }
 
 }  // namespace
+
+namespace {
+
+// A clock that moves on by itself at every reading, so each slice runs out of time.
+class SlowClock : public aqtest::ManualClock {
+public:
+    double secondsSinceMidnight() override { return seconds += 0.9; }
+};
+
+TEST(DrifterSpecies, SlowPassesShowTheNoticeWithGrowingPatience) {
+    aqtest::ScriptedUi ui;
+    SlowClock clock;
+    aq::App app(ui, clock);
+    aqtest::TempDir dir;
+    for (int i = 0; i < 100; ++i) {
+        std::string bytes(1000, static_cast<char>(i));
+        aqtest::writeBytes(dir.file("f" + std::to_string(100 + i) + ".dna"), bytes);
+    }
+    std::vector<std::string> notices;
+    app.showNotice = [&](const std::string& text) { notices.push_back(text); };
+    app.comboDrifterPath = dir.path();
+    aq::initiateLoadDrifterArchive(app);
+    auto runPass = [&] {
+        for (int slice = 0; slice < 1000 && app.speciesPending; ++slice) aq::speciateDrifterList(app);
+    };
+    runPass();
+    EXPECT_FALSE(app.speciesPending);
+    ASSERT_EQ(notices.size(), 1u);
+    EXPECT_EQ(notices[0],
+              "Please be patient. Extended species grouping may take several minutes on larger aquariums.\r\n\r\n"
+              "An extended species is any group of entities within a aquarium each of which is genetically compatible "
+              "with at least one other member of the group. Genetic comparisons are being done between all possible "
+              "pairs of drifters to see if their genetic code sequences are close enough to identical to be within "
+              "the selected species boundary threshold.");
+    EXPECT_EQ(app.dna.pass.patience, 16);
+    EXPECT_TRUE(app.lstSpeciateDrifters.enabled());
+    EXPECT_EQ(app.lstSpeciateDrifters.text(99), "f199.dna");  // every file its own species: no prefix
+
+    app.speciesPending = true;
+    runPass();
+    EXPECT_EQ(notices.size(), 2u);
+    EXPECT_EQ(app.dna.pass.patience, 32);
+}
+
+}  // namespace
