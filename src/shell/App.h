@@ -86,6 +86,17 @@ struct App {
     // Shows the notice window with a text, without waiting for it.
     std::function<void(const std::string&)> showNotice;
 
+    // Food editor: the group mode, the proximity threshold controls and the four
+    // sliders of the food selection box.
+    int comboFoodGroup = 1;  // 0 individual, 1 family, 2 proximity
+    int scrollFoodThreshold = 888;
+    std::string txtFoodThreshold = "88.8";
+    SliderState SliderFoodX{-4000, 4000, 0, 400, true};
+    SliderState SliderFoodY{-4000, 4000, 0, 400, true};
+    SliderState SliderFoodWidth{20, 8000, 20, 399, true};
+    SliderState SliderFoodHeight{20, 8000, 20, 399, true};
+    bool lblFoodX = true, lblFoodY = true, lblFoodWidth = true, lblFoodHeight = true;
+
     // Called after an operation changed state that widgets other than the lists show.
     std::function<void()> onStateChanged;
     void stateChanged() {
