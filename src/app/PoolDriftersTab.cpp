@@ -10,14 +10,17 @@
 #include <QProgressBar>
 #include <QScrollBar>
 #include <QSignalBlocker>
-#include <QSlider>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <memory>
 
+#include "app/BoxSliders.h"
 #include "app/CheckListModel.h"
 #include "app/LoadOnFocus.h"
 #include "app/MainWindow.h"
 #include "app/TabFrame.h"
+#include "pool/PoolMerge.h"
+#include "pool/PoolSave.h"
 #include "pooleditor/BulkEdits.h"
 #include "pooleditor/DrifterList.h"
 #include "pooleditor/SpeciesPass.h"
@@ -63,6 +66,9 @@ public:
         layout->addLayout(buildSliders());
 
         w.onMenu("mLoadPool", [this] { aq::initiateLoadPoolFile(app_); });
+        w.onMenu("mMergePool", [this] { run(aq::mMergePool); });
+        w.onMenu("mMergeFood", [this] { run(aq::mMergeFood); });
+        w.onMenu("mSavePool", [this] { run(aq::mSavePool); });
         w.onMenu("mSelectKill", [this] { run(aq::mSelectKill); });
         w.onMenu("mSelectRevive", [this] { run(aq::mSelectRevive); });
         w.onMenu("mSelectPoolFeed", [this] { run(aq::mSelectPoolFeed); });
@@ -90,10 +96,7 @@ public:
         bar_->setRange(bar.min, std::max(bar.min, bar.max));
         bar_->setValue(bar.value);
         bar_->setVisible(bar.visible);
-        showSlider(sliderX_, app_.SliderSpeciatePoolDrifterX, lblX_, app_.lblSpeciatePoolDrifterX);
-        showSlider(sliderY_, app_.SliderSpeciatePoolDrifterY, lblY_, app_.lblSpeciatePoolDrifterY);
-        showSlider(sliderW_, app_.SliderSpeciatePoolDrifterWidth, lblW_, app_.lblSpeciatePoolDrifterWidth);
-        showSlider(sliderH_, app_.SliderSpeciatePoolDrifterHeight, lblH_, app_.lblSpeciatePoolDrifterHeight);
+        sliders_->show(controls());
     }
 
 private:
@@ -131,45 +134,23 @@ private:
     }
 
     QGridLayout* buildSliders() {
-        auto* grid = new QGridLayout;
-        auto make = [&](const char* name, const char* label, const char* caption, int row, QLabel*& lbl) {
-            lbl = new QLabel(caption, this);
-            lbl->setObjectName(label);
-            auto* s = new QSlider(Qt::Horizontal, this);
-            s->setObjectName(name);
-            s->setTickPosition(QSlider::TicksBelow);
-            grid->addWidget(lbl, row, 0);
-            grid->addWidget(s, row, 1);
-            return s;
-        };
-        sliderX_ = make("SliderSpeciatePoolDrifterX", "lblSpeciatePoolDrifterX", "X", 0, lblX_);
-        sliderY_ = make("SliderSpeciatePoolDrifterY", "lblSpeciatePoolDrifterY", "Y", 1, lblY_);
-        sliderW_ = make("SliderSpeciatePoolDrifterWidth", "lblSpeciatePoolDrifterWidth", "Width", 2, lblW_);
-        sliderH_ = make("SliderSpeciatePoolDrifterHeight", "lblSpeciatePoolDrifterHeight", "Height", 3, lblH_);
-        connect(sliderX_, &QSlider::valueChanged, this, [this](int v) { slid(aq::MoveDrifterBox, aq::Axis::X, v); });
-        connect(sliderY_, &QSlider::valueChanged, this, [this](int v) { slid(aq::MoveDrifterBox, aq::Axis::Y, v); });
-        connect(sliderW_, &QSlider::valueChanged, this,
-                [this](int v) { slid(aq::StretchDrifterBox, aq::Axis::X, v); });
-        connect(sliderH_, &QSlider::valueChanged, this,
-                [this](int v) { slid(aq::StretchDrifterBox, aq::Axis::Y, v); });
-        return grid;
+        sliders_ = std::make_unique<BoxSliders>(this, "SliderSpeciatePoolDrifter", "lblSpeciatePoolDrifter",
+                                                [this](int k, int v) {
+                                                    aq::Axis axis = k % 2 == 0 ? aq::Axis::X : aq::Axis::Y;
+                                                    if (k < 2)
+                                                        aq::MoveDrifterBox(app_, axis, v);
+                                                    else
+                                                        aq::StretchDrifterBox(app_, axis, v);
+                                                    refresh();
+                                                });
+        return sliders_->layout();
     }
 
-    void slid(void (*handler)(aq::App&, aq::Axis, int), aq::Axis axis, int position) {
-        handler(app_, axis, position);
-        refresh();
-    }
-
-    // The core keeps the slider's state; the widget only shows it.
-    static void showSlider(QSlider* s, const aq::SliderState& state, QLabel* label, bool labelShown) {
-        QSignalBlocker block(s);
-        s->setRange(state.min, state.max);
-        s->setValue(state.value);
-        s->setTickInterval(std::max(state.tickFrequency, 1));
-        s->setSingleStep(std::max((state.max - state.min) / 100, 1));
-        s->setPageStep(std::max(state.tickFrequency, 1));
-        s->setVisible(state.visible);
-        label->setVisible(labelShown);
+    aq::BoxControls controls() {
+        return {app_.SliderSpeciatePoolDrifterX,     app_.SliderSpeciatePoolDrifterY,
+                app_.SliderSpeciatePoolDrifterWidth, app_.SliderSpeciatePoolDrifterHeight,
+                app_.lblSpeciatePoolDrifterX,        app_.lblSpeciatePoolDrifterY,
+                app_.lblSpeciatePoolDrifterWidth,    app_.lblSpeciatePoolDrifterHeight};
     }
 
     void run(void (*command)(aq::App&)) {
@@ -192,8 +173,7 @@ private:
     QProgressBar* bar_;
     QScrollBar* scroll_ = nullptr;
     QLineEdit* text_ = nullptr;
-    QSlider *sliderX_ = nullptr, *sliderY_ = nullptr, *sliderW_ = nullptr, *sliderH_ = nullptr;
-    QLabel *lblX_ = nullptr, *lblY_ = nullptr, *lblW_ = nullptr, *lblH_ = nullptr;
+    std::unique_ptr<BoxSliders> sliders_;
     QPointer<QMessageBox> notice_;
 };
 
