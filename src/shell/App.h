@@ -85,6 +85,10 @@ struct App {
     bool lblSpeciatePoolDrifterWidth = true, lblSpeciatePoolDrifterHeight = true;
     // Shows the notice window with a text, without waiting for it.
     std::function<void(const std::string&)> showNotice;
+    // The selection sentence after comboSpeciatePoolGroup0: Bool0, Group1, Bool1, Group2,
+    // Bool2, Group3 (-1: nothing selected), and which of the seven controls are enabled.
+    int comboSpeciatePoolSentence[6] = {-1, 13, -1, 6, -1, 8};
+    bool poolSentenceEnabled[7] = {true, true, false, false, false, false, false};
 
     // Food editor: the group mode, the proximity threshold controls and the four
     // sliders of the food selection box.
