@@ -1,6 +1,9 @@
 // "Edit Drifters in Pool File": the drifters of openPool, their species threshold and
 // the four sliders of the selection box.
+#include <QAction>
+#include <QComboBox>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -23,6 +26,9 @@
 #include "pool/PoolSave.h"
 #include "pooleditor/BulkEdits.h"
 #include "pooleditor/DrifterList.h"
+#include "pooleditor/GroupSelection.h"
+#include "pooleditor/Minorities.h"
+#include "pooleditor/SelectionCommands.h"
 #include "pooleditor/SpeciesPass.h"
 
 namespace aqapp {
@@ -48,6 +54,7 @@ class PoolDriftersTab : public TabFrame {
 public:
     explicit PoolDriftersTab(MainWindow& w) : TabFrame(w, 3, "Categorize and Process Drifters in a Pool File") {
         auto* layout = new QVBoxLayout(this);
+        layout->addLayout(buildSentence());
         list_ = new QListView(this);
         list_->setObjectName("lstSpeciatePool");
         bindCheckList(list_, app_.lstSpeciatePool);
@@ -75,12 +82,29 @@ public:
         w.onMenu("mSelectPoolMove", [this] { run(aq::mSelectPoolMove); });
         w.onMenu("mSelectPoolDelete", [this] { run(aq::mSelectPoolDelete); });
 
-        // Every change of the ticks shows the box of the new selection.
-        app_.lstSpeciatePool.onUserCheck = [this](int, bool) {
-            if (app_.uiBusy) return;
-            aq::setSpeciatePoolSliders(app_);
+        // A user's tick spreads to its group; the sliders then show the new selection.
+        app_.lstSpeciatePool.onUserCheck = [this](int row, bool) {
+            aq::poolTickedByUser(app_, row);
             refresh();
         };
+        w.onMenu("mSelectAll", [this] { run(aq::SelectAllDrifters); });
+        w.onMenu("mSelectPoolInvert", [this] { run(aq::InvertPoolDrifterSelection); });
+        w.onMenu("mSelectOldest", [this] { run(aq::mSelectOldest); });
+        w.onMenu("mSelectMostProlithic", [this] { run(aq::mSelectMostProlithic); });
+        w.onMenu("mSelectMaternal", [this] { run(aq::mSelectMaternal); });
+        w.onMenu("mSelectPaternal", [this] { run(aq::mSelectPaternal); });
+        w.onMenu("mSelectBiggestEater", [this] { run(aq::mSelectBiggestEater); });
+        w.onMenu("mSelectHeaviest", [this] { run(aq::mSelectHeaviest); });
+        w.onMenu("mSelectMutantsBySegmentCount", [this] { run(aq::mSelectMutantsBySegmentCount); });
+        w.onMenu("mSelectMutantsByBranching", [this] { run(aq::mSelectMutantsByBranching); });
+        w.onMenu("mSelectMutantsByColorOrder", [this] { run(aq::mSelectMutantsByColorOrder); });
+        w.onMenu("mSelectMutantsByColors", [this] { run(aq::mSelectMutantsByColors); });
+        w.onMenu("mDeSelectMutants", [this] { run(aq::mDeSelectMutants); });
+        w.onMenu("mQuickSpec", [this, &w] {
+            aq::ToggleQuickSpeciate(app_);
+            w.menuItem("mQuickSpec")->setChecked(app_.quickSpeciate);
+            refresh();
+        });
         if (!app_.showNotice) app_.showNotice = [this](const std::string& text) { showNotice(text); };
         // Picks up what the timer's background phases changed, once they have run.
         connect(&w.multiTaskTimer(), &QTimer::timeout, this, [this] { refresh(); }, Qt::QueuedConnection);
@@ -88,6 +112,11 @@ public:
     }
 
     void refresh() override {
+        for (int k = 0; k < 7; ++k) {
+            QSignalBlocker block(sentence_[k]);
+            sentence_[k]->setCurrentIndex(aq::poolSentenceIndex(app_, k));
+            sentence_[k]->setEnabled(app_.poolSentenceEnabled[k]);
+        }
         QSignalBlocker b1(scroll_), b2(text_);
         scroll_->setValue(app_.scrollPoolSpeciesThreshold);
         QString t = QString::fromStdString(app_.txtPoolSpeciesThreshold);
@@ -100,6 +129,33 @@ public:
     }
 
 private:
+    // The sentence above the list: Group0 Bool0 Group1 Bool1 Group2 Bool2 Group3.
+    QHBoxLayout* buildSentence() {
+        auto* row = new QHBoxLayout;
+        const char* names[7] = {"comboSpeciatePoolGroup0", "comboSpeciatePoolBool0", "comboSpeciatePoolGroup1",
+                                "comboSpeciatePoolBool1",  "comboSpeciatePoolGroup2", "comboSpeciatePoolBool2",
+                                "comboSpeciatePoolGroup3"};
+        for (int k = 0; k < 7; ++k) {
+            auto* box = new QComboBox(this);
+            box->setObjectName(names[k]);
+            const auto& items = k == 0 ? aq::poolGroup0Items() : k % 2 == 1 ? aq::poolBoolItems() : aq::poolGroupSlotItems();
+            for (const auto& item : items) box->addItem(QString::fromStdString(item));
+            box->setCurrentIndex(aq::poolSentenceIndex(app_, k));
+            connect(box, &QComboBox::currentIndexChanged, this, [this, k](int index) {
+                aq::setPoolSentenceIndex(app_, k, index);
+                aq::UpdatePoolGroupControls(app_, k == 0);
+                refresh();
+            });
+            row->addWidget(box, k % 2 == 0 ? 3 : 1);
+            sentence_[k] = box;
+        }
+        sentence_[0]->setToolTip(
+            "Select or deselect the group of drifters indicated here by clicking the checkbox for a drifter in the "
+            "desired group in the list below.");
+        aq::UpdatePoolGroupControls(app_, false);
+        return row;
+    }
+
     QGridLayout* buildThresholdRow() {
         auto* row = new QGridLayout;
         auto* caption = new QLabel("Threshold", this);
@@ -174,6 +230,7 @@ private:
     QScrollBar* scroll_ = nullptr;
     QLineEdit* text_ = nullptr;
     std::unique_ptr<BoxSliders> sliders_;
+    QComboBox* sentence_[7] = {};
     QPointer<QMessageBox> notice_;
 };
 
