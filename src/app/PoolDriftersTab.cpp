@@ -138,6 +138,9 @@ private:
         for (int k = 0; k < 7; ++k) {
             auto* box = new QComboBox(this);
             box->setObjectName(names[k]);
+            // Long item texts must not widen the tab: the boxes share the row.
+            box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+            box->setMinimumContentsLength(k % 2 == 1 ? 3 : 8);
             const auto& items = k == 0 ? aq::poolGroup0Items() : k % 2 == 1 ? aq::poolBoolItems() : aq::poolGroupSlotItems();
             for (const auto& item : items) box->addItem(QString::fromStdString(item));
             box->setCurrentIndex(aq::poolSentenceIndex(app_, k));
