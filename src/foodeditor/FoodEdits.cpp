@@ -4,6 +4,7 @@
 
 #include "foodeditor/FoodList.h"
 #include "pool/PoolOps.h"
+#include "shell/FileNames.h"
 #include "pooleditor/TickedRecords.h"
 #include "shell/NumberText.h"
 
@@ -131,7 +132,7 @@ void saveSelectedFood(App& app) {
     Pool kept = std::move(app.openPool);
     app.openPool = app.undoPool;
     std::string path =
-        app.ui.ChooseSaveFile(app.comboPoolPath, "", "aqp", "Pool Files", "Save New Pool with Selected Food Bits");
+        locateDestFile(app, app.comboPoolPath, "", "aqp", "Pool Files", "Save New Pool with Selected Food Bits");
     savePoolFile(app, path, true);
     app.openPool = std::move(kept);
 }

@@ -4,6 +4,7 @@
 
 #include "foodeditor/FoodList.h"
 #include "pool/PoolOps.h"
+#include "shell/FileNames.h"
 #include "pooleditor/DrifterList.h"
 
 namespace aq {
@@ -16,7 +17,7 @@ void renumber(Pool& pool) {
 }
 
 std::string askForPool(App& app) {
-    return app.ui.ChooseOpenFile(app.comboPoolPath, "", "aqp", "Aquarium Files", "Select Pool File");
+    return locateSourceFile(app, app.comboPoolPath, "", "aqp", "Aquarium Files", "Select Pool File");
 }
 
 void showMergedPool(App& app) {

@@ -1,8 +1,8 @@
 #include "pool/PoolSave.h"
 
-#include <filesystem>
-
 #include "pool/PoolOps.h"
+#include "shell/FileNames.h"
+#include "shell/Paths.h"
 
 namespace aq {
 
@@ -14,11 +14,11 @@ bool saveOpenPool(App& app) {
         if (a == Answer::Yes) {
             path = app.openPoolPath;
         } else {
-            std::string name = std::filesystem::path(app.openPoolPath).filename().string();
-            path = app.ui.ChooseSaveFile(app.comboPoolPath, name, "aqp", "Pool Files", "Save Pool As");
+            path = locateDestFile(app, app.comboPoolPath, fileNameOfPath(app.openPoolPath), "aqp", "Pool Files",
+                                  "Save Pool As");
         }
     } else {
-        path = app.ui.ChooseSaveFile(app.comboPoolPath, "", "aqp", "Pool Files", "Save Pool As");
+        path = locateDestFile(app, app.comboPoolPath, "", "aqp", "Pool Files", "Save Pool As");
     }
     // A cancelled dialog gives no path: the writer writes nothing and the pool stays changed.
     if (savePoolFile(app, path, true)) {

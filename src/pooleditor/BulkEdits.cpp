@@ -4,6 +4,7 @@
 
 #include "foodeditor/FoodList.h"
 #include "pool/PoolOps.h"
+#include "shell/FileNames.h"
 #include "pooleditor/DrifterList.h"
 #include "pooleditor/TickedRecords.h"
 #include "shell/NumberText.h"
@@ -130,7 +131,7 @@ void saveSelectedPoolSpecies(App& app) {
     Pool kept = std::move(app.openPool);
     app.openPool = app.undoPool;
     std::string path =
-        app.ui.ChooseSaveFile(app.comboPoolPath, "", "aqp", "Pool Files", "Save New Pool of Selected Drifters");
+        locateDestFile(app, app.comboPoolPath, "", "aqp", "Pool Files", "Save New Pool of Selected Drifters");
     savePoolFile(app, path, true);
     app.openPool = std::move(kept);
 }

@@ -5,14 +5,24 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
+#include "archive/ArchiveOptions.h"
 #include "pool/Records.h"
+#include "series/SeriesState.h"
 #include "shell/CheckList.h"
 #include "shell/Clock.h"
+#include "shell/Notice.h"
 #include "shell/Controls.h"
 #include "shell/Ui.h"
 
 namespace aq {
+
+// What a file dialog keeps between calls: whether it was used, its title and start folder.
+struct FileDialogMemory {
+    bool used = false;
+    std::string title, folder;
+};
 
 struct App {
     App(Ui& ui, Clock& clock) : ui(ui), clock(clock) {}
@@ -101,11 +111,24 @@ struct App {
     SliderState SliderFoodHeight{20, 8000, 20, 399, true};
     bool lblFoodX = true, lblFoodY = true, lblFoodWidth = true, lblFoodHeight = true;
 
+    // Pool series: its options, the run controls of its tab and the simulator.
+    SeriesState series;
+
     // Called after an operation changed state that widgets other than the lists show.
     std::function<void()> onStateChanged;
     void stateChanged() {
         if (onStateChanged) onStateChanged();
     }
+
+    // Shell: folder box lists, name and dialog memory, settings text, the notice window.
+    std::vector<std::string> comboAquariumPathItems, comboDrifterPathItems, comboPoolPathItems;
+    std::string lastBase, lastDigit;     // nextNumberedName's memory
+    FileDialogMemory destDialog;         // locateDestFile's dialog
+    FileDialogMemory sourceDialog;       // locateSourceFile's dialog
+    std::string settingsText;            // what aqfm.ini holds or will hold
+    ArchiveOptions archive;              // the archive tab's controls
+    Notice noNotice;
+    Notice* notice = &noNotice;          // the window sets its dlgNotification here
 };
 
 // Sets uiBusy for a scope and gives it back its old value after.

@@ -29,12 +29,13 @@ struct FoodTab {
     ScriptedUi ui;
     ManualClock clock;
     App app{ui, clock};
+    TempDir folder;
     explicit FoodTab(std::vector<FoodBit> food) {
         app.openPool = makePool(2, 0);
         app.openPool.food = std::move(food);
         app.openPool.foodCount = static_cast<int>(app.openPool.food.size());
         app.openPoolPath = "/pools/open.aqp";
-        app.comboPoolPath = "/pools";
+        app.comboPoolPath = folder.path();
         app.poolLoaded = true;
         populateFoodList(app);
         app.lstPoolFood.onUserCheck = [this](int row, bool) { foodTickedByUser(app, row); };
@@ -203,7 +204,7 @@ TEST(FoodDelete, QuestionsAndOutcomes) {
         t.ui.ask("yesnocancel", question, kAppTitle, c.answer);
         if (c.answer == Answer::Yes) {
             t.ui.ask("yesno", clone, "Clone Drifters into New Pool", Answer::No);
-            t.ui.file("save", "Save New Pool with Selected Food Bits", c.path, "/pools||aqp|Pool Files");
+            t.ui.file("save", "Save New Pool with Selected Food Bits", c.path, t.folder.path() + "||aqp|Pool Files");
         }
         mSelectFoodDelete(t.app);
         EXPECT_TRUE(t.ui.done()) << t.ui.report();

@@ -1,0 +1,85 @@
+#include "series/SeriesLinks.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "pool/PoolOps.h"
+
+namespace aq::series {
+
+std::string joinPath(const std::string& folder, const std::string& name) {
+    if (folder.empty()) return name;
+    if (folder.back() == '/') return folder + name;
+    return folder + "/" + name;
+}
+
+std::string folderOfPath(const std::string& path) {
+    auto cut = path.find_last_of('/');
+    if (cut == std::string::npos) return "";
+    return cut == 0 ? "/" : path.substr(0, cut);
+}
+
+std::string fileNameOfPath(const std::string& path) {
+    auto cut = path.find_last_of('/');
+    return cut == std::string::npos ? path : path.substr(cut + 1);
+}
+
+std::string locateSourceFile(App& app, const std::string& folder, const std::string& name,
+                             const std::string& extension, const std::string& description, const std::string& title) {
+    return app.ui.ChooseOpenFile(folder, name, extension, description, title);
+}
+
+std::string locateDestFile(App& app, const std::string& folder, const std::string& name, const std::string& extension,
+                           const std::string& description, const std::string& title) {
+    return app.ui.ChooseSaveFile(folder, name, extension, description, title);
+}
+
+// The pool file's drifters and food go behind those of workPool, up to 2000 of each,
+// and every drifter's id becomes its index.
+void mergePoolFile(App& app, bool mergeDrifters, bool mergeFood, const std::string& path) {
+    constexpr int kLimit = 2000;
+    Pool base = app.workPool;
+    app.keepPool = app.workPool;
+    loadPoolFile(app, path, false);
+    Pool& other = app.workPool;
+    int addDrifters = mergeDrifters ? std::max(0, other.drifterCount) : 0;
+    int addFood = mergeFood ? std::max(0, other.foodCount) : 0;
+    Pool merged = base;
+    int nd = std::max(0, base.drifterCount) + addDrifters;
+    int nf = std::max(0, base.foodCount) + addFood;
+    if (mergeDrifters) nd = std::min(nd, kLimit);
+    if (mergeFood) nf = std::min(nf, kLimit);
+    merged.drifterCount = nd;
+    merged.foodCount = nf;
+    if (nd > 0) merged.drifters.resize(static_cast<std::size_t>(std::max<int>(nd, base.drifterCount)));
+    if (nf > 0) merged.food.resize(static_cast<std::size_t>(std::max<int>(nf, base.foodCount)));
+    for (int i = std::max(0, base.drifterCount), k = 0; i < nd && k < addDrifters; ++i, ++k)
+        merged.drifters[static_cast<std::size_t>(i)] = other.drifters[static_cast<std::size_t>(k)];
+    for (int i = 0; i < nd; ++i) merged.drifters[static_cast<std::size_t>(i)].id = i;
+    for (int i = std::max(0, base.foodCount), k = 0; i < nf && k < addFood; ++i, ++k)
+        merged.food[static_cast<std::size_t>(i)] = other.food[static_cast<std::size_t>(k)];
+    app.workPool = std::move(merged);
+}
+
+void applyPlague(App&) {}
+void HarvestSuccessful(App&, const std::string&, int, int, bool, bool) {}
+void prepareHarvest(App&, double) {}
+void gravitateToCenter(App&, double, bool, bool) {}
+void halveAges(App&) {}
+void markStillborns(App&) {}
+void ensureMinimumDrifters(App&, int) {}
+void deleteDeadDrifters(App&, bool) {}
+void sortDrifters(App&, bool) {}
+void limitLiveDrifters(App&, int) {}
+void feedPool(App&, bool, bool, bool, bool, bool) {}
+void feedByColor(App&, int, int) {}
+void groupDriftersAtStart(App&, bool, bool, bool, int, int) {}
+void restoreYouth(App&) {}
+void resetCounters(App&, bool, bool, bool) {}
+void drainEdgeEnergy(App&) {}
+int countYoungerThan(App&, double) { return 0; }
+void deleteStarters(App&, double) {}
+void poolMutants(App&, bool, bool, bool, bool, bool, bool, bool, bool) {}
+void reseedRandomFromClock(App&) {}
+
+}  // namespace aq::series
