@@ -14,10 +14,14 @@
 #include <QVBoxLayout>
 
 #include "app/MapPanel.h"
+#include "app/HelpWindows.h"
 #include "app/MenuTree.h"
+#include "app/PathFrame.h"
 #include "app/TabFrame.h"
 #include "pool/PoolOps.h"
 #include "shell/MenuState.h"
+#include "shell/PathBoxes.h"
+#include "shell/Settings.h"
 #include "shell/Shutdown.h"
 
 namespace aqapp {
@@ -47,6 +51,7 @@ MainWindow::MainWindow(aq::Ui& ui, aq::Clock& clock, const QString& programFolde
     app.openPoolPath.clear();
     app.poolChanged = false;
     app.uiBusy = false;
+    aq::AttemptAqQuickFind(app);
 
     auto* central = new QWidget(this);
     auto* layout = new QVBoxLayout(central);
@@ -80,7 +85,8 @@ MainWindow::MainWindow(aq::Ui& ui, aq::Clock& clock, const QString& programFolde
     connect(mapToggle, &QToolButton::toggled, mapPanel_, &MapPanel::setWanted);
     tabs_->setCornerWidget(mapToggle);
     layout->addWidget(splitter, 1);
-    buildPathFrame(central);
+    pathFrame_ = new PathFrame(app, central);
+    layout->addWidget(pathFrame_);
     setCentralWidget(central);
     setWindowTitle(kCaption);
     resize(1280, 760);
@@ -105,39 +111,14 @@ MainWindow::MainWindow(aq::Ui& ui, aq::Clock& clock, const QString& programFolde
     tmrMultiTask_.setInterval(200);
     connect(&tmrMultiTask_, &QTimer::timeout, this, &MainWindow::tick);
     tmrMultiTask_.start();
+
+    installHelpWindows(*this);
+    // The archive list's ticks and boxes, then the settings file over them.
+    aq::startupSettings(app);
+    refreshAll();
 }
 
 MainWindow::~MainWindow() { app_->onStateChanged = nullptr; }
-
-void MainWindow::buildPathFrame(QWidget* parent) {
-    auto* frame = new QGroupBox("Directory Paths", parent);
-    frame->setObjectName("FrmTa(0)");
-    auto* grid = new QGridLayout(frame);
-    const char* labels[3] = {"Aquarium:", "Drifter File Archive:", "Pool File Archive:"};
-    const char* labelNames[3] = {"Label3", "Label4", "Label5"};
-    const char* boxNames[3] = {"comboAquariumPath", "comboDrifterPath", "comboPoolPath"};
-    const char* buttonNames[3] = {"cmdAquariumPath", "cmdDrifterPath", "cmdPoolPath"};
-    std::string* fields[3] = {&app_->comboAquariumPath, &app_->comboDrifterPath, &app_->comboPoolPath};
-    for (int i = 0; i < 3; ++i) {
-        auto* label = new QLabel(labels[i], frame);
-        label->setObjectName(labelNames[i]);
-        auto* box = new QComboBox(frame);
-        box->setObjectName(boxNames[i]);
-        box->setEditable(true);
-        box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-        box->setCurrentText(QString::fromStdString(*fields[i]));
-        std::string* field = fields[i];
-        connect(box, &QComboBox::currentTextChanged, this, [field](const QString& t) { *field = t.toStdString(); });
-        auto* button = new QPushButton("...", frame);
-        button->setObjectName(buttonNames[i]);
-        grid->addWidget(label, i, 0);
-        grid->addWidget(box, i, 1);
-        grid->addWidget(button, i, 2);
-        pathBoxes_[i] = box;
-    }
-    grid->setColumnStretch(1, 1);
-    parent->layout()->addWidget(frame);
-}
 
 QAction* MainWindow::menuItem(const QString& name) const {
     if (auto* a = findChild<QAction*>(name)) return a;
@@ -163,12 +144,7 @@ void MainWindow::updateMenuState() {
 void MainWindow::refreshAll() {
     for (TabFrame* f : frames_) f->refresh();
     mapPanel_->map()->update();
-    aq::App& app = *app_;
-    std::string* fields[3] = {&app.comboAquariumPath, &app.comboDrifterPath, &app.comboPoolPath};
-    for (int i = 0; i < 3; ++i) {
-        QString t = QString::fromStdString(*fields[i]);
-        if (pathBoxes_[i] && pathBoxes_[i]->currentText() != t) pathBoxes_[i]->setCurrentText(t);
-    }
+    if (pathFrame_) pathFrame_->refresh();
 }
 
 void MainWindow::tick() {

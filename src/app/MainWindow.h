@@ -16,6 +16,7 @@ namespace aqapp {
 
 class TabFrame;
 class MapPanel;
+class PathFrame;
 
 class MainWindow : public QMainWindow {
     Q_OBJECT
@@ -38,6 +39,7 @@ public:
     bool frameShown(int index) const;
     QTimer& multiTaskTimer() { return tmrMultiTask_; }
     MapPanel* mapPanel() { return mapPanel_; }
+    PathFrame* pathFrame() const { return pathFrame_; }
 
     static const char* const kCaption;
 
@@ -45,7 +47,6 @@ protected:
     void closeEvent(QCloseEvent* e) override;
 
 private:
-    void buildPathFrame(QWidget* parent);
     void tick();
 
     std::unique_ptr<aq::App> app_;
@@ -53,8 +54,8 @@ private:
     std::vector<TabFrame*> frames_;  // index k-1 is FrmTa(k)
     QTimer tmrMultiTask_;
     aq::MultiTask task_;
-    QComboBox* pathBoxes_[3] = {};
     MapPanel* mapPanel_ = nullptr;
+    PathFrame* pathFrame_ = nullptr;
 };
 
 }  // namespace aqapp

@@ -6,6 +6,8 @@
 #include <QInputDialog>
 #include <QMessageBox>
 
+#include "shell/FileNames.h"
+
 namespace aqapp {
 
 QString messageText(const std::string& text) {
@@ -14,13 +16,18 @@ QString messageText(const std::string& text) {
     return s;
 }
 
-QString nameFilter(const std::string& description, const std::string& extension) {
-    QString ext = QString::fromStdString(extension);
-    QString desc = QString::fromStdString(description);
-    if (ext.isEmpty() || ext == "*") return (desc.isEmpty() ? QString("All Files") : desc) + " (*)";
-    if (desc.isEmpty()) desc = ext.toUpper() + " Files";
-    // Patterns match case-insensitively in the dialog; list both spellings for other filters.
-    return desc + " (*." + ext.toLower() + " *." + ext.toUpper() + ")";
+QStringList nameFilters(const std::string& extension, const std::string& description) {
+    QStringList parts = QString::fromStdString(aq::fileDialogFilter(extension, description)).split('|');
+    QStringList filters;
+    for (int i = 0; i + 1 < parts.size(); i += 2) {
+        QString label = parts[i];
+        QString pattern = parts[i + 1];
+        // "*.*" would hide names without a dot here; list both spellings as names keep their capitals.
+        QString qtPattern = pattern == "*.*" ? QString("*") : pattern.toLower() + " " + pattern.toUpper();
+        int paren = label.lastIndexOf(" (");
+        filters << (paren < 0 ? label : label.left(paren)) + " (" + qtPattern + ")";
+    }
+    return filters;
 }
 
 namespace {
@@ -72,10 +79,13 @@ std::string chooseFile(QWidget* parent, bool save, const std::string& folder, co
     QFileDialog dlg(parent, QString::fromStdString(title));
     dlg.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dlg.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-    dlg.setNameFilters({nameFilter(description, extension), "All Files (*)"});
+    // The save dialog asks nothing about a file that exists: the callers ask.
+    if (save) dlg.setOption(QFileDialog::DontConfirmOverwrite);
+    QStringList filters = nameFilters(extension, description);
+    dlg.setNameFilters(filters);
+    if (filters.size() > 1) dlg.selectNameFilter(filters[1]);
     if (!folder.empty() && QDir(QString::fromStdString(folder)).exists()) dlg.setDirectory(QString::fromStdString(folder));
     if (!name.empty()) dlg.selectFile(QString::fromStdString(name));
-    if (save && !extension.empty()) dlg.setDefaultSuffix(QString::fromStdString(extension));
     if (dlg.exec() != QDialog::Accepted || dlg.selectedFiles().isEmpty()) return {};
     return QDir::toNativeSeparators(dlg.selectedFiles().first()).toStdString();
 }

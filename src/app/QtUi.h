@@ -1,6 +1,7 @@
 #pragma once
 // The Ui services as Qt dialogs.
 #include <QPointer>
+#include <QStringList>
 #include <QWidget>
 
 #include "shell/Ui.h"
@@ -30,7 +31,7 @@ private:
 
 // Text in messages uses CR LF line breaks; Qt wants LF.
 QString messageText(const std::string& text);
-// A filter such as "Pool Files (*.aqp *.AQP)" for a description and extension.
-QString nameFilter(const std::string& description, const std::string& extension);
+// The file dialogs' filter list as Qt name filters, "All Files" first.
+QStringList nameFilters(const std::string& extension, const std::string& description);
 
 }  // namespace aqapp

@@ -1,5 +1,7 @@
 #include "cli/CliSupport.h"
 
+#include <cmath>
+
 #include "cli/Cli.h"
 #include "pool/PoolFile.h"
 
@@ -14,6 +16,18 @@ int readPoolOrFail(const std::string& path, aq::Pool& pool) {
         case aq::PoolReadStatus::Error: break;
     }
     return fail("Error opening " + path + ", error: " + r.error);
+}
+
+int depthOption(const Args& a, int fallback) {
+    int d = intOption(a, "--depth", fallback);
+    if (d < 1 || d > 1000) throw UsageError{"option --depth needs a whole number from 1 to 1000"};
+    return d;
+}
+
+float thresholdOption(const Args& a, const std::string& name, float fallback) {
+    double t = numberOption(a, name, fallback);
+    if (!std::isfinite(t) || std::fabs(t) > 1e6) throw UsageError{"option " + name + " needs a percentage"};
+    return static_cast<float>(t);
 }
 
 }  // namespace aqcli

@@ -6,7 +6,15 @@
 
 namespace aqcli {
 
+class Args;
+
 // Reads a pool file; on failure prints the program's message and returns 1.
 int readPoolOrFail(const std::string& path, aq::Pool& pool);
+
+// The --depth option of the species commands: the leading genes compared, 1 to 1000.
+int depthOption(const Args& a, int fallback);
+
+// The --threshold or --species option: a percentage, a finite number.
+float thresholdOption(const Args& a, const std::string& name, float fallback);
 
 }  // namespace aqcli

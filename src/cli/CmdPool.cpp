@@ -6,6 +6,7 @@
 #include "pool/PoolFile.h"
 #include "pool/PoolOps.h"
 #include "pooleditor/DrifterList.h"
+#include "pooleditor/SpeciesPass.h"
 #include "shell/FileIo.h"
 #include "shell/NumberText.h"
 
@@ -47,8 +48,17 @@ int runDrifters(const Args& a) {
     a.expectPositional(1);
     aq::Pool pool;
     if (int rc = readPoolOrFail(a.positional()[0], pool)) return rc;
+    // With --species the lines carry the species numbers of a complete pass, as the tab shows them.
+    std::vector<std::int32_t> tags;
+    if (a.value("--species"))
+        tags = aq::poolSpeciesTags(pool, thresholdOption(a, "--species", 44.4f), depthOption(a, 100));
+    else if (a.value("--depth"))
+        throw UsageError{"option --depth needs --species"};
     std::string out;
-    for (int i = 0; i < pool.drifterCount; ++i) (out += aq::DrifterLineText(pool.drifters[static_cast<std::size_t>(i)])) += '\n';
+    for (int i = 0; i < pool.drifterCount; ++i) {
+        if (static_cast<std::size_t>(i) < tags.size()) out += "{" + aq::NumberText(tags[static_cast<std::size_t>(i)]) + "} ";
+        (out += aq::DrifterLineText(pool.drifters[static_cast<std::size_t>(i)])) += '\n';
+    }
     std::cout << out;
     return 0;
 }

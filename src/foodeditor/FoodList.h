@@ -1,10 +1,19 @@
 #pragma once
 // The lines of lstPoolFood: one per food bit of openPool.
+#include <string>
+
+#include "pool/Records.h"
 #include "shell/App.h"
 
 namespace aq {
 
-// Brings lstPoolFood in step with openPool.
+// "{family in hex} Food bit @ xX, yY. " (the trailing blank belongs to the line).
+std::string FoodLineText(const FoodBit& f);
+
+// Writes food bit `index`'s line to its row, adding the row when the list is shorter.
+void listPoolFood(App& app, int index);
+
+// Brings lstPoolFood in step with openPool; remaining rows keep their ticks.
 void populateFoodList(App& app);
 
 }  // namespace aq

@@ -2,6 +2,7 @@
 
 #include "foodeditor/FoodList.h"
 #include "pool/PoolOps.h"
+#include "shell/FileNames.h"
 #include "shell/NumberText.h"
 
 namespace aq {
@@ -93,7 +94,7 @@ void initiateLoadPoolFile(App& app) {
 
     std::string previousPath = app.openPoolPath;
     bool previousChanged = app.poolChanged;
-    app.openPoolPath = app.ui.ChooseOpenFile(app.comboPoolPath, "", "aqp", "Aquarium Files", "Select Pool File");
+    app.openPoolPath = locateSourceFile(app, app.comboPoolPath, "", "aqp", "Aquarium Files", "Select Pool File");
     if (app.openPoolPath.empty()) {
         app.stateChanged();
         return;

@@ -1,10 +1,222 @@
 #include "pooleditor/SpeciesPass.h"
 
+#include <algorithm>
+#include <cmath>
+
+#include "pooleditor/DrifterList.h"
+#include "pooleditor/Similarity.h"
+#include "shell/NumberText.h"
+#include "shell/ThresholdText.h"
+
 namespace aq {
 
-// The species pass arrives with the species feature; until then nothing is pending work.
-void speciatePoolList(App& app) { app.poolSpeciesPending = false; }
-void validatePoolSpeciesThreshold(App& app) { app.poolThresholdTyped = false; }
-void scrollPoolSpeciesThresholdChange(App& /*app*/) {}
+const char* const kPoolSpeciesNotice =
+    "Please be patient. Extended species grouping may take several minutes on larger aquariums.\r\n\r\n"
+    "An extended species is any group of entities within a aquarium each of which is genetically compatible "
+    "with at least one other member of the group. "
+    "Genetic comparisons are being done between all possible pairs of drifters to see if their genetic code "
+    "sequences are close enough to identical to be within the selected species boundary threshold.";
+
+namespace {
+
+constexpr double kSliceSeconds = 2.0;
+
+// The species of drifter `index`: the tag of the first earlier drifter it is similar
+// to, else `fresh`.
+template <class TagOf>
+std::int32_t firstSimilarGroup(const Pool& pool, int index, float threshold, int depth, TagOf tagOf,
+                               std::int32_t fresh) {
+    const std::uint8_t* genes = pool.drifters[static_cast<std::size_t>(index)].genes;
+    for (int j = 0; j < index; ++j)
+        if (GenomesSimilar(pool.drifters[static_cast<std::size_t>(j)].genes, genes, threshold, depth)) return tagOf(j);
+    return fresh;
+}
+
+void beginPass(App& app) {
+    app.poolNoticeShown = false;
+    app.poolLastIndex = static_cast<std::int16_t>(app.openPool.drifterCount - 1);
+    app.poolMaxGroup = -1;
+    app.poolPassIndex = 0;
+    app.poolPassRunning = true;
+}
+
+// A list that no longer matches the pool ends the slice and starts the pass over;
+// the timer goes on from the first drifter while the pass is pending.
+void restartPass(App& app) {
+    beginPass(app);
+    app.PoolProgressBar1.visible = false;
+    app.lstSpeciatePool.setVisible(true);
+    app.uiBusy = false;
+}
+
+bool drifterListed(const App& app, int i) {
+    return i >= 0 && i < app.openPool.drifterCount && static_cast<std::size_t>(i) < app.openPool.drifters.size() &&
+           i < app.lstSpeciatePool.count();
+}
+
+}  // namespace
+
+void speciatePoolList(App& app) {
+    if (app.uiBusy || app.openPool.drifterCount < 1) return;
+    // The start is kept in single precision: read the clock the same way, or a start
+    // rounded up would look like a slice begun just before midnight.
+    auto now = [&] { return static_cast<float>(app.clock.secondsSinceMidnight()); };
+    app.poolSliceStart = now();
+    auto elapsed = [&] { return elapsedSeconds(app.poolSliceStart, now()); };
+    if (!app.poolPassRunning && app.poolSpeciesPending) beginPass(app);
+    app.uiBusy = true;
+    app.poolPassStart = app.poolPassIndex;
+    CheckList& list = app.lstSpeciatePool;
+
+    while (app.poolPassIndex <= app.poolLastIndex && elapsed() < kSliceSeconds) {
+        int i = app.poolPassIndex;
+        if (!drifterListed(app, i)) return restartPass(app);
+        std::int32_t group = firstSimilarGroup(
+            app.openPool, i, app.poolThreshold, app.similarityDepth, [&](int j) { return list.tag(j); },
+            app.poolMaxGroup + 1);
+        if (group > app.poolMaxGroup) app.poolMaxGroup = static_cast<std::int16_t>(group);
+        list.setTag(i, group);
+        ++app.poolPassIndex;
+    }
+
+    double sinceHelp = elapsedSeconds(app.lastHelpMove, app.clock.secondsSinceMidnight());
+    if (sinceHelp > 2.0 && app.comboSpeciatePoolGroup0 == 2 && app.poolSpeciesPending && !app.poolNoticeShown &&
+        app.poolPassIndex - app.poolPassStart < app.poolLastIndex / (app.poolPatience + 10)) {
+        app.poolNoticeShown = true;
+        // Each notice waits for a slower pass than the last: 16, 32, ... 256.
+        if (app.poolPatience < 200) app.poolPatience = static_cast<std::int16_t>(app.poolPatience * 2);
+        if (app.poolPatience < 1) app.poolPatience = 16;
+        list.setEnabled(false);
+        list.setVisible(true);
+        if (app.showNotice) app.showNotice(kPoolSpeciesNotice);
+    }
+
+    if (elapsed() > kSliceSeconds) {
+        app.uiBusy = false;
+        return;
+    }
+
+    if (app.poolPassIndex >= app.poolLastIndex && app.poolSpeciesPending) {
+        list.setVisible(false);
+        app.uiBusy = true;
+        ProgressBarState& bar = app.PoolProgressBar1;
+        bar.min = 0;
+        bar.max = app.poolLastIndex;
+        bar.value = 0;
+        bar.visible = true;
+        for (int i = 0; i <= app.poolLastIndex; ++i) {
+            if (!drifterListed(app, i)) return restartPass(app);
+            bar.value = i;
+            listPoolDrifter(app, i);
+        }
+        bar.visible = false;
+        list.setVisible(true);
+        app.poolMaxGroup = -1;
+        app.uiBusy = false;
+    }
+
+    if (app.poolPassIndex >= app.poolLastIndex || !app.poolSpeciesPending) {
+        list.setEnabled(true);
+        app.poolPassRunning = false;
+        app.poolSpeciesPending = false;
+    }
+    app.uiBusy = false;
+}
+
+void scrollPoolSpeciesThresholdChange(App& app) {
+    int position = app.scrollPoolSpeciesThreshold;
+    if (!app.uiBusy) app.txtPoolSpeciesThreshold = thresholdText(position);
+    app.poolThreshold = static_cast<float>(position / 10.0);
+    if (!app.openPoolPath.empty()) {
+        // A slice under the new threshold: it closes a pass that can finish now, so
+        // the timer starts afresh; a longer pass goes on under the new threshold.
+        app.poolSpeciesPending = false;
+        speciatePoolList(app);
+        app.poolSpeciesPending = true;
+        if (app.comboSpeciatePoolGroup0 == 2) app.lstSpeciatePool.setEnabled(false);
+    }
+    app.stateChanged();
+}
+
+void setPoolSpeciesThresholdPosition(App& app, int position) {
+    position = std::clamp(position, 0, 1000);
+    if (position == app.scrollPoolSpeciesThreshold) return;
+    app.scrollPoolSpeciesThreshold = position;
+    scrollPoolSpeciesThresholdChange(app);
+}
+
+void typePoolSpeciesThreshold(App& app, const std::string& text) {
+    app.txtPoolSpeciesThreshold = text;
+    app.lastThresholdEdit = app.clock.secondsSinceMidnight();
+    app.poolThresholdTyped = true;
+}
+
+void validatePoolSpeciesThreshold(App& app) {
+    if (app.uiBusy) {
+        app.poolThresholdTyped = true;
+        return;
+    }
+    app.poolThresholdTyped = false;
+    int position = thresholdPosition(app.txtPoolSpeciesThreshold, 0, 1000);
+    app.uiBusy = true;
+    setPoolSpeciesThresholdPosition(app, position);
+    app.ui.YieldToUi();
+    app.uiBusy = false;
+}
+
+std::vector<std::int32_t> poolSpeciesTags(const Pool& pool, float threshold, int depth) {
+    int count = std::min<int>(pool.drifterCount, static_cast<int>(pool.drifters.size()));
+    std::vector<std::int32_t> tags(static_cast<std::size_t>(std::max(count, 0)), -1);
+    std::int32_t maxGroup = -1;
+    for (int i = 0; i < count; ++i) {
+        std::int32_t g = firstSimilarGroup(
+            pool, i, threshold, depth, [&](int j) { return tags[static_cast<std::size_t>(j)]; }, maxGroup + 1);
+        maxGroup = std::max(maxGroup, g);
+        tags[static_cast<std::size_t>(i)] = g;
+    }
+    return tags;
+}
+
+ThresholdRange poolThresholdRange(const Pool& pool, int depth, const std::function<void(int)>& progress) {
+    int n = static_cast<int>(std::clamp(MinNonZero(1000, depth), 1.0, 1000.0));
+    int count = std::min<int>(pool.drifterCount, static_cast<int>(pool.drifters.size()));
+    ThresholdRange r;
+    for (int i = 0; i < count; ++i) {
+        if (progress) progress(i);
+        const std::uint8_t* a = pool.drifters[static_cast<std::size_t>(i)].genes;
+        for (int j = 0; j < i; ++j) {
+            int m = equalGeneCountOutside(a, pool.drifters[static_cast<std::size_t>(j)].genes, n, r.low, r.high);
+            if (m > r.high) r.high = m;
+            if (m < r.low) r.low = m;
+        }
+    }
+    // Fewer than two drifters: nothing to tell apart, a drifter matches itself wholly.
+    if (r.high < 0) r.low = r.high = n;
+    if (n != 1000) {
+        r.low = static_cast<int>(std::nearbyint(r.low * 1000.0 / n));
+        r.high = static_cast<int>(std::nearbyint(r.high * 1000.0 / n));
+    }
+    return r;
+}
+
+std::string thresholdRangeMessage(const ThresholdRange& r) {
+    auto percent = [](int thousandths) { return " " + NumberText(thousandths / 10.0); };
+    if (r.high == r.low)
+        return "Zero range found.  Listed drifters all match " + percent(r.low) + "% of each other's genetic sequences.";
+    return "Range found.  Listed drifters all match from" + percent(r.low) + "% to " + percent(r.high) +
+           "% of each other's genetic sequences.";
+}
+
+void findPoolThresholdRange(App& app) {
+    ProgressBarState& bar = app.PoolProgressBar1;
+    bar.value = 0;
+    bar.min = 0;
+    bar.max = app.openPool.drifterCount - 1;
+    bar.visible = true;
+    ThresholdRange r = poolThresholdRange(app.openPool, app.similarityDepth, [&](int i) { bar.value = i; });
+    bar.visible = false;
+    if (r.high != r.low) app.ui.YieldToUi();
+    app.ui.ShowMessage(thresholdRangeMessage(r));
+}
 
 }  // namespace aq

@@ -5,14 +5,24 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
+#include "archive/ArchiveOptions.h"
 #include "pool/Records.h"
 #include "series/SeriesState.h"
 #include "shell/CheckList.h"
 #include "shell/Clock.h"
+#include "shell/Notice.h"
+#include "shell/Controls.h"
 #include "shell/Ui.h"
 
 namespace aq {
+
+// What a file dialog keeps between calls: whether it was used, its title and start folder.
+struct FileDialogMemory {
+    bool used = false;
+    std::string title, folder;
+};
 
 struct App {
     App(Ui& ui, Clock& clock) : ui(ui), clock(clock) {}
@@ -64,6 +74,27 @@ struct App {
     // The folder the program runs from (settings and the simulator hand-over file live here).
     std::string programFolder;
 
+    // Pool drifter editor: the species pass (kept between slices), its threshold
+    // controls, the progress bar and the four sliders of the selection box.
+    bool poolPassRunning = false;
+    std::int32_t poolPassIndex = 0;
+    std::int16_t poolLastIndex = 0;
+    std::int16_t poolMaxGroup = -1;
+    float poolSliceStart = 0;
+    std::int32_t poolPassStart = 0;
+    bool poolNoticeShown = false;
+    std::int16_t poolPatience = 0;
+    int scrollPoolSpeciesThreshold = 444;
+    std::string txtPoolSpeciesThreshold = "44.4";
+    ProgressBarState PoolProgressBar1;
+    SliderState SliderSpeciatePoolDrifterX{-4000, 4000, 0, 400, true};
+    SliderState SliderSpeciatePoolDrifterY{-4000, 4000, 0, 400, true};
+    SliderState SliderSpeciatePoolDrifterWidth{20, 8000, 20, 399, true};
+    SliderState SliderSpeciatePoolDrifterHeight{20, 8000, 20, 399, true};
+    bool lblSpeciatePoolDrifterX = true, lblSpeciatePoolDrifterY = true;
+    bool lblSpeciatePoolDrifterWidth = true, lblSpeciatePoolDrifterHeight = true;
+    // Shows the notice window with a text, without waiting for it.
+    std::function<void(const std::string&)> showNotice;
     // Pool series: its options, the run controls of its tab and the simulator.
     SeriesState series;
 
@@ -72,6 +103,16 @@ struct App {
     void stateChanged() {
         if (onStateChanged) onStateChanged();
     }
+
+    // Shell: folder box lists, name and dialog memory, settings text, the notice window.
+    std::vector<std::string> comboAquariumPathItems, comboDrifterPathItems, comboPoolPathItems;
+    std::string lastBase, lastDigit;     // nextNumberedName's memory
+    FileDialogMemory destDialog;         // locateDestFile's dialog
+    FileDialogMemory sourceDialog;       // locateSourceFile's dialog
+    std::string settingsText;            // what aqfm.ini holds or will hold
+    ArchiveOptions archive;              // the archive tab's controls
+    Notice noNotice;
+    Notice* notice = &noNotice;          // the window sets its dlgNotification here
 };
 
 // Sets uiBusy for a scope and gives it back its old value after.

@@ -2,16 +2,11 @@
 
 #include "dnaeditor/DrifterFiles.h"
 #include "pool/PoolOps.h"
+#include "shell/FileNames.h"
+#include "shell/Paths.h"
 #include "shell/Settings.h"
 
 namespace aq {
-
-namespace {
-std::string fileNameOf(const std::string& path) {
-    auto slash = path.find_last_of("/\\");
-    return slash == std::string::npos ? path : path.substr(slash + 1);
-}
-}  // namespace
 
 void closeProgram(App& app) {
     ini(app, "Set");
@@ -30,10 +25,10 @@ void closeProgram(App& app) {
                 if (over == Answer::Yes)
                     path = app.openPoolPath;
                 else
-                    path = app.ui.ChooseSaveFile(app.comboPoolPath, fileNameOf(app.openPoolPath), "aqp", "Pool Files",
-                                                 "Save Pool As");
+                    path = locateDestFile(app, app.comboPoolPath, fileNameOfPath(app.openPoolPath), "aqp", "Pool Files",
+                                          "Save Pool As");
             } else {
-                path = app.ui.ChooseSaveFile(app.comboPoolPath, "", "aqp", "Pool Files", "Save Pool As");
+                path = locateDestFile(app, app.comboPoolPath, "", "aqp", "Pool Files", "Save Pool As");
             }
             if (savePoolFile(app, path, true)) {
                 app.poolChanged = false;

@@ -1,0 +1,30 @@
+#pragma once
+// Genetic kinship: two genomes are similar when enough genes hold the same byte at
+// the same position. The one measure that the pool editor, the DNA folder and the
+// series all use.
+#include <cstdint>
+
+namespace aq {
+
+// Of two numbers: `b` when `a` is 0, `a` when `b` is 0, else the smaller.
+double MinNonZero(double a, double b);
+double MaxOf(double a, double b);
+
+// The leading genes that take part in a comparison: 100 under quick speciation, else 1000.
+std::int16_t similarityDepthFor(bool quickSpeciate);
+
+// How many of `n` genes must match at `threshold` percent; a negative threshold counts back from 100%.
+int similarityNeed(int n, float threshold);
+
+// `a` and `b` point at 1000 gene bytes each. Compares the first MinNonZero(1000, depth)
+// of them and stops as soon as the answer is certain.
+bool GenomesSimilar(const std::uint8_t* a, const std::uint8_t* b, float threshold, int depth);
+
+// The number of equal bytes among the first `n` (0..1000), every one counted.
+int equalGeneCount(const std::uint8_t* a, const std::uint8_t* b, int n);
+
+// Like equalGeneCount, but may stop once the count and the most it could still reach both
+// lie within low..high; what it then returns lies in that range too.
+int equalGeneCountOutside(const std::uint8_t* a, const std::uint8_t* b, int n, int low, int high);
+
+}  // namespace aq

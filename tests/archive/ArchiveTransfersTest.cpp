@@ -1,0 +1,305 @@
+// The archive tab's two commands walked through their dialogues with real files.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "archive/ArchiveChecks.h"
+#include "archive/ArchiveHelp.h"
+#include "archive/ArchiveTransfers.h"
+#include "support/ManualClock.h"
+#include "support/ScriptedUi.h"
+#include "support/TempDir.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using aq::Answer;
+
+struct Fixture {
+    aqtest::ScriptedUi ui;
+    aqtest::ManualClock clock;
+    aq::App app{ui, clock};
+    aqtest::TempDir dir;
+    std::string sim = dir.file("sim"), drifters = dir.file("drifters"), pools = dir.file("pools");
+    Fixture() {
+        for (const auto& d : {sim, drifters, pools}) fs::create_directories(d);
+        app.comboAquariumPath = sim;
+        app.comboDrifterPath = drifters;
+        app.comboPoolPath = pools;
+        app.archive.chkDeleteOriginal = 0;
+        app.archive.chkAutoName = 1;
+        app.archive.chkNowName = 1;
+        clock.when = {2026, 11, 23, 10, 4, 5};
+    }
+    void only(std::initializer_list<int> entries) {
+        for (int i = 0; i < 8; ++i) app.archive.lstArchive.setChecked(i, false);
+        for (int i : entries) app.archive.lstArchive.setChecked(i, true);
+    }
+    void put(const std::string& folder, const std::string& name, const std::string& bytes) {
+        aqtest::writeBytes(folder + "/" + name, bytes);
+    }
+    std::string get(const std::string& folder, const std::string& name) { return aqtest::readBytes(folder + "/" + name); }
+    bool has(const std::string& folder, const std::string& name) { return fs::exists(folder + "/" + name); }
+    void finish() { EXPECT_TRUE(ui.done()) << ui.report(); }
+};
+
+const std::string kNow = "2026-11-23 10'04'05";
+
+TEST(ArchiveChecks, HalvesRuleAndLiveNames) {
+    Fixture f;
+    f.only({});
+    aq::cmdLstArchiveAll(f.app);
+    EXPECT_EQ(f.app.archive.lstArchive.checkedCount(), 8);
+    aq::cmdLstArchiveAll(f.app);
+    EXPECT_EQ(f.app.archive.lstArchive.checkedCount(), 0);
+    f.only({0, 1, 4, 5});  // four of eight: at most half, so all get checked
+    f.app.archive.lstArchive.setCurrentIndex(6);
+    aq::cmdLstArchiveAll(f.app);
+    EXPECT_EQ(f.app.archive.lstArchive.checkedCount(), 8);
+    EXPECT_EQ(f.app.archive.lstArchive.currentIndex(), 6);
+    f.only({0, 1, 4, 5, 6});
+    aq::cmdLstArchiveAllDrifter(f.app);  // two of four drifters: checked
+    aq::cmdLstArchiveAllPool(f.app);     // three of four pools: cleared
+    for (int i = 0; i < 8; ++i) EXPECT_EQ(f.app.archive.lstArchive.checked(i), i < 4) << i;
+    EXPECT_FALSE(f.app.uiBusy);
+
+    EXPECT_EQ(aq::archiveLiveName(f.app.archive.lstArchive, 2), "Drifter_3.DNA");
+    EXPECT_EQ(aq::archiveLiveName(f.app.archive.lstArchive, 4), "Pool_1.AQP");
+    EXPECT_EQ(aq::archiveLiveName(f.app.archive.lstArchive, 7), "Pool_4.AQP");
+    aq::ArchiveOptions opt;
+    for (int v : {1, 2}) {
+        opt.chkDeleteOriginal = v;
+        EXPECT_EQ(aq::copyToArchiveCaption(opt), "Move Selected Files to Archive");
+    }
+    opt.chkDeleteOriginal = 0;
+    EXPECT_EQ(aq::copyToArchiveCaption(opt), "Copy Selected Files to Archive");
+}
+
+TEST(ArchiveHelp, LineFollowsThePointer) {
+    Fixture f;
+    f.clock.seconds = 500;
+    aq::archiveHelpMove(f.app, "chkNowName");
+    EXPECT_EQ(f.app.archive.lblArchiveInstruct,
+              "When you click the Move or Copy files to Archive button, the automatically generated filenames will be "
+              "based on the current time and date if there is a checkmark in the Using Date and Time checkbox.");
+    EXPECT_EQ(f.app.lastHelpMove, 500);
+    f.clock.seconds = 600;
+    aq::archiveHelpMove(f.app, "lstArchive");  // no text of its own: the line keeps its text
+    EXPECT_EQ(f.app.lastHelpMove, 500);
+    aq::archiveHelpMove(f.app, "cmdReplaceFromArchive");
+    EXPECT_NE(f.app.archive.lblArchiveInstruct.find("destination filenames.\r\n\r\nThe copied files"), std::string::npos);
+    EXPECT_EQ(aq::archiveHelpText("cmdLstArchiveAllPool").substr(0, 60),
+              "Click the button near the lower left corner of the Aquarium ");
+}
+
+TEST(CopyToArchive, NothingCheckedFindsNothing) {
+    Fixture f;
+    f.only({});
+    f.ui.message("None of the selected source files could be found. ", "Done");
+    aq::cmdCopyToArchive(f.app);
+    f.finish();
+    EXPECT_FALSE(f.app.uiBusy);
+}
+
+TEST(CopyToArchive, AllCancelledCopiesNothing) {
+    Fixture f;
+    f.only({0, 4});
+    f.app.archive.chkAutoName = 0;
+    f.put(f.sim, "Drifter_1.DNA", "d1");
+    f.put(f.sim, "Pool_1.AQP", "p1");
+    f.ui.file("save", "Copy Drifter_1.DNA to:", "",
+              f.drifters + "|Drifter_" + kNow + " #1.DNA|dna|Aquarium's Drifter DNA files")
+        .file("save", "Copy Pool_1.AQP to:", "", f.pools + "|Pool_" + kNow + " #1.AQP|aqp|Aquarium's Pool file")
+        .message("No files moved or copied.", "Done");
+    aq::cmdCopyToArchive(f.app);
+    f.finish();
+    EXPECT_TRUE(f.has(f.sim, "Drifter_1.DNA"));
+}
+
+TEST(CopyToArchive, AutoNamesWithDateAndTimeThenTheOverwriteQuestion) {
+    Fixture f;
+    f.only({0, 1});
+    f.put(f.sim, "Drifter_1.DNA", "one");
+    f.put(f.sim, "drifter_2.dna", "two");  // any capitals on disk
+    f.ui.message("Copied 2 files. ", "Done");
+    aq::cmdCopyToArchive(f.app);
+    f.finish();
+    EXPECT_EQ(f.get(f.drifters, "Drifter_" + kNow + " #1.DNA"), "one");
+    EXPECT_EQ(f.get(f.drifters, "Drifter_" + kNow + " #2.DNA"), "two");
+    EXPECT_EQ(f.app.comboDrifterPathItems, std::vector<std::string>{f.drifters});
+    EXPECT_EQ(f.app.comboAquariumPathItems, std::vector<std::string>{f.sim});
+
+    // Within the same clock text the names are taken: each answer of the question.
+    f.put(f.sim, "Drifter_1.DNA", "one again");
+    std::string first = f.drifters + "/Drifter_" + kNow + " #1.DNA";
+    std::string second = f.drifters + "/Drifter_" + kNow + " #2.DNA";
+    const std::string q = " already exists.  Overwrite existing file?";
+    f.ui.ask("yesnocancel", first + q, "Filename Conflict", Answer::Yes)
+        .ask("yesnocancel", second + q, "Filename Conflict", Answer::No)
+        .file("save", "Move Drifter_2.DNA to:", f.drifters + "/other.DNA",
+              f.drifters + "|Drifter_" + kNow + " #2.DNA|dna|Aquarium's Drifter DNA files")
+        .message("Copied 2 files. ", "Done");
+    aq::cmdCopyToArchive(f.app);
+    f.finish();
+    EXPECT_EQ(f.get(f.drifters, "Drifter_" + kNow + " #1.DNA"), "one again");
+    EXPECT_EQ(f.get(f.drifters, "other.DNA"), "two");
+
+    f.ui.ask("yesnocancel", first + q, "Filename Conflict", Answer::Cancel)
+        .ask("yesnocancel", second + q, "Filename Conflict", Answer::No)
+        .file("save", "Move Drifter_2.DNA to:", f.drifters + "/other.DNA", "*")
+        .ask("yesnocancel", f.drifters + "/other.DNA" + q, "Filename Conflict", Answer::Cancel)
+        .message("No files moved or copied.", "Done");
+    aq::cmdCopyToArchive(f.app);
+    f.finish();
+}
+
+TEST(CopyToArchive, NumberedNamesAreTheFirstFree) {
+    Fixture f;
+    f.only({2});
+    f.app.archive.chkNowName = 0;
+    f.put(f.sim, "Drifter_3.DNA", "three");
+    f.ui.message("Copied 1 file. ", "Done").message("Copied 1 file. ", "Done");
+    aq::cmdCopyToArchive(f.app);
+    aq::cmdCopyToArchive(f.app);
+    f.finish();
+    EXPECT_EQ(f.get(f.drifters, "Drifter_3.0.DNA"), "three");
+    EXPECT_EQ(f.get(f.drifters, "Drifter_3.1.DNA"), "three");
+    // No temporary file is left behind.
+    int files = 0;
+    for (auto& e : fs::directory_iterator(f.drifters)) files += e.is_regular_file() ? 1 : 0;
+    EXPECT_EQ(files, 2);
+}
+
+TEST(CopyToArchive, ThirdStateMovesAndCountsWhatIsMissing) {
+    Fixture f;
+    f.only({0, 1, 4, 5});
+    f.app.archive.chkDeleteOriginal = 2;
+    f.app.archive.chkAutoName = 0;
+    f.put(f.sim, "Drifter_1.DNA", "d1");
+    f.put(f.sim, "Pool_1.AQP", "p1");
+    f.ui.file("save", "Move Drifter_1.DNA to:", f.drifters + "/a.DNA", "*")
+        .file("save", "Move Drifter_2.DNA to:", f.drifters + "/b.DNA", "*")
+        .file("save", "Move Pool_1.AQP to:", f.pools + "/a.AQP", "*")
+        .file("save", "Move Pool_2.AQP to:", f.pools + "/b.AQP", "*")
+        .message("Moved 2 files. Could not find 2 of the selected source files. ", "Done");
+    aq::cmdCopyToArchive(f.app);
+    f.finish();
+    EXPECT_FALSE(f.has(f.sim, "Drifter_1.DNA"));
+    EXPECT_FALSE(f.has(f.sim, "Pool_1.AQP"));
+    EXPECT_EQ(f.get(f.pools, "a.AQP"), "p1");
+
+    f.only({0, 3});
+    f.put(f.sim, "Drifter_4.DNA", "d4");
+    f.app.archive.chkAutoName = 1;
+    f.ui.message("Moved 1 file. One of the selected source files was not found. ", "Done");
+    aq::cmdCopyToArchive(f.app);
+    f.finish();
+}
+
+TEST(CopyToArchive, IntoTheSimulatorsOwnFolderNothingIsDeleted) {
+    Fixture f;
+    f.only({4});
+    f.app.archive.chkAutoName = 0;
+    f.app.archive.chkDeleteOriginal = 1;
+    f.put(f.sim, "Pool_1.AQP", "p1");
+    std::string live = f.sim + "/Pool_1.AQP";
+    f.ui.file("save", "Move Pool_1.AQP to:", live, "*")
+        .ask("yesnocancel", live + " already exists.  Overwrite existing file?", "Filename Conflict", Answer::Yes)
+        .message("Copied 1 file. ", "Done");
+    aq::cmdCopyToArchive(f.app);
+    f.finish();
+    EXPECT_EQ(f.get(f.sim, "Pool_1.AQP"), "p1");
+}
+
+TEST(CopyToArchive, AFailedCopyIsShownAndTheCommandGoesOn) {
+    Fixture f;
+    f.only({0, 4});
+    f.app.comboDrifterPath = f.dir.file("no/such/folder");
+    f.put(f.sim, "Drifter_1.DNA", "d1");
+    f.put(f.sim, "Pool_1.AQP", "p1");
+    f.ui.message("Error #76: No such file or directory", "Aquarium File Manager - Copy to Archive")
+        .message("Copied 1 file. Encountered 1 error. ", "Done");
+    aq::cmdCopyToArchive(f.app);
+    f.finish();
+    EXPECT_TRUE(f.has(f.pools, "Pool_" + kNow + " #1.AQP"));
+}
+
+TEST(ReplaceFromArchive, WithoutBackupAsksBeforeOverwriting) {
+    Fixture f;
+    f.only({4, 5, 6});
+    f.put(f.pools, "Pool_1.AQP", "archived 1");
+    f.put(f.pools, "Pool_2.AQP", "archived 2");
+    f.put(f.sim, "pool_1.aqp", "live 1");
+    f.put(f.sim, "Pool_2.AQP", "live 2");
+    const std::string d = "|aqp|Aquarium's Pool file";
+    f.ui.file("open", "Copy which file over Pool_1.AQP?", f.pools + "/Pool_1.AQP", f.pools + "|" + d)
+        .ask("yesno", f.sim + "/pool_1.aqp\r\n\r\nOverwrite this file?", "Overwite Existing File", Answer::Yes)
+        .file("open", "Copy which file over Pool_2.AQP?", f.pools + "/Pool_2.AQP", f.pools + "|Pool_2.AQP" + d)
+        .ask("yesno", f.sim + "/Pool_2.AQP\r\n\r\nOverwrite this file?", "Overwite Existing File", Answer::No)
+        .file("open", "Copy which file over Pool_3.AQP?", f.pools + "/Pool_2.AQP", f.pools + "|Pool_3.AQP" + d)
+        .message("Copied 2 files. ", "Done");
+    aq::cmdReplaceFromArchive(f.app);
+    f.finish();
+    EXPECT_EQ(f.get(f.sim, "pool_1.aqp"), "archived 1");
+    EXPECT_FALSE(f.has(f.sim, "Pool_1.AQP") && f.get(f.sim, "Pool_1.AQP") != "archived 1");
+    EXPECT_EQ(f.get(f.sim, "Pool_2.AQP"), "live 2");
+    EXPECT_EQ(f.get(f.sim, "Pool_3.AQP"), "archived 2");
+    EXPECT_EQ(f.get(f.pools, "Pool_1.AQP"), "archived 1");  // the archive keeps its files
+}
+
+TEST(ReplaceFromArchive, AutomaticBackupMovesTheLiveFileIntoTheArchive) {
+    Fixture f;
+    f.only({0, 1});
+    f.app.archive.chkAutoBackup = 1;
+    f.put(f.drifters, "keep.DNA", "archived");
+    f.put(f.sim, "Drifter_1.DNA", "live 1");
+    f.ui.file("open", "Copy which file over Drifter_1.DNA?", f.drifters + "/keep.DNA", "*")
+        .file("open", "Copy which file over Drifter_2.DNA?", f.drifters + "/keep.DNA", "*")
+        .message("Copied 2 files. ", "Done");
+    aq::cmdReplaceFromArchive(f.app);
+    f.finish();
+    EXPECT_EQ(f.get(f.drifters, "Drifter_1.0.DNA"), "live 1");
+    EXPECT_FALSE(f.has(f.drifters, "Drifter_2.0.DNA"));  // no live file: nothing to back up
+    EXPECT_EQ(f.get(f.sim, "Drifter_1.DNA"), "archived");
+    EXPECT_EQ(f.get(f.sim, "Drifter_2.DNA"), "archived");
+}
+
+TEST(ReplaceFromArchive, FileNotFoundLoopAndNothingCopied) {
+    Fixture f;
+    f.only({0});
+    f.put(f.drifters, "real.DNA", "r");
+    std::string ghost = f.drifters + "/ghost.DNA";
+    const std::string nf = " could not be found.  Please select a different source file.";
+    f.ui.file("open", "Copy which file over Drifter_1.DNA?", ghost, "*")
+        .ask("okcancel", ghost + nf, "File Not Found", Answer::Ok)
+        .file("open", "Copy which file over Drifter_1.DNA?", ghost, f.drifters + "|ghost.DNA|dna|*")
+        .ask("okcancel", ghost + nf, "File Not Found", Answer::Cancel)
+        .message("Nothing copied", "Done");
+    f.ui.script[2].text = f.drifters + "|ghost.DNA|dna|Aquarium's Drifter DNA files";
+    aq::cmdReplaceFromArchive(f.app);
+    f.finish();
+
+    f.ui.file("open", "Copy which file over Drifter_1.DNA?", ghost, "*")
+        .ask("okcancel", ghost + nf, "File Not Found", Answer::Ok)
+        .file("open", "Copy which file over Drifter_1.DNA?", f.drifters + "/real.DNA", "*")
+        .message("Copied 1 file. ", "Done");
+    aq::cmdReplaceFromArchive(f.app);
+    f.finish();
+    EXPECT_EQ(f.get(f.sim, "Drifter_1.DNA"), "r");
+}
+
+TEST(ReplaceFromArchive, SuggestionsFollowTheLastChoice) {
+    Fixture f;
+    f.only({4, 5, 7});
+    for (const char* n : {"Pool_1.AQP", "Pool_2.AQP", "Pool_3.AQP"}) f.put(f.pools, n, n);
+    f.ui.file("open", "Copy which file over Pool_1.AQP?", f.pools + "/Pool_1.AQP", f.pools + "||aqp|*")
+        .file("open", "Copy which file over Pool_2.AQP?", "", f.pools + "|Pool_2.AQP|aqp|*")
+        .file("open", "Copy which file over Pool_4.AQP?", f.pools + "/Pool_3.AQP", f.pools + "||aqp|*")
+        .message("Copied 2 files. ", "Done");
+    for (int i : {0, 1, 2}) f.ui.script[i].text.replace(f.ui.script[i].text.size() - 1, 1, "Aquarium's Pool file");
+    aq::cmdReplaceFromArchive(f.app);
+    f.finish();
+    EXPECT_EQ(f.get(f.sim, "Pool_4.AQP"), "Pool_3.AQP");
+}
+
+}  // namespace

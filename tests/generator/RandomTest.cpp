@@ -1,0 +1,97 @@
+// The shared random stream and the "Randomize Settings" draws.
+#include <gtest/gtest.h>
+
+#include "generator/Random.h"
+#include "generator/StartupSettings.h"
+
+namespace {
+
+TEST(RandomStream, ReplaysFromTheStartStateBitForBit) {
+    aq::setRandomState(aq::kRandomStartState);
+    EXPECT_EQ(aq::randomState(), 0x50000u);
+    aq::RandomReseed(1.0);
+    EXPECT_EQ(aq::randomState(), 0x3FF000u);
+    const struct {
+        std::uint32_t state;
+        double value;  // as printed to seven digits
+    } draws[] = {{0xC3CEC3, 0.7648737}, {0x1AFE7A, 0.1054455}, {0x9D0B55, 0.6134542}, {0xF010C4, 0.9377558}};
+    for (const auto& d : draws) {
+        float v = aq::RandomNext();
+        EXPECT_EQ(aq::randomState(), d.state);
+        EXPECT_EQ(v, static_cast<float>(d.state) / 16777216.0f);
+        EXPECT_NEAR(v, d.value, 5e-8);
+    }
+}
+
+TEST(RandomStream, ReseedKeepsOnlyTheLowByte) {
+    // The new state's upper 16 bits are the two halves of the double's high word, xored.
+    const struct {
+        std::uint32_t before;
+        double value;
+        std::uint32_t after;
+    } cases[] = {
+        {0x50000, 1.0, 0x3FF000},      {0xABCDEF, 1.0, 0x3FF0EF},  {0xFFFFFF, 0.0, 0x0000FF},
+        {0x000012, 2.0, 0x400012},     {0x000000, -1.0, 0xBFF000}, {0x123456, 2147483648.0, 0x41E056},
+        {0x000001, 12345.0, 0x5C4801},  // 0x40C81C80: 0x1C80 ^ 0x40C8
+    };
+    for (const auto& c : cases) {
+        aq::setRandomState(c.before);
+        aq::RandomReseed(c.value);
+        EXPECT_EQ(aq::randomState(), c.after) << c.value;
+    }
+}
+
+TEST(RandomStream, ValuesStayBelowOne) {
+    aq::setRandomState(0x123456);
+    for (int i = 0; i < 1 << 16; ++i) {
+        float v = aq::RandomNext();
+        ASSERT_GE(v, 0.0f);
+        ASSERT_LT(v, 1.0f);
+    }
+    aq::setRandomState(0x1FFFFFF);
+    EXPECT_EQ(aq::randomState(), 0xFFFFFFu);
+}
+
+TEST(RandomizeSettings, DrawsFifteenValuesInTheTabsOrder) {
+    const struct {
+        double seconds;
+        int poolType, food, walls, drifters, seed;
+        bool extraFood, extraDrifters, split;
+        std::uint32_t stateAfter;
+    } cases[] = {
+        {45296.0, 0, 4, 1, 2, 37296, false, true, false, 0x887E11},
+        {36000.0, 1, 0, 0, 1, 15894, true, true, false, 0x669511},
+        {1.0, 0, 0, 0, 1, 14860, true, false, false, 0x1D5011},
+        {86399.5, 1, 4, 2, 2, 19596, true, true, false, 0x363111},
+        {123.25, 1, 1, 1, 1, 42231, true, false, false, 0x8B5611},
+        {50000.0, 0, 2, 0, 1, 1882, true, true, false, 0x97A811},
+        {3.0, 2, 4, 2, 1, 34435, true, false, false, 0x034811},
+    };
+    for (const auto& c : cases) {
+        aq::setRandomState(aq::kRandomStartState);
+        aq::StartupSettings s = aq::randomizeStartupSettings(c.seconds, 49);
+        SCOPED_TRACE(c.seconds);
+        EXPECT_EQ(s.poolType, c.poolType);
+        EXPECT_EQ(s.foodPlacement, c.food);
+        EXPECT_EQ(s.wallPlacement, c.walls);
+        EXPECT_EQ(s.drifterPlacement, c.drifters);
+        EXPECT_EQ(s.seed, c.seed);
+        EXPECT_EQ(s.extraFood, c.extraFood);
+        EXPECT_EQ(s.extraDrifters, c.extraDrifters);
+        EXPECT_EQ(s.splitPool, c.split);
+        EXPECT_EQ(aq::randomState(), c.stateAfter);
+    }
+}
+
+TEST(RandomizeSettings, TimeOfDayIsTakenAsAFloat) {
+    // 45296.3 and the float nearest to it reseed alike.
+    aq::setRandomState(aq::kRandomStartState);
+    aq::StartupSettings a = aq::randomizeStartupSettings(45296.3, 49);
+    std::uint32_t afterA = aq::randomState();
+    aq::setRandomState(aq::kRandomStartState);
+    aq::StartupSettings b = aq::randomizeStartupSettings(static_cast<double>(45296.3f), 49);
+    EXPECT_EQ(afterA, aq::randomState());
+    EXPECT_EQ(a.seed, b.seed);
+}
+
+}  // namespace

@@ -1,0 +1,128 @@
+// Names from the clock, unique names, numbered series and the two file dialogs.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "shell/FileNames.h"
+#include "support/ManualClock.h"
+#include "support/ScriptedUi.h"
+#include "support/TempDir.h"
+
+namespace {
+
+struct Fixture {
+    aqtest::ScriptedUi ui;
+    aqtest::ManualClock clock;
+    aq::App app{ui, clock};
+};
+
+TEST(FileNames, NowFileNameHoldsDateAndTimeWithoutColons) {
+    Fixture f;
+    f.clock.when = {2026, 3, 7, 9, 5, 4};
+    EXPECT_EQ(aq::nowFileName(f.app), "2026-03-07 09'05'04");
+}
+
+TEST(FileNames, RegexReplace) {
+    EXPECT_EQ(aq::regexReplace("a/b\\c|d", R"([\\|/])", "-"), "a-b-c-d");
+    EXPECT_EQ(aq::regexReplace("a*b?\"<>", R"([*?"<>])", "_"), "a_b____");
+    EXPECT_EQ(aq::regexReplace("Abc", "a", "x"), "Abc");  // case-sensitive
+    EXPECT_EQ(aq::regexReplace("one\ntwo", "^t", "T"), "one\nTwo");  // multi-line
+    EXPECT_EQ(aq::regexReplace("keep", "(", "x"), "keep");  // a broken pattern changes nothing
+}
+
+TEST(FileNames, UniqueFileNameAlwaysNumbers) {
+    aqtest::TempDir dir;
+    EXPECT_EQ(aq::uniqueFileName(dir.path(), "Drifter_1.DNA"), "Drifter_1.0.DNA");
+    aqtest::writeBytes(dir.file("Drifter_1.0.DNA"), "x");
+    EXPECT_EQ(aq::uniqueFileName(dir.path(), "Drifter_1.DNA"), "Drifter_1.1.DNA");
+    EXPECT_EQ(aq::uniqueFileName(dir.path(), "noext"), "noext.0");
+    EXPECT_EQ(aq::uniqueFileName(dir.path(), "a.b.AQP"), "a.b.0.AQP");
+}
+
+TEST(FileNames, NextNumberedNameSeries) {
+    struct Step {
+        const char *name, *ext, *want;
+    };
+    const std::vector<std::vector<Step>> runs = {
+        {{"Pool_1.AQP", ".AQP", "Pool_2.AQP"}, {"Pool_2.AQP", ".AQP", "Pool_3.AQP"}, {"Pool_3.AQP", ".AQP", "Pool_4.AQP"}},
+        {{"Drifter_9.DNA", ".DNA", "Drifter_10.DNA"}},
+        {{"Bar4.dna", ".AQP", "Bar5.AQP"}},
+        {{"Foo.AQP", ".AQP", "Foo.AQP"}},
+        {{"", ".AQP", ""}, {"Pool_1.AQP", ".AQP", "Pool_2.AQP"}},
+        {{"Drifter_3.0.DNA", ".DNA", "Drifter_4.0.DNA"}},
+        {{"Pool_12.AQP", ".AQP", "Pool_12.AQP"}},
+        {{"pool_1.aqp", "aqp", "pool_2.aqp"}},
+        {{"Pool_1.AQP", "", "Pool_2.AQP."}},
+    };
+    for (const auto& run : runs) {
+        Fixture f;
+        for (const Step& s : run)
+            EXPECT_EQ(aq::nextNumberedName(f.app, "", s.name, s.ext), s.want) << s.name << " " << s.ext;
+    }
+}
+
+TEST(FileNames, EmptyNameChangesNothingRemembered) {
+    Fixture f;
+    aq::nextNumberedName(f.app, "", "Pool_1.AQP", ".AQP");
+    EXPECT_EQ(f.app.lastBase, "Pool_");
+    EXPECT_EQ(f.app.lastDigit, "1");
+    EXPECT_EQ(aq::nextNumberedName(f.app, "", "", ".AQP"), "");
+    EXPECT_EQ(f.app.lastBase, "Pool_");
+    EXPECT_EQ(f.app.lastDigit, "1");
+}
+
+TEST(FileNames, DialogFilters) {
+    EXPECT_EQ(aq::fileDialogFilter("txt", "x"), "All Files (*.*)|*.*|Text Files (*.txt)|*.txt|Batch Files (*.bat)|*.bat");
+    EXPECT_EQ(aq::fileDialogFilter("", "x"), "All Files (*.*)|*.*|Text Files (*.txt)|*.txt");
+    EXPECT_EQ(aq::fileDialogFilter(".AQP", "Pool Files"),
+              "All Files (*.*)|*.*|Pool Files (*.aqp)|*.aqp|Text Files (*.txt)|*.txt");
+}
+
+TEST(FileNames, DialogsSuggestAndRememberTheirFolder) {
+    Fixture f;
+    aqtest::TempDir dir;
+    f.app.programFolder = dir.path();
+    std::string data = dir.file("data");
+    // Empty arguments fall back on the dialog's own start folder: the program's folder.
+    f.ui.file("open", "", "", dir.path() + "|||")
+        .file("save", "Save As", dir.file("Foo.aqp"), data + "|Foo.aqp|aqp|Pool Files")
+        .file("open", "Pick", "", data + "|Pool_1.AQP|dna|Drifter Files")
+        .file("open", "", "", dir.path() + "|||")
+        .file("save", "", "", dir.path() + "|x.dna|dna|");
+    EXPECT_EQ(aq::locateSourceFile(f.app, "", "", "", "", ""), "");
+    EXPECT_EQ(aq::locateDestFile(f.app, data, "Foo", ".AQP", "Pool Files", "Save As"), dir.file("Foo.aqp"));
+    EXPECT_EQ(aq::locateSourceFile(f.app, data, "Pool_1.AQP", "DNA", "Drifter Files", "Pick"), "");
+    // A title or folder given once is not kept for the next call.
+    EXPECT_EQ(aq::locateSourceFile(f.app, "", "", "", "", ""), "");
+    EXPECT_EQ(aq::locateDestFile(f.app, "", "x", "DNA", "", ""), "");
+    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+}
+
+TEST(FileNames, SaveDialogMakesItsFolderEvenWhenCancelled) {
+    Fixture f;
+    aqtest::TempDir dir;
+    std::string folder = dir.file("new/deeper");
+    f.ui.file("save", "Save", "", folder + "|x.dna|dna|DNA");
+    EXPECT_EQ(aq::locateDestFile(f.app, folder, "x", "dna", "DNA", "Save"), "");
+    EXPECT_TRUE(std::filesystem::is_directory(folder));
+    // The open dialog makes no folder.
+    std::string other = dir.file("other");
+    f.ui.file("open", "Open", "", other + "|||");
+    aq::locateSourceFile(f.app, other, "", "", "", "Open");
+    EXPECT_FALSE(std::filesystem::exists(other));
+    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+}
+
+TEST(FileNames, AFolderThatCannotBeMadeIsReportedAndTheNameReturned) {
+    Fixture f;
+    aqtest::TempDir dir;
+    aqtest::writeBytes(dir.file("plain"), "x");
+    std::string folder = dir.file("plain/sub");
+    std::error_code ec;
+    std::filesystem::create_directories(folder, ec);
+    f.ui.message(ec.message(), "Aquarium File Manager");
+    EXPECT_EQ(aq::locateDestFile(f.app, folder, "Pool_1", "aqp", "Pools", "Save"), "Pool_1.aqp");
+    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+}
+
+}  // namespace

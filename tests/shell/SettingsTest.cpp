@@ -1,0 +1,169 @@
+// The settings text and aqfm.ini: exact lines, round trip, the forgiving reader.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "shell/Settings.h"
+#include "support/ManualClock.h"
+#include "support/ScriptedUi.h"
+#include "support/TempDir.h"
+
+namespace {
+
+struct Fixture {
+    aqtest::ScriptedUi ui;
+    aqtest::ManualClock clock;
+    aq::App app{ui, clock};
+    aqtest::TempDir dir;
+    Fixture() { app.programFolder = dir.path(); }
+    std::string iniPath() const { return dir.file("aqfm.ini"); }
+    void use(const std::string& text) {
+        app.settingsText = text;
+        aq::ini(app, "Use");
+    }
+};
+
+TEST(Settings, StoreWritesEveryKeyInOrder) {
+    Fixture f;
+    for (int i = 0; i < 7; ++i) f.app.archive.lstArchive.setChecked(i, true);
+    f.app.archive.chkAutoName = 1;
+    f.app.archive.chkNowName = 0;
+    f.app.archive.chkDeleteOriginal = 0;
+    f.app.archive.chkAutoBackup = 1;
+    f.app.comboAquariumPathItems = {"/g/Aquarium5", "/g/Aquarium4"};
+    f.app.comboDrifterPathItems = {"/g/Aquarium5/Drifters"};
+    f.app.comboPoolPathItems = {"/g/Aquarium5/Pools"};
+    f.app.comboAquariumPath = "/g/Aquarium5";
+    f.app.comboDrifterPath = "/g/Aquarium5/Drifters";
+    f.app.comboPoolPath = "/g/Aquarium5/Pools";
+    aq::ini(f.app, " Set ");
+    std::string want;
+    for (int i = 0; i < 8; ++i)
+        want += "lstArchive.Selected(" + std::to_string(i) + ") = " + (i < 7 ? "True" : "False") + "\r\n";
+    want +=
+        "chkAutoName.Value = 1\r\nchkNowName.Value = 0\r\nchkDeleteOriginal.Value = 0\r\nchkAutoBackup.Value = 1\r\n"
+        "comboAquariumPath.ListItem = /g/Aquarium5\r\ncomboAquariumPath.ListItem = /g/Aquarium4\r\n"
+        "comboDrifterPath.ListItem = /g/Aquarium5/Drifters\r\ncomboPoolPath.ListItem = /g/Aquarium5/Pools\r\n"
+        "comboAquariumPath.Text = /g/Aquarium5\r\ncomboDrifterPath.Text = /g/Aquarium5/Drifters\r\n"
+        "comboPoolPath.Text = /g/Aquarium5/Pools\r\n";
+    EXPECT_EQ(f.app.settingsText, want);
+    EXPECT_FALSE(f.app.uiBusy);
+    EXPECT_EQ(f.ui.yields, 1);
+}
+
+TEST(Settings, RoundTripThroughTheFile) {
+    Fixture f;
+    f.app.archive.lstArchive.setChecked(2, true);
+    f.app.archive.chkDeleteOriginal = 2;
+    f.app.comboAquariumPathItems = {"/sim"};
+    f.app.comboAquariumPath = "/sim";
+    f.app.comboPoolPath = "/pools";
+    aq::ini(f.app, "Set");
+    aq::ini(f.app, "Save");
+    std::string written = aqtest::readBytes(f.iniPath());
+    EXPECT_EQ(written, f.app.settingsText);
+
+    Fixture g;
+    g.app.programFolder = f.dir.path();
+    aq::ini(g.app, "load");
+    aq::ini(g.app, "GET");
+    EXPECT_TRUE(g.app.archive.lstArchive.checked(2));
+    EXPECT_FALSE(g.app.archive.lstArchive.checked(3));
+    EXPECT_EQ(g.app.archive.chkDeleteOriginal, 2);
+    EXPECT_EQ(g.app.comboAquariumPathItems, std::vector<std::string>{"/sim"});
+    EXPECT_EQ(g.app.comboAquariumPath, "/sim");
+    EXPECT_EQ(g.app.comboPoolPath, "/pools");
+    EXPECT_TRUE(g.ui.done()) << g.ui.report();
+}
+
+TEST(Settings, ReaderForgivesBlanksLineEndsAndGarbage) {
+    Fixture f;
+    f.use(
+        "  chkAutoName.Value=1\n"
+        "garbage without equals\r"
+        "chkautoname.value = 0\r\n"  // keys are case-sensitive
+        "\tchkNowName.Value = 0 \t\r\n"
+        "unknown.Key = 7\n"
+        "chkAutoBackup.Value = banana\n"
+        "chkDeleteOriginal.Value = 2 trailing\n"
+        "lstArchive.Selected(5) = False\n"
+        "lstArchive.Selected(9) = False\n"
+        "lstArchive.Selected(x) = False\n"
+        "lstArchive.Selected(1) = maybe\n"
+        "comboDrifterPath.Text = /a=b/c\n"
+        "comboPoolPath.ListItem = /P\n"
+        "comboPoolPath.ListItem = /p \n"
+        "= lonely\n");
+    for (int i = 0; i < 8; ++i) f.app.archive.lstArchive.setChecked(i, true);
+    f.use(f.app.settingsText);
+    EXPECT_EQ(f.app.archive.chkAutoName, 1);
+    EXPECT_EQ(f.app.archive.chkNowName, 0);
+    EXPECT_EQ(f.app.archive.chkAutoBackup, 0);
+    EXPECT_EQ(f.app.archive.chkDeleteOriginal, 2);
+    EXPECT_FALSE(f.app.archive.lstArchive.checked(5));
+    EXPECT_TRUE(f.app.archive.lstArchive.checked(1));
+    EXPECT_TRUE(f.app.archive.lstArchive.checked(7));  // a shorter file leaves the rest alone
+    EXPECT_EQ(f.app.comboDrifterPath, "/a");          // "=" cuts a folder short
+    EXPECT_EQ(f.app.comboPoolPathItems, std::vector<std::string>{"/P"});
+    EXPECT_EQ(f.app.comboPoolPath, "/P");
+}
+
+TEST(Settings, LoadKeepsTheTextWhenTheFileHoldsNoSettings) {
+    Fixture f;
+    f.app.settingsText = "chkAutoName.Value = 1\r\n";
+    aq::ini(f.app, "Load");  // no file
+    EXPECT_EQ(f.app.settingsText, "chkAutoName.Value = 1\r\n");
+    aqtest::writeBytes(f.iniPath(), "no equals sign here\r\n");
+    aq::ini(f.app, "Load");
+    EXPECT_EQ(f.app.settingsText, "chkAutoName.Value = 1\r\n");
+    aqtest::writeBytes(f.iniPath(), "");
+    aq::ini(f.app, "Load");
+    EXPECT_EQ(f.app.settingsText, "chkAutoName.Value = 1\r\n");
+    aqtest::writeBytes(f.iniPath(), "chkNowName.Value = 0");
+    aq::ini(f.app, "Load");
+    EXPECT_EQ(f.app.settingsText, "chkNowName.Value = 0");
+    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+}
+
+TEST(Settings, BusyOrUnknownVerbsDoNothing) {
+    Fixture f;
+    f.app.uiBusy = true;
+    aq::ini(f.app, "Set");
+    EXPECT_EQ(f.app.settingsText, "");
+    EXPECT_TRUE(f.app.uiBusy);
+    f.app.uiBusy = false;
+    aq::ini(f.app, "Fetch");
+    EXPECT_EQ(f.app.settingsText, "");
+}
+
+TEST(Settings, FileErrorsAreShownInTheProgramsWords) {
+    Fixture f;
+    std::filesystem::create_directory(f.iniPath());  // a folder where the file should be
+    f.ui.message("Error opening " + f.iniPath() + ", error: Is a directory", "Aquarium File Manager - Load File");
+    aq::ini(f.app, "Load");
+    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    f.app.settingsText = "x = 1";
+    f.ui.script.push_back({"message", "Aquarium File Manager - Save Text File", "*"});
+    aq::ini(f.app, "Save");
+    ASSERT_EQ(f.ui.seen.size(), 2u);
+    EXPECT_EQ(f.ui.seen[1].text.rfind("Error opening " + f.iniPath() + ", error: ", 0), 0u);
+    EXPECT_EQ(f.ui.waitDepth, 0);
+}
+
+TEST(Settings, StartupChecksAllAndRestoresTheControlsWithoutAFile) {
+    Fixture f;
+    aq::startupSettings(f.app);
+    for (int i = 0; i < 8; ++i) EXPECT_TRUE(f.app.archive.lstArchive.checked(i)) << i;
+    EXPECT_EQ(f.app.archive.chkDeleteOriginal, 1);
+    EXPECT_EQ(f.app.archive.chkNowName, 1);
+
+    Fixture g;
+    aqtest::writeBytes(g.iniPath(), "lstArchive.Selected(0) = False\r\nchkNowName.Value = 0\r\n");
+    aq::startupSettings(g.app);
+    EXPECT_FALSE(g.app.archive.lstArchive.checked(0));
+    EXPECT_TRUE(g.app.archive.lstArchive.checked(1));
+    EXPECT_EQ(g.app.archive.chkNowName, 0);
+    EXPECT_EQ(g.app.archive.chkDeleteOriginal, 2);  // the file does not name it: the third state stays
+}
+
+}  // namespace
