@@ -3,35 +3,27 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "generator/Random.h"
 #include "pool/PoolOps.h"
+#include "shell/FileNames.h"
+#include "shell/Paths.h"
 
 namespace aq::series {
 
-std::string joinPath(const std::string& folder, const std::string& name) {
-    if (folder.empty()) return name;
-    if (folder.back() == '/') return folder + name;
-    return folder + "/" + name;
-}
+std::string joinPath(const std::string& folder, const std::string& name) { return aq::joinPath(folder, name); }
 
-std::string folderOfPath(const std::string& path) {
-    auto cut = path.find_last_of('/');
-    if (cut == std::string::npos) return "";
-    return cut == 0 ? "/" : path.substr(0, cut);
-}
+std::string folderOfPath(const std::string& path) { return aq::folderOfPath(path); }
 
-std::string fileNameOfPath(const std::string& path) {
-    auto cut = path.find_last_of('/');
-    return cut == std::string::npos ? path : path.substr(cut + 1);
-}
+std::string fileNameOfPath(const std::string& path) { return aq::fileNameOfPath(path); }
 
 std::string locateSourceFile(App& app, const std::string& folder, const std::string& name,
                              const std::string& extension, const std::string& description, const std::string& title) {
-    return app.ui.ChooseOpenFile(folder, name, extension, description, title);
+    return aq::locateSourceFile(app, folder, name, extension, description, title);
 }
 
 std::string locateDestFile(App& app, const std::string& folder, const std::string& name, const std::string& extension,
                            const std::string& description, const std::string& title) {
-    return app.ui.ChooseSaveFile(folder, name, extension, description, title);
+    return aq::locateDestFile(app, folder, name, extension, description, title);
 }
 
 // The pool file's drifters and food go behind those of workPool, up to 2000 of each,
@@ -79,6 +71,6 @@ void drainEdgeEnergy(App&) {}
 int countYoungerThan(App&, double) { return 0; }
 void deleteStarters(App&, double) {}
 void poolMutants(App&, bool, bool, bool, bool, bool, bool, bool, bool) {}
-void reseedRandomFromClock(App&) {}
+void reseedRandomFromClock(App& app) { RandomReseed(app.clock.secondsSinceMidnight()); }
 
 }  // namespace aq::series
