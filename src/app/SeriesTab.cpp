@@ -153,6 +153,7 @@ public:
                                    static_cast<QAbstractButton*>(continue_), static_cast<QAbstractButton*>(overwrite_)})
             connect(b, &QAbstractButton::toggled, this, [this] { readOptions(); });
         app_.series.onChange = [this] { showControls(); };
+        w.installEventFilter(this);
         showControls();
     }
 
@@ -166,9 +167,16 @@ protected:
     void hideEvent(QHideEvent* e) override {
         TabFrame::hideEvent(e);
         // Minimising the window is not leaving the tab.
-        if (!e->spontaneous()) app_.series.controls.frameVisible = false;
+        if (!e->spontaneous() && !closing_) app_.series.controls.frameVisible = false;
     }
     bool eventFilter(QObject* watched, QEvent* e) override {
+        // Closing the window ends a running series the way Stop does; the frame
+        // counts as on show so the series sees the stop and closes the simulator.
+        if (watched == &window_ && e->type() == QEvent::Close && !app_.series.controls.nowEnabled) {
+            closing_ = true;
+            aq::cmdCreateSeriesStopClick(app_);
+            app_.series.controls.frameVisible = true;
+        }
         if (e->type() == QEvent::Enter)
             for (auto& [widget, text] : helpTexts_)
                 if (widget == watched) help_->setText(text);
@@ -231,6 +239,7 @@ private:
     QLabel* help_;
     std::vector<std::pair<QWidget*, const char*>> helpTexts_;
     std::string lastFocus_;
+    bool closing_ = false;
 };
 
 }  // namespace
