@@ -117,8 +117,8 @@ public:
         auto* existsLayout = new QVBoxLayout(exists);
         prompt_ = option("optionCreateSeriesPrompt",
                          "Start series from the beginning and prompt before over-writing files.", existsLayout);
-        continue_ = option("optionContinueSeries", "Continue evolving the series and don't over-write files",
-                           existsLayout);
+        continue_ =
+            option("optionContinueSeries", "Continue evolving the series and don't over-write files", existsLayout);
         overwrite_ = option("optionCreateSeriesOverwrite",
                             "Start series from the beginning and over-write files without asking.", existsLayout);
         continue_->setChecked(true);
@@ -145,7 +145,8 @@ public:
             QAction* action = w.menuItem(m.name);
             if (!action) continue;
             app_.series.options.*m.field = action->isChecked();
-            connect(action, &QAction::toggled, this, [this, field = m.field](bool on) { app_.series.options.*field = on; });
+            connect(action, &QAction::toggled, this,
+                    [this, field = m.field](bool on) { app_.series.options.*field = on; });
         }
         readOptions();
         for (QAbstractButton* b : {static_cast<QAbstractButton*>(plague_), static_cast<QAbstractButton*>(getSuc_),

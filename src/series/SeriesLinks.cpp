@@ -16,8 +16,8 @@ std::string folderOfPath(const std::string& path) { return aq::folderOfPath(path
 
 std::string fileNameOfPath(const std::string& path) { return aq::fileNameOfPath(path); }
 
-std::string locateSourceFile(App& app, const std::string& folder, const std::string& name,
-                             const std::string& extension, const std::string& description, const std::string& title) {
+std::string locateSourceFile(App& app, const std::string& folder, const std::string& name, const std::string& extension,
+                             const std::string& description, const std::string& title) {
     return aq::locateSourceFile(app, folder, name, extension, description, title);
 }
 

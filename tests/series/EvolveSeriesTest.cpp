@@ -1,11 +1,10 @@
-#include "series/EvolveSeries.h"
-
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
 #include "SeriesFakes.h"
 #include "pool/PoolFile.h"
+#include "series/EvolveSeries.h"
 #include "support/PoolFixtures.h"
 #include "support/TempDir.h"
 
@@ -248,8 +247,9 @@ TEST(EvolveSeries, MessagesThatEndTheSeries) {
         r.choose(r.seriesFile);
         r.ui.message("Unable to start Aquarium.  Please select the correct Aquarium path and try again. " +
                      r.app.comboAquariumPath + "/Aquarium.exe")
-            .message("Aquarium could not be found at the specified location.  Please select the correct Aquarium "
-                     "program path in the field provided.");
+            .message(
+                "Aquarium could not be found at the specified location.  Please select the correct Aquarium "
+                "program path in the field provided.");
         r.run();
         r.expectFinished();
         EXPECT_FALSE(r.has("pool0.aqp"));

@@ -11,8 +11,8 @@
 
 #include "pool/PoolFile.h"
 #include "series/AqRun.h"
-#include "series/Simulator.h"
 #include "series/EvolveSeries.h"
+#include "series/Simulator.h"
 #include "support/PoolFixtures.h"
 #include "support/ScriptedUi.h"
 #include "support/TempDir.h"
