@@ -262,3 +262,24 @@ TEST(EvolveSeries, MessagesThatEndTheSeries) {
         EXPECT_EQ(r.sim.tried.size(), 0u);
     }
 }
+
+TEST(EvolveSeries, LostSimulatorOnAnotherTabDoesNotEndTheSeries) {
+    Rig r;
+    r.sim.windowAfter = 1e9;  // the window never turns up, so the simulator counts as lost
+    r.app.series.controls.frameVisible = false;
+    r.app.series.controls.sliderTimeDelay = 60;
+    r.ui.onYield = [&] {
+        if (r.sim.starts >= 2) {
+            r.app.series.controls.frameVisible = true;  // the user comes back to the tab
+            if (r.app.series.controls.stopEnabled) aq::cmdCreateSeriesStopClick(r.app);
+        }
+    };
+    r.choose(r.seriesFile);
+    r.run();
+    EXPECT_TRUE(r.ui.done()) << r.ui.report();
+    EXPECT_EQ(r.sim.starts, 2);
+    // The run went its full time, and the pool, never taken up, went on unchanged.
+    ASSERT_TRUE(r.has("pool0.aqp"));
+    EXPECT_EQ(r.load("pool0.aqp").clock, 77);
+    EXPECT_TRUE(r.app.series.controls.nowEnabled);
+}
