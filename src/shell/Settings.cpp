@@ -109,7 +109,7 @@ void applyLine(App& app, const std::string& key, const std::string& value) {
             return;
         }
     void (*setters[3])(App&, const std::string&, std::int16_t) = {comboAquariumPath_set, comboDrifterPath_set,
-                                                                   comboPoolPath_set};
+                                                                  comboPoolPath_set};
     std::string* texts[3] = {&app.comboAquariumPath, &app.comboDrifterPath, &app.comboPoolPath};
     for (int b = 0; b < 3; ++b) {
         if (key == std::string(kBoxKeys[b]) + ".ListItem") return setters[b](app, value, -1);

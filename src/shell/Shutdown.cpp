@@ -20,7 +20,8 @@ void closeProgram(App& app) {
         if (a == Answer::Yes) {
             std::string path;
             if (!app.openPoolPath.empty()) {
-                Answer over = app.ui.AskYesNoCancel("Would you like to save over " + app.openPoolPath, "Save Speciated Pool");
+                Answer over =
+                    app.ui.AskYesNoCancel("Would you like to save over " + app.openPoolPath, "Save Speciated Pool");
                 if (over == Answer::Cancel) return;
                 if (over == Answer::Yes)
                     path = app.openPoolPath;
