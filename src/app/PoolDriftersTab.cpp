@@ -4,9 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
-#include <QMessageBox>
 #include <QMouseEvent>
-#include <QPointer>
 #include <QProgressBar>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -75,7 +73,6 @@ public:
             aq::setSpeciatePoolSliders(app_);
             refresh();
         };
-        if (!app_.showNotice) app_.showNotice = [this](const std::string& text) { showNotice(text); };
         // Picks up what the timer's background phases changed, once they have run.
         connect(&w.multiTaskTimer(), &QTimer::timeout, this, [this] { refresh(); }, Qt::QueuedConnection);
         refresh();
@@ -177,24 +174,12 @@ private:
         refresh();
     }
 
-    // A stand-in notice: shown without waiting, gone with its OK button.
-    void showNotice(const std::string& text) {
-        if (!notice_) {
-            notice_ = new QMessageBox(QMessageBox::Information, "Note:", "", QMessageBox::Ok, this);
-            notice_->setObjectName("dlgNotification");
-            notice_->setModal(false);
-        }
-        notice_->setText(QString::fromStdString(text));
-        notice_->show();
-    }
-
     QListView* list_;
     QProgressBar* bar_;
     QScrollBar* scroll_ = nullptr;
     QLineEdit* text_ = nullptr;
     QSlider *sliderX_ = nullptr, *sliderY_ = nullptr, *sliderW_ = nullptr, *sliderH_ = nullptr;
     QLabel *lblX_ = nullptr, *lblY_ = nullptr, *lblW_ = nullptr, *lblH_ = nullptr;
-    QPointer<QMessageBox> notice_;
 };
 
 }  // namespace

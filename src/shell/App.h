@@ -93,8 +93,6 @@ struct App {
     SliderState SliderSpeciatePoolDrifterHeight{20, 8000, 20, 399, true};
     bool lblSpeciatePoolDrifterX = true, lblSpeciatePoolDrifterY = true;
     bool lblSpeciatePoolDrifterWidth = true, lblSpeciatePoolDrifterHeight = true;
-    // Shows the notice window with a text, without waiting for it.
-    std::function<void(const std::string&)> showNotice;
     // Pool series: its options, the run controls of its tab and the simulator.
     SeriesState series;
 
