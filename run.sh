@@ -4,5 +4,5 @@ set -euo pipefail
 cd "$(dirname "$0")"
 scripts/setup.sh
 cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=Release >/dev/null
-cmake --build build --target AqFileManager aqfm
+cmake --build build --target AqFileManager aqfm demo_folder
 exec build/AqFileManager "$@"

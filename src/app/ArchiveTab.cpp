@@ -45,8 +45,8 @@ public:
         chkDeleteOriginal_ = check("chkDeleteOriginal", "Delete Original After Making Copy",
                                    "This causes the Copy function to essentially act as a Move function.");
         chkDeleteOriginal_->setTristate(true);
-        chkAutoName_ = check("chkAutoName", "Auto-name Archive Copies.",
-                             "Saves you from having to specify a name for each file.");
+        chkAutoName_ =
+            check("chkAutoName", "Auto-name Archive Copies.", "Saves you from having to specify a name for each file.");
         chkNowName_ = check("chkNowName", "Using Date and Time",
                             "If checkmarked, filenames will be automatically generated based on the current date and "
                             "time. Otherwise, a simple numbering scheme will be used.");
@@ -95,7 +95,8 @@ public:
         }
         // A click walks off, on, and never back to the third state, as the box always did.
         connect(chkDeleteOriginal_, &QCheckBox::clicked, this, [this] {
-            if (chkDeleteOriginal_->checkState() == Qt::PartiallyChecked) chkDeleteOriginal_->setCheckState(Qt::Checked);
+            if (chkDeleteOriginal_->checkState() == Qt::PartiallyChecked)
+                chkDeleteOriginal_->setCheckState(Qt::Checked);
         });
         if (auto* tabs = w.findChild<QTabWidget*>("TabStrip1")) {
             tabs->tabBar()->setMouseTracking(true);

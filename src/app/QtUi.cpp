@@ -36,17 +36,23 @@ aq::Answer ask(QWidget* parent, const std::string& text, const std::string& titl
     QMessageBox box(QMessageBox::Question, QString::fromStdString(title), messageText(text), buttons, parent);
     box.setDefaultButton(def);
     switch (box.exec()) {
-        case QMessageBox::Yes: return aq::Answer::Yes;
-        case QMessageBox::No: return aq::Answer::No;
-        case QMessageBox::Ok: return aq::Answer::Ok;
-        case QMessageBox::Retry: return aq::Answer::Retry;
-        default: return aq::Answer::Cancel;
+        case QMessageBox::Yes:
+            return aq::Answer::Yes;
+        case QMessageBox::No:
+            return aq::Answer::No;
+        case QMessageBox::Ok:
+            return aq::Answer::Ok;
+        case QMessageBox::Retry:
+            return aq::Answer::Retry;
+        default:
+            return aq::Answer::Cancel;
     }
 }
 }  // namespace
 
 void QtUi::ShowMessage(const std::string& text, const std::string& title) {
-    QMessageBox box(QMessageBox::Information, QString::fromStdString(title), messageText(text), QMessageBox::Ok, parent_);
+    QMessageBox box(QMessageBox::Information, QString::fromStdString(title), messageText(text), QMessageBox::Ok,
+                    parent_);
     box.exec();
 }
 
@@ -84,7 +90,8 @@ std::string chooseFile(QWidget* parent, bool save, const std::string& folder, co
     QStringList filters = nameFilters(extension, description);
     dlg.setNameFilters(filters);
     if (filters.size() > 1) dlg.selectNameFilter(filters[1]);
-    if (!folder.empty() && QDir(QString::fromStdString(folder)).exists()) dlg.setDirectory(QString::fromStdString(folder));
+    if (!folder.empty() && QDir(QString::fromStdString(folder)).exists())
+        dlg.setDirectory(QString::fromStdString(folder));
     if (!name.empty()) dlg.selectFile(QString::fromStdString(name));
     if (dlg.exec() != QDialog::Accepted || dlg.selectedFiles().isEmpty()) return {};
     return QDir::toNativeSeparators(dlg.selectedFiles().first()).toStdString();

@@ -118,8 +118,8 @@ void cmdCopyToArchive(App& app) {
                                        ? k.filePrefix + nowText + " #" + std::to_string(i + 1) + k.fileExt
                                        : uniqueFileName(destFolder, srcName);
             auto askName = [&](const std::string& verb) {
-                destName = locateDestFile(app, destFolder, destName, k.dialogExt, k.dialogDesc,
-                                          verb + srcName + " to:");
+                destName =
+                    locateDestFile(app, destFolder, destName, k.dialogExt, k.dialogDesc, verb + srcName + " to:");
                 if (holdsFolder(destName)) SplitPath(destName, destFolder, destName);
             };
             if (opt.chkAutoName == 0) askName(deleting ? "Move " : "Copy ");
@@ -199,9 +199,9 @@ void cmdReplaceFromArchive(App& app) {
             ask();
             bool givenUp = srcName.empty();
             while (!givenUp && !fileExists(joinPath(srcFolder, srcName))) {
-                Answer a = app.ui.AskOkCancel(joinPath(srcFolder, srcName) +
-                                                  " could not be found.  Please select a different source file.",
-                                              "File Not Found");
+                Answer a = app.ui.AskOkCancel(
+                    joinPath(srcFolder, srcName) + " could not be found.  Please select a different source file.",
+                    "File Not Found");
                 if (a == Answer::Cancel) {
                     givenUp = true;
                 } else {
@@ -220,8 +220,8 @@ void cmdReplaceFromArchive(App& app) {
                         fs::remove(live, del);
                     }
                 } else if (!(isMissing(ec) && !fileExists(live))) {
-                    app.ui.ShowMessage("Error #" + std::to_string(errorNumber(ec, fileExists(live))) + " attempting to backup " +
-                                           srcName + ": " + ec.message(),
+                    app.ui.ShowMessage("Error #" + std::to_string(errorNumber(ec, fileExists(live))) +
+                                           " attempting to backup " + srcName + ": " + ec.message(),
                                        "Aquarium File Manager - Replace from Archive, Backup");
                     ++backupErrors;
                 }

@@ -1,6 +1,7 @@
 #include "cli/CliSupport.h"
 
 #include <cmath>
+#include <iostream>
 
 #include "cli/Cli.h"
 #include "pool/PoolFile.h"
@@ -16,6 +17,11 @@ int readPoolOrFail(const std::string& path, aq::Pool& pool) {
         case aq::PoolReadStatus::Error: break;
     }
     return fail("Error opening " + path + ", error: " + r.error);
+}
+
+void CliUi::ShowMessage(const std::string& text, const std::string& title) {
+    ++messages;
+    std::cerr << (title == aq::kAppTitle ? "" : title + ": ") << text << "\n";
 }
 
 int depthOption(const Args& a, int fallback) {

@@ -10,6 +10,7 @@
 #include "archive/ArchiveOptions.h"
 #include "dnaeditor/DnaFolder.h"
 #include "pool/Records.h"
+#include "series/SeriesState.h"
 #include "shell/CheckList.h"
 #include "shell/Clock.h"
 #include "shell/Notice.h"
@@ -93,8 +94,24 @@ struct App {
     SliderState SliderSpeciatePoolDrifterHeight{20, 8000, 20, 399, true};
     bool lblSpeciatePoolDrifterX = true, lblSpeciatePoolDrifterY = true;
     bool lblSpeciatePoolDrifterWidth = true, lblSpeciatePoolDrifterHeight = true;
-    // Shows the notice window with a text, without waiting for it.
-    std::function<void(const std::string&)> showNotice;
+    // The selection sentence after comboSpeciatePoolGroup0: Bool0, Group1, Bool1, Group2,
+    // Bool2, Group3 (-1: nothing selected), and which of the seven controls are enabled.
+    int comboSpeciatePoolSentence[6] = {-1, 13, -1, 6, -1, 8};
+    bool poolSentenceEnabled[7] = {true, true, false, false, false, false, false};
+
+    // Food editor: the group mode, the proximity threshold controls and the four
+    // sliders of the food selection box.
+    int comboFoodGroup = 1;  // 0 individual, 1 family, 2 proximity
+    int scrollFoodThreshold = 888;
+    std::string txtFoodThreshold = "88.8";
+    SliderState SliderFoodX{-4000, 4000, 0, 400, true};
+    SliderState SliderFoodY{-4000, 4000, 0, 400, true};
+    SliderState SliderFoodWidth{20, 8000, 20, 399, true};
+    SliderState SliderFoodHeight{20, 8000, 20, 399, true};
+    bool lblFoodX = true, lblFoodY = true, lblFoodWidth = true, lblFoodHeight = true;
+
+    // Pool series: its options, the run controls of its tab and the simulator.
+    SeriesState series;
 
     // Called after an operation changed state that widgets other than the lists show.
     std::function<void()> onStateChanged;

@@ -3,6 +3,10 @@
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
+// GCC 12 reports std::regex's own std::function members as maybe uninitialized at -O1.
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#endif
 #include <regex>
 
 #include "shell/Paths.h"
@@ -26,8 +30,7 @@ std::string regexReplace(const std::string& text, const std::string& pattern, co
 std::string nowFileName(App& app) {
     Clock::DateTime t = app.clock.now();
     char buf[64];
-    std::snprintf(buf, sizeof buf, "%04d-%02d-%02d %02d:%02d:%02d", t.year, t.month, t.day, t.hour, t.minute,
-                  t.second);
+    std::snprintf(buf, sizeof buf, "%04d-%02d-%02d %02d:%02d:%02d", t.year, t.month, t.day, t.hour, t.minute, t.second);
     std::string s = buf;
     for (char& c : s)
         if (c == ':') c = '\'';
@@ -154,8 +157,8 @@ std::string locateDestFile(App& app, const std::string& folder, const std::strin
     return runFileDialog(app, DialogKind::Save, folder, name, extension, description, title);
 }
 
-std::string locateSourceFile(App& app, const std::string& folder, const std::string& name,
-                             const std::string& extension, const std::string& description, const std::string& title) {
+std::string locateSourceFile(App& app, const std::string& folder, const std::string& name, const std::string& extension,
+                             const std::string& description, const std::string& title) {
     return runFileDialog(app, DialogKind::Open, folder, name, extension, description, title);
 }
 

@@ -30,7 +30,7 @@ std::string fileDialogFilter(const std::string& extension, const std::string& de
 std::string locateDestFile(App& app, const std::string& folder, const std::string& name, const std::string& extension,
                            const std::string& description, const std::string& title);
 // Asks for a file to read; the callers test that it exists. "" when cancelled.
-std::string locateSourceFile(App& app, const std::string& folder, const std::string& name,
-                             const std::string& extension, const std::string& description, const std::string& title);
+std::string locateSourceFile(App& app, const std::string& folder, const std::string& name, const std::string& extension,
+                             const std::string& description, const std::string& title);
 
 }  // namespace aq

@@ -156,11 +156,10 @@ void AttemptAqQuickFind(App& app) {
             const char* name;
             const char* pattern;
         };
-        const Candidate candidates[8] = {
-            {base, "Aquarium", "Aquarium5*.exe"}, {base, "Aquarium5", "Aquarium*.exe"},
-            {base, "Aquarium4", "Aquarium*.exe"}, {base, "Aquarium4.1", "Aquarium*.exe"},
-            {root, "Aquarium", "Aquarium*.exe"},  {root, "Aquarium5", "Aquarium*.exe"},
-            {root, "Aquarium4", "Aquarium*.exe"}, {root, "Aquarium4.1", "Aquarium*.exe"}};
+        const Candidate candidates[8] = {{base, "Aquarium", "Aquarium5*.exe"}, {base, "Aquarium5", "Aquarium*.exe"},
+                                         {base, "Aquarium4", "Aquarium*.exe"}, {base, "Aquarium4.1", "Aquarium*.exe"},
+                                         {root, "Aquarium", "Aquarium*.exe"},  {root, "Aquarium5", "Aquarium*.exe"},
+                                         {root, "Aquarium4", "Aquarium*.exe"}, {root, "Aquarium4.1", "Aquarium*.exe"}};
         for (const Candidate& c : candidates) {
             std::string path = childPath(c.folder, c.name);
             if (filePatternExists(path, c.pattern)) probe(app, home, path);

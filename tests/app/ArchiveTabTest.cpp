@@ -5,6 +5,8 @@
 #include <QListView>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QtTest>
 #include <filesystem>
 
@@ -34,7 +36,8 @@ private slots:
         QCOMPARE(list->model()->rowCount(), 8);
         QCOMPARE(list->model()->index(0, 0).data().toString(), QString("Drifter_1.DNA"));
         QCOMPARE(list->model()->index(7, 0).data().toString(), QString("Pool_4.AQP"));
-        for (int i = 0; i < 8; ++i) QCOMPARE(list->model()->index(i, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
+        for (int i = 0; i < 8; ++i)
+            QCOMPARE(list->model()->index(i, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
 
         auto* copy = w.findChild<QPushButton*>("cmdCopyToArchive");
         auto* del = w.findChild<QCheckBox*>("chkDeleteOriginal");
@@ -58,6 +61,8 @@ private slots:
         QCOMPARE(w.app().lastHelpMove, 1234.0);
         pointerOver(list);  // the list has no text: the line stays
         QVERIFY(help->text().startsWith("When you click the Move or Copy files to Archive button, if there is a"));
+        pointerOver(w.findChild<QTabWidget*>("TabStrip1")->tabBar());
+        QVERIFY(help->text().startsWith("Welcome to the Aquarium File Manager. Use the tabs at the top"));
 
         w.findChild<QPushButton*>("cmdLstArchiveAllPool")->click();
         QCOMPARE(w.app().archive.lstArchive.checkedCount(), 4);

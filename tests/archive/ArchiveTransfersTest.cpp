@@ -38,7 +38,9 @@ struct Fixture {
     void put(const std::string& folder, const std::string& name, const std::string& bytes) {
         aqtest::writeBytes(folder + "/" + name, bytes);
     }
-    std::string get(const std::string& folder, const std::string& name) { return aqtest::readBytes(folder + "/" + name); }
+    std::string get(const std::string& folder, const std::string& name) {
+        return aqtest::readBytes(folder + "/" + name);
+    }
     bool has(const std::string& folder, const std::string& name) { return fs::exists(folder + "/" + name); }
     void finish() { EXPECT_TRUE(ui.done()) << ui.report(); }
 };
@@ -87,7 +89,8 @@ TEST(ArchiveHelp, LineFollowsThePointer) {
     aq::archiveHelpMove(f.app, "lstArchive");  // no text of its own: the line keeps its text
     EXPECT_EQ(f.app.lastHelpMove, 500);
     aq::archiveHelpMove(f.app, "cmdReplaceFromArchive");
-    EXPECT_NE(f.app.archive.lblArchiveInstruct.find("destination filenames.\r\n\r\nThe copied files"), std::string::npos);
+    EXPECT_NE(f.app.archive.lblArchiveInstruct.find("destination filenames.\r\n\r\nThe copied files"),
+              std::string::npos);
     EXPECT_EQ(aq::archiveHelpText("cmdLstArchiveAllPool").substr(0, 60),
               "Click the button near the lower left corner of the Aquarium ");
 }

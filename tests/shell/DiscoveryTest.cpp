@@ -61,7 +61,7 @@ TEST(PathBoxes, PatternsIgnoreCaseAndProgramsNeedNoExe) {
         const char *folder, *pattern;
         bool found;
     } cases[] = {
-        {"Sim", "Aquarium5*.exe", true}, {"Sim", "aquarium*.EXE", true}, {"Bin", "Aquarium*.exe", true},
+        {"Sim", "Aquarium5*.exe", true},  {"Sim", "aquarium*.EXE", true}, {"Bin", "Aquarium*.exe", true},
         {"Bin", "Aquarium5*.exe", false}, {"Data", "*.dna", true},        {"Data", "*.aqp", false},
         {"Dirs", "aquarium*.exe", false}, {"Missing", "*.dna", false},    {"Data", "?.DNA", true},
     };
@@ -85,7 +85,7 @@ TEST(Discovery, SimulatorFoldersAtSeveralLevels) {
     f.app.programFolder = f.at("games/tools/fm");
     f.mkdir("games/tools/fm");
     f.touch("games/tools/Aquarium5/Aquarium.exe");  // beside the program, one level up
-    f.touch("games/Aquarium/aquarium5");           // "Aquarium" needs an Aquarium5 program
+    f.touch("games/Aquarium/aquarium5");            // "Aquarium" needs an Aquarium5 program
     f.touch("games/aquarium4.1/Aquarium41");        // capitals differ from the candidate
     f.touch("games/Aquarium5/x.txt");               // no program: not taken
     aq::AttemptAqQuickFind(f.app);
@@ -101,12 +101,9 @@ TEST(Discovery, TheFourPairs) {
         const char* file;
         const char *drifters, *pools;
     } cases[] = {
-        {"Drifters/a.dna", "Drifters", "Pools"},
-        {"Pools/a.AQP", "Drifters", "Pools"},
-        {"Drifter/a.DNA", "Drifter", "Pool"},
-        {"Pool/a.aqp", "Drifter", "Pool"},
-        {"Aquariums/a.aqp", "Drifts", "Aquariums"},
-        {"Drift/a.dna", "Drift", "Pool"},
+        {"Drifters/a.dna", "Drifters", "Pools"},    {"Pools/a.AQP", "Drifters", "Pools"},
+        {"Drifter/a.DNA", "Drifter", "Pool"},       {"Pool/a.aqp", "Drifter", "Pool"},
+        {"Aquariums/a.aqp", "Drifts", "Aquariums"}, {"Drift/a.dna", "Drift", "Pool"},
     };
     for (const Case& c : cases) {
         Fixture f;
@@ -188,7 +185,8 @@ TEST(Discovery, AnUnreadableFolderCountsAsNotFound) {
     f.app.programFolder = f.at("prog");
     f.touch("prog/Aquarium5/Aquarium.exe");
     fs::permissions(f.at("prog/Aquarium5"), fs::perms::none);
-    bool readable = fs::directory_iterator(f.at("prog/Aquarium5"), fs::directory_options::none) != fs::directory_iterator();
+    bool readable =
+        fs::directory_iterator(f.at("prog/Aquarium5"), fs::directory_options::none) != fs::directory_iterator();
     if (readable) GTEST_SKIP() << "running with rights that read any folder";
     aq::AttemptAqQuickFind(f.app);
     fs::permissions(f.at("prog/Aquarium5"), fs::perms::owner_all);

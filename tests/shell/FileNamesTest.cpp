@@ -25,9 +25,9 @@ TEST(FileNames, NowFileNameHoldsDateAndTimeWithoutColons) {
 TEST(FileNames, RegexReplace) {
     EXPECT_EQ(aq::regexReplace("a/b\\c|d", R"([\\|/])", "-"), "a-b-c-d");
     EXPECT_EQ(aq::regexReplace("a*b?\"<>", R"([*?"<>])", "_"), "a_b____");
-    EXPECT_EQ(aq::regexReplace("Abc", "a", "x"), "Abc");  // case-sensitive
+    EXPECT_EQ(aq::regexReplace("Abc", "a", "x"), "Abc");             // case-sensitive
     EXPECT_EQ(aq::regexReplace("one\ntwo", "^t", "T"), "one\nTwo");  // multi-line
-    EXPECT_EQ(aq::regexReplace("keep", "(", "x"), "keep");  // a broken pattern changes nothing
+    EXPECT_EQ(aq::regexReplace("keep", "(", "x"), "keep");           // a broken pattern changes nothing
 }
 
 TEST(FileNames, UniqueFileNameAlwaysNumbers) {
@@ -44,7 +44,9 @@ TEST(FileNames, NextNumberedNameSeries) {
         const char *name, *ext, *want;
     };
     const std::vector<std::vector<Step>> runs = {
-        {{"Pool_1.AQP", ".AQP", "Pool_2.AQP"}, {"Pool_2.AQP", ".AQP", "Pool_3.AQP"}, {"Pool_3.AQP", ".AQP", "Pool_4.AQP"}},
+        {{"Pool_1.AQP", ".AQP", "Pool_2.AQP"},
+         {"Pool_2.AQP", ".AQP", "Pool_3.AQP"},
+         {"Pool_3.AQP", ".AQP", "Pool_4.AQP"}},
         {{"Drifter_9.DNA", ".DNA", "Drifter_10.DNA"}},
         {{"Bar4.dna", ".AQP", "Bar5.AQP"}},
         {{"Foo.AQP", ".AQP", "Foo.AQP"}},
@@ -61,18 +63,9 @@ TEST(FileNames, NextNumberedNameSeries) {
     }
 }
 
-TEST(FileNames, EmptyNameChangesNothingRemembered) {
-    Fixture f;
-    aq::nextNumberedName(f.app, "", "Pool_1.AQP", ".AQP");
-    EXPECT_EQ(f.app.lastBase, "Pool_");
-    EXPECT_EQ(f.app.lastDigit, "1");
-    EXPECT_EQ(aq::nextNumberedName(f.app, "", "", ".AQP"), "");
-    EXPECT_EQ(f.app.lastBase, "Pool_");
-    EXPECT_EQ(f.app.lastDigit, "1");
-}
-
 TEST(FileNames, DialogFilters) {
-    EXPECT_EQ(aq::fileDialogFilter("txt", "x"), "All Files (*.*)|*.*|Text Files (*.txt)|*.txt|Batch Files (*.bat)|*.bat");
+    EXPECT_EQ(aq::fileDialogFilter("txt", "x"),
+              "All Files (*.*)|*.*|Text Files (*.txt)|*.txt|Batch Files (*.bat)|*.bat");
     EXPECT_EQ(aq::fileDialogFilter("", "x"), "All Files (*.*)|*.*|Text Files (*.txt)|*.txt");
     EXPECT_EQ(aq::fileDialogFilter(".AQP", "Pool Files"),
               "All Files (*.*)|*.*|Pool Files (*.aqp)|*.aqp|Text Files (*.txt)|*.txt");

@@ -12,8 +12,8 @@ TEST(Notice, FadesFiveSecondsAfterTheLastStirOnceBothListsAreFree) {
         double since;
         bool poolList, dnaList, fades;
     } cases[] = {
-        {5.0, true, true, false},  {5.1, true, true, true},   {60, false, true, false},
-        {60, true, false, false},  {0.5, true, true, false},  {60, true, true, true},
+        {5.0, true, true, false}, {5.1, true, true, true},  {60, false, true, false},
+        {60, true, false, false}, {0.5, true, true, false}, {60, true, true, true},
     };
     for (const Case& c : cases) {
         aqtest::ScriptedUi ui;
@@ -25,18 +25,6 @@ TEST(Notice, FadesFiveSecondsAfterTheLastStirOnceBothListsAreFree) {
         clock.advance(c.since);
         EXPECT_EQ(aq::noticeMayFade(app, stir), c.fades) << c.since << c.poolList << c.dnaList;
     }
-}
-
-TEST(Notice, AStirJustBeforeMidnightCountsAcrossIt) {
-    aqtest::ScriptedUi ui;
-    aqtest::ManualClock clock;
-    aq::App app(ui, clock);
-    clock.seconds = 86398.0;
-    double stir = clock.seconds;
-    clock.seconds = 2.0;
-    EXPECT_FALSE(aq::noticeMayFade(app, stir));
-    clock.seconds = 4.0;
-    EXPECT_TRUE(aq::noticeMayFade(app, stir));
 }
 
 }  // namespace

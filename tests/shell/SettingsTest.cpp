@@ -103,7 +103,7 @@ TEST(Settings, ReaderForgivesBlanksLineEndsAndGarbage) {
     EXPECT_FALSE(f.app.archive.lstArchive.checked(5));
     EXPECT_TRUE(f.app.archive.lstArchive.checked(1));
     EXPECT_TRUE(f.app.archive.lstArchive.checked(7));  // a shorter file leaves the rest alone
-    EXPECT_EQ(f.app.comboDrifterPath, "/a");          // "=" cuts a folder short
+    EXPECT_EQ(f.app.comboDrifterPath, "/a");           // "=" cuts a folder short
     EXPECT_EQ(f.app.comboPoolPathItems, std::vector<std::string>{"/P"});
     EXPECT_EQ(f.app.comboPoolPath, "/P");
 }
@@ -123,17 +123,6 @@ TEST(Settings, LoadKeepsTheTextWhenTheFileHoldsNoSettings) {
     aq::ini(f.app, "Load");
     EXPECT_EQ(f.app.settingsText, "chkNowName.Value = 0");
     EXPECT_TRUE(f.ui.done()) << f.ui.report();
-}
-
-TEST(Settings, BusyOrUnknownVerbsDoNothing) {
-    Fixture f;
-    f.app.uiBusy = true;
-    aq::ini(f.app, "Set");
-    EXPECT_EQ(f.app.settingsText, "");
-    EXPECT_TRUE(f.app.uiBusy);
-    f.app.uiBusy = false;
-    aq::ini(f.app, "Fetch");
-    EXPECT_EQ(f.app.settingsText, "");
 }
 
 TEST(Settings, FileErrorsAreShownInTheProgramsWords) {

@@ -1,0 +1,86 @@
+#pragma once
+// An in-process simulator and a Ui whose yields move a manual clock, so whole series
+// run in virtual time.
+#include <functional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "pool/PoolFile.h"
+#include "series/AqRun.h"
+#include "series/Simulator.h"
+#include "support/ManualClock.h"
+#include "support/ScriptedUi.h"
+
+namespace aqtest {
+
+class FakeSimulator : public aq::Simulator {
+public:
+    std::set<std::string> executables;  // paths that start
+    std::vector<std::string> tried;     // every path start was asked for
+    std::vector<std::string> closes;    // "close <window>" in order
+    std::string folderSeen;
+    ManualClock* clock = nullptr;
+    double windowAfter = 1.0;  // seconds from start until the window is up
+    double diesAfter = -1;     // seconds from start until the process dies; < 0 never
+    std::function<void(aq::Pool&)> evolve = [](aq::Pool& p) {
+        p.clock += 100;
+        for (int i = 0; i < p.drifterCount; ++i) p.drifters[static_cast<std::size_t>(i)].age += 100;
+    };
+    int starts = 0;
+    bool overlap = false;  // a start came while the last one still ran
+
+    std::uint32_t start(const std::string& exe, const std::string& folder) override {
+        tried.push_back(exe);
+        if (!executables.count(exe)) return 0;
+        if (running) overlap = true;
+        folderSeen = folder;
+        ++starts;
+        pid = 1000 + static_cast<std::uint32_t>(starts);
+        startedAt = clock->seconds;
+        running = true;
+        return pid;
+    }
+    std::uint32_t findWindow(std::uint32_t processId) override {
+        if (!running || processId != pid) return 0;
+        double age = clock->seconds - startedAt;
+        if (diesAfter >= 0 && age >= diesAfter) {
+            running = false;
+            return 0;
+        }
+        return age >= windowAfter ? pid + 5000 : 0;
+    }
+    void close(std::uint32_t window) override {
+        closes.push_back("close " + std::to_string(window));
+        if (!running || window != pid + 5000) return;
+        std::string path = folderSeen + "/" + aq::kHandOverFileName;
+        aq::Pool p;
+        if (aq::readPool(path, p).status == aq::PoolReadStatus::Ok) {
+            evolve(p);
+            aq::writePool(path, p);
+        }
+        running = false;
+    }
+    bool isRunning() const { return running; }
+
+private:
+    std::uint32_t pid = 0;
+    double startedAt = 0;
+    bool running = false;
+};
+
+// Each yield moves the clock on and gives the test a chance to press a button.
+class TickingUi : public ScriptedUi {
+public:
+    ManualClock& clock;
+    double step = 0.5;
+    std::function<void()> onYield;
+    explicit TickingUi(ManualClock& c) : clock(c) {}
+    void YieldToUi() override {
+        ScriptedUi::YieldToUi();
+        clock.advance(step);
+        if (onYield) onYield();
+    }
+};
+
+}  // namespace aqtest

@@ -1,0 +1,203 @@
+#include <gtest/gtest.h>
+
+#include "pool/PoolFile.h"
+#include "series/SeriesNames.h"
+#include "support/ManualClock.h"
+#include "support/PoolFixtures.h"
+#include "support/ScriptedUi.h"
+#include "support/TempDir.h"
+
+using namespace aqtest;
+
+TEST(SeriesNames, NextParent) {
+    struct Case {
+        std::string suffix;
+        bool branching;
+        std::string next;
+    } cases[] = {
+        {"", true, "0"},       {"", false, "1"},      {"9", true, "00"},  {"9", false, "10"},
+        {"099", true, "100"},  {"999", true, "0000"}, {"23", true, "24"}, {"09", true, "10"},
+        {"099", false, "100"}, {"00", true, "01"},    {"0", true, "1"},   {"19", false, "20"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(aq::getNextParent(c.suffix, c.branching), c.next) << c.suffix << (c.branching ? " branching" : "");
+}
+
+TEST(SeriesNames, OffspringPaths) {
+    struct Case {
+        std::string file, suffix;
+        int child;
+        bool branching;
+        std::string path;
+    } cases[] = {
+        {"/d/pool.aqp", "23", 1, true, "/d/pool24.aqp"},  {"/d/pool.aqp", "23", 0, true, "/d/pool230.aqp"},
+        {"/d/pool.aqp", "23", 0, false, "/d/pool24.aqp"}, {"/d/pool.aqp", "23", 1, false, ""},
+        {"/d/pool.aqp", "", 0, true, "/d/pool0.aqp"},     {"/d/pool.aqp", "", 1, true, ""},
+        {"/d/pool.aqp", "99", 0, true, "/d/pool990.aqp"}, {"/d/pool.aqp", "99", 1, true, ""},
+        {"/d/pool", "", 0, true, "/d/pool0.aqp"},         {"/d/a.b.AQP", "5", 1, true, "/d/a.b6.AQP"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(aq::getOffspringSpec(c.file, c.suffix, c.child, c.branching), c.path)
+            << c.file << " " << c.suffix << " " << c.child;
+    EXPECT_EQ(aq::seriesFileName("/d/pool", ""), "/d/pool.aqp");
+    EXPECT_EQ(aq::seriesFileName("/d/pool.aqp", "099"), "/d/pool099.aqp");
+}
+
+TEST(SeriesNames, BranchingRunFromPoolAqp) {
+    // Each parent, in the order the series takes them, with its children.
+    std::vector<std::string> lines;
+    std::string suffix;
+    for (int k = 0; k < 13; ++k) {
+        std::string line = "pool" + suffix + ":";
+        for (int child = 0; child < 2; ++child) {
+            std::string p = aq::getOffspringSpec("/d/pool.aqp", suffix, child, true);
+            if (!p.empty()) line += " " + p.substr(3);
+        }
+        lines.push_back(line);
+        suffix = aq::getNextParent(suffix, true);
+    }
+    std::vector<std::string> expected = {"pool: pool0.aqp",
+                                         "pool0: pool00.aqp pool1.aqp",
+                                         "pool1: pool10.aqp pool2.aqp",
+                                         "pool2: pool20.aqp pool3.aqp",
+                                         "pool3: pool30.aqp pool4.aqp",
+                                         "pool4: pool40.aqp pool5.aqp",
+                                         "pool5: pool50.aqp pool6.aqp",
+                                         "pool6: pool60.aqp pool7.aqp",
+                                         "pool7: pool70.aqp pool8.aqp",
+                                         "pool8: pool80.aqp pool9.aqp",
+                                         "pool9: pool90.aqp",
+                                         "pool00: pool000.aqp pool01.aqp",
+                                         "pool01: pool010.aqp pool02.aqp"};
+    EXPECT_EQ(lines, expected);
+}
+
+TEST(SeriesNames, MissingOffspring) {
+    TempDir dir;
+    std::string file = dir.file("pool.aqp");
+    EXPECT_FALSE(aq::isOffspringMissing(file, "99", 1, true));
+    EXPECT_FALSE(aq::isOffspringMissing(file, "", 1, true));
+    EXPECT_FALSE(aq::isOffspringMissing(file, "3", 1, false));  // a plain series has no child 1
+    EXPECT_TRUE(aq::isOffspringMissing(file, "99", 0, true));
+    writeBytes(dir.file("pool990.aqp"), "x");
+    EXPECT_FALSE(aq::isOffspringMissing(file, "99", 0, true));
+    EXPECT_TRUE(aq::isOffspringMissing(file, "23", 1, true));
+    writeBytes(dir.file("pool24.aqp"), "x");
+    EXPECT_FALSE(aq::isOffspringMissing(file, "23", 1, true));
+    EXPECT_TRUE(aq::isOffspringMissing(file, "23", 0, true));
+}
+
+namespace {
+
+// A pool whose drifter i has every gene equal to genes[i].
+aq::Pool genePool(std::vector<int> genes) {
+    aq::Pool p = makePool(static_cast<int>(genes.size()), 3);
+    for (std::size_t i = 0; i < genes.size(); ++i) {
+        std::memset(p.drifters[i].genes, genes[i], aq::kGeneCount);
+        p.drifters[i].id = 100 + static_cast<int>(i);
+    }
+    return p;
+}
+
+std::vector<int> ids(const aq::Pool& p) {
+    std::vector<int> r;
+    for (int i = 0; i < p.drifterCount; ++i) r.push_back(p.drifters[static_cast<std::size_t>(i)].id);
+    return r;
+}
+
+}  // namespace
+
+TEST(SeriesSplit, HalvesByDistanceToTheTwoSeeds) {
+    struct Case {
+        std::vector<int> genes;
+        std::vector<int> half0, half1;
+    } cases[] = {
+        // All equal: the first pair (1, 0) seeds, ties alternate beginning with half 0.
+        {{7, 7, 7, 7, 7}, {100, 102, 104}, {101, 103}},
+        // Two drifters: each to its seed's half, filled up to two with a copy of the seed.
+        {{1, 2}, {101, 101}, {100, 100}},
+        // The seed with the larger gene sum leads half 0.
+        {{5, 9, 5, 9, 1}, {101, 103, 104}, {100, 102}},
+    };
+    for (const auto& c : cases) {
+        aq::Pool h0, h1;
+        aq::splitPopulation(genePool(c.genes), 100, h0, h1);
+        EXPECT_EQ(ids(h0), c.half0);
+        EXPECT_EQ(ids(h1), c.half1);
+    }
+}
+
+namespace {
+
+struct SaveRig {
+    ManualClock clock;
+    ScriptedUi ui;
+    aq::App app{ui, clock};
+    TempDir dir;
+    std::string file = dir.file("pool.aqp");
+    SaveRig() {
+        app.workPool = genePool({1, 2, 1, 2});
+        app.openPool = genePool({3});
+    }
+    std::vector<int> idsIn(const std::string& name) {
+        aq::Pool p;
+        if (aq::readPool(dir.file(name), p).status != aq::PoolReadStatus::Ok) return {-1};
+        return ids(p);
+    }
+};
+
+}  // namespace
+
+TEST(SeriesSave, BranchingWritesBothHalvesAndAsksBeforeReplacing) {
+    SaveRig r;
+    r.app.series.options.ifExists = aq::SeriesOptions::IfExists::Prompt;
+    writeBytes(r.dir.file("pool24.aqp"), "old");
+    r.ui.ask("yesnocancel", "Would you like to save over " + r.dir.file("pool24.aqp"), "Save Split Pool - Part #",
+             aq::Answer::Yes);
+    aq::saveoffspring(r.app, r.file, "23");
+    EXPECT_TRUE(r.ui.done()) << r.ui.report();
+    EXPECT_EQ(r.idsIn("pool230.aqp"), (std::vector<int>{101, 103}));
+    EXPECT_EQ(r.idsIn("pool24.aqp"), (std::vector<int>{100, 102}));
+    EXPECT_EQ(ids(r.app.workPool), std::vector<int>{100});  // back to the open pool
+}
+
+TEST(SeriesSave, NoAsksForANameAndCancelStopsEverything) {
+    SaveRig r;
+    r.app.series.options.ifExists = aq::SeriesOptions::IfExists::Prompt;
+    writeBytes(r.dir.file("pool230.aqp"), "old");
+    writeBytes(r.dir.file("pool24.aqp"), "old");
+    r.ui.ask("yesnocancel", "Would you like to save over " + r.dir.file("pool230.aqp"), "Save Split Pool - Part #",
+             aq::Answer::No)
+        .file("save", "Save Split Pool () As", r.dir.file("other.aqp"), r.dir.path() + "|pool230.aqp|aqp|Pool Files")
+        .ask("yesnocancel", "Would you like to save over " + r.dir.file("pool24.aqp"), "Save Split Pool - Part #",
+             aq::Answer::Cancel);
+    aq::saveoffspring(r.app, r.file, "23");
+    EXPECT_TRUE(r.ui.done()) << r.ui.report();
+    EXPECT_EQ(r.idsIn("other.aqp"), (std::vector<int>{101, 103}));
+    EXPECT_EQ(readBytes(r.dir.file("pool24.aqp")), "old");
+    EXPECT_EQ(ids(r.app.workPool), (std::vector<int>{100, 102}));  // cancelled before the pool was put back
+}
+
+TEST(SeriesSave, PlainSeriesWritesOnlyTheFirstHalfAndWholePoolsAfterNine) {
+    SaveRig r;
+    r.app.series.options.chkBranchingSeries = false;
+    r.app.series.options.ifExists = aq::SeriesOptions::IfExists::Overwrite;
+    writeBytes(r.dir.file("pool24.aqp"), "old");
+    aq::saveoffspring(r.app, r.file, "23");
+    EXPECT_EQ(r.idsIn("pool24.aqp"), (std::vector<int>{101, 103}));
+    r.app.workPool = genePool({1, 2, 1, 2});
+    aq::saveoffspring(r.app, r.file, "19");
+    EXPECT_EQ(r.idsIn("pool20.aqp"), (std::vector<int>{100, 101, 102, 103}));
+    EXPECT_TRUE(r.ui.done()) << r.ui.report();
+}
+
+TEST(SeriesSave, ContinueWithOneChildPresentStoresTheWholePoolOverIt) {
+    SaveRig r;
+    writeBytes(r.dir.file("pool230.aqp"), "old");
+    r.ui.ask("yesnocancel", "Would you like to save over " + r.dir.file("pool230.aqp"), "Save Split Pool - Part #",
+             aq::Answer::Yes);
+    aq::saveoffspring(r.app, r.file, "23");
+    EXPECT_TRUE(r.ui.done()) << r.ui.report();
+    EXPECT_EQ(r.idsIn("pool230.aqp"), (std::vector<int>{100, 101, 102, 103}));
+    EXPECT_FALSE(std::filesystem::exists(r.dir.file("pool24.aqp")));
+}

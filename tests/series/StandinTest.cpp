@@ -1,0 +1,183 @@
+// The stand-in simulator run as a child process, the way a series runs it.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstddef>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <functional>
+#include <thread>
+
+#include "pool/PoolFile.h"
+#include "series/AqRun.h"
+#include "series/EvolveSeries.h"
+#include "series/Simulator.h"
+#include "support/PoolFixtures.h"
+#include "support/ScriptedUi.h"
+#include "support/TempDir.h"
+
+using namespace aqtest;
+
+namespace {
+
+const std::string kStandin = AQ_BINARY_DIR "/standin/Aquarium";
+
+// Byte ranges the toy model may change in a drifter it did not create.
+bool drifterByteMayChange(std::size_t b) {
+    auto in = [b](std::size_t off, std::size_t len) { return b >= off && b < off + len; };
+    if (in(offsetof(aq::DrifterRec, age), 4) || in(offsetof(aq::DrifterRec, alive), 16) ||
+        in(offsetof(aq::DrifterRec, energy), 4) || in(offsetof(aq::DrifterRec, heading), 4) ||
+        in(offsetof(aq::DrifterRec, x), 24))
+        return true;
+    if (b >= offsetof(aq::DrifterRec, segments) && b < offsetof(aq::DrifterRec, tailState)) {
+        std::size_t s = (b - offsetof(aq::DrifterRec, segments)) % sizeof(aq::Segment);
+        return s >= offsetof(aq::Segment, point1X) && s < offsetof(aq::Segment, carried4);
+    }
+    return false;
+}
+
+std::uint32_t waitForWindow(aq::Simulator& sim, std::uint32_t pid) {
+    for (int i = 0; i < 1000; ++i) {
+        if (std::uint32_t w = sim.findWindow(pid)) return w;
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return 0;
+}
+
+}  // namespace
+
+TEST(Standin, EvolvesTheHandOverPoolAndKeepsEveryCarriedByte) {
+    setenv("AQUARIUM_STANDIN_HEADLESS", "1", 1);
+    setenv("AQUARIUM_STANDIN_STEPS", "2000", 1);
+    TempDir dir;
+    aq::Pool before = defaultPool();
+    ASSERT_EQ(aq::writePool(dir.file(aq::kHandOverFileName), before), "");
+    aq::Simulator& sim = aq::systemSimulator();
+    EXPECT_EQ(sim.start(dir.file("no-such-simulator"), dir.path()), 0u);
+    std::uint32_t pid = sim.start(kStandin, dir.path());
+    ASSERT_NE(pid, 0u);
+    std::uint32_t w = waitForWindow(sim, pid);
+    ASSERT_NE(w, 0u);
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    sim.close(w);
+    EXPECT_EQ(sim.findWindow(pid), 0u);  // closed means gone
+
+    aq::Pool after;
+    ASSERT_EQ(aq::readPool(dir.file(aq::kHandOverFileName), after).status, aq::PoolReadStatus::Ok);
+    EXPECT_GT(after.clock, before.clock);
+    EXPECT_GE(after.drifterCount, before.drifterCount);
+    EXPECT_GT(after.drifters[0].age, before.drifters[0].age);
+    for (int i = 0; i < before.drifterCount; ++i) {
+        auto* a = reinterpret_cast<const unsigned char*>(&before.drifters[static_cast<std::size_t>(i)]);
+        auto* b = reinterpret_cast<const unsigned char*>(&after.drifters[static_cast<std::size_t>(i)]);
+        for (std::size_t k = 0; k < sizeof(aq::DrifterRec); ++k)
+            if (!drifterByteMayChange(k)) {
+                ASSERT_EQ(a[k], b[k]) << "drifter " << i << " byte " << k;
+            }
+    }
+    for (int j = 0; j < before.foodCount; ++j) {
+        const auto& f0 = before.food[static_cast<std::size_t>(j)];
+        const auto& f1 = after.food[static_cast<std::size_t>(j)];
+        EXPECT_EQ(f0.family, f1.family);
+        EXPECT_EQ(0, std::memcmp(f0.carried1, f1.carried1, sizeof f0.carried1));
+        EXPECT_EQ(0, std::memcmp(f0.carried2, f1.carried2, sizeof f0.carried2));
+    }
+    EXPECT_EQ(after.historyBlock, before.historyBlock);
+    EXPECT_EQ(0, std::memcmp(after.walls, before.walls, sizeof before.walls));
+    EXPECT_EQ(after.headerWord, before.headerWord);
+    EXPECT_EQ(after.lastWord, before.lastWord);
+}
+
+namespace {
+
+// Real time, twenty times faster, so a seven-second run takes a third of a second.
+class FastClock : public aq::Clock {
+public:
+    double secondsSinceMidnight() override {
+        auto real = std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count();
+        return 3600.0 + real * 20.0;
+    }
+    DateTime now() override { return {2026, 11, 23, 1, 0, 0}; }
+
+private:
+    std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+};
+
+class StoppingUi : public ScriptedUi {
+public:
+    std::function<void()> onYield;
+    void YieldToUi() override {
+        ScriptedUi::YieldToUi();
+        if (onYield) onYield();
+    }
+};
+
+}  // namespace
+
+TEST(Standin, ShortPlainSeriesLeavesEvolvedFilesOnDisk) {
+    setenv("AQUARIUM_STANDIN_HEADLESS", "1", 1);
+    setenv("AQUARIUM_STANDIN_STEPS", "2000", 1);
+    TempDir dir;
+    std::filesystem::create_directories(dir.file("sim"));
+    std::filesystem::create_directories(dir.file("pools"));
+    std::filesystem::copy_file(kStandin, dir.file("sim") + "/Aquarium");
+    aq::Pool first = defaultPool();
+    ASSERT_EQ(aq::writePool(dir.file("pools") + "/pool.aqp", first), "");
+
+    FastClock clock;
+    StoppingUi ui;
+    aq::App app(ui, clock);
+    app.programFolder = dir.path();
+    app.comboAquariumPath = dir.file("sim");
+    app.comboPoolPath = dir.file("pools");
+    app.series.options.chkBranchingSeries = false;
+    app.series.controls.frameVisible = true;
+    app.series.controls.sliderTimeDelay = 7;
+    ui.file("open", "Select Pool File", dir.file("pools") + "/pool.aqp");
+    std::string third = dir.file("pools") + "/pool3.aqp";
+    ui.onYield = [&] {
+        if (std::filesystem::exists(third) && app.series.controls.stopEnabled) aq::cmdCreateSeriesStopClick(app);
+    };
+    aq::cmdCreateSeriesNowClick(app);
+    EXPECT_TRUE(ui.done()) << ui.report();
+    EXPECT_TRUE(app.series.controls.nowEnabled);
+
+    int firstOldest = 0;
+    for (int i = 0; i < first.drifterCount; ++i)
+        firstOldest = std::max(firstOldest, first.drifters[static_cast<std::size_t>(i)].age);
+    std::int32_t lastClock = first.clock;
+    for (const char* name : {"pool1.aqp", "pool2.aqp", "pool3.aqp"}) {
+        aq::Pool p;
+        ASSERT_EQ(aq::readPool(dir.file("pools") + "/" + name, p).status, aq::PoolReadStatus::Ok) << name;
+        if (lastClock == first.clock) {
+            // The first file holds every drifter of the chosen pool, each one older now.
+            ASSERT_GE(p.drifterCount, first.drifterCount);
+            for (int i = 0; i < first.drifterCount; ++i)
+                EXPECT_GT(p.drifters[static_cast<std::size_t>(i)].age, first.drifters[static_cast<std::size_t>(i)].age);
+        }
+        EXPECT_GT(p.clock, lastClock) << name;
+        ASSERT_GT(p.drifterCount, 0) << name;
+        lastClock = p.clock;
+    }
+}
+
+TEST(DemoFolder, IsLaidOutOnceAndNeverOverwritten) {
+    const std::string tool = AQ_BINARY_DIR "/tools/aquarium-standin/make_demo_folder";
+    if (!std::filesystem::exists(tool)) GTEST_SKIP() << "built without the window program";
+    TempDir dir;
+    std::string demo = dir.file("Aquarium5");
+    std::string command = tool + " " + demo + " " + kStandin;
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    for (const char* name : {"Aquarium", "Drifter_1.DNA", "Drifter_4.DNA", "Pool_1.AQP", "Pool_4.AQP",
+                             "Drifters/Default_0.DNA", "Pools/Default.aqp", "Pools/Evolved.aqp", "Pools/Seed_2024.aqp"})
+        EXPECT_TRUE(std::filesystem::exists(demo + "/" + name)) << name;
+    EXPECT_EQ(std::filesystem::file_size(demo + "/Drifter_2.DNA"), 1000u);
+    aq::Pool evolved;
+    ASSERT_EQ(aq::readPool(demo + "/Pools/Evolved.aqp", evolved).status, aq::PoolReadStatus::Ok);
+    EXPECT_GT(evolved.clock, defaultPool().clock);
+
+    writeBytes(demo + "/Pool_1.AQP", "mine");
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    EXPECT_EQ(readBytes(demo + "/Pool_1.AQP"), "mine");
+}

@@ -1,0 +1,103 @@
+// A stand-in for the Aquarium simulator, so the file manager's series can run here.
+// It reads recent_pool_version_4.aqp from its current folder, evolves it with a toy
+// model, says "ready" on its standard output once it runs, and on SIGTERM or when
+// its window closes writes the pool back (temporary file and rename) and exits.
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <thread>
+
+#include "PoolView.h"
+#include "ToyModel.h"
+#include "pool/PoolFile.h"
+#include "pool/PoolOps.h"
+
+namespace {
+
+constexpr const char* kHandOver = "recent_pool_version_4.aqp";
+volatile std::sig_atomic_t closeRequested = 0;
+
+void onTerm(int) { closeRequested = 1; }
+
+bool loadHandOver(aq::Pool& pool) {
+    aq::PoolReadResult r = aq::readPool(kHandOver, pool);
+    if (r.status == aq::PoolReadStatus::NotFound) {
+        std::fprintf(stderr, "Aquarium: no %s here; starting from the default pool\n", kHandOver);
+        pool = aq::Pool{};
+        return aq::parsePool(aq::defaultPoolBytes(), pool).status == aq::PoolReadStatus::Ok;
+    }
+    if (r.status != aq::PoolReadStatus::Ok) {
+        std::fprintf(stderr, "Aquarium: cannot read %s: %s\n", kHandOver,
+                     r.status == aq::PoolReadStatus::BadVersion ? "not a version 4 or 5 pool" : r.error.c_str());
+        return false;
+    }
+    return true;
+}
+
+int saveHandOver(const aq::Pool& pool) {
+    std::string error = aq::writePool(kHandOver, pool);
+    if (!error.empty()) {
+        std::fprintf(stderr, "Aquarium: cannot write %s: %s\n", kHandOver, error.c_str());
+        return 1;
+    }
+    return 0;
+}
+
+void sayReady() {
+    std::printf("ready\n");
+    std::fflush(stdout);
+}
+
+int runHeadless(aq::Pool& pool, int stepsPerSecond) {
+    standin::ToyModel model(pool);
+    sayReady();
+    const auto tick = std::chrono::microseconds(1000000 / stepsPerSecond);
+    while (!closeRequested) {
+        model.step();
+        std::this_thread::sleep_for(tick);
+    }
+    return saveHandOver(pool);
+}
+
+// The file manager starts the simulator with no arguments, so tests pick the mode
+// through the environment the child inherits.
+void readEnvironment(bool& headless, int& stepsPerSecond) {
+    if (const char* h = std::getenv("AQUARIUM_STANDIN_HEADLESS"); h && *h && std::strcmp(h, "0") != 0) headless = true;
+    if (const char* s = std::getenv("AQUARIUM_STANDIN_STEPS")) {
+        int v = std::atoi(s);
+        if (v >= 1 && v <= 100000) stepsPerSecond = v;
+    }
+}
+
+int usage() {
+    std::fprintf(stderr, "usage: Aquarium [--headless] [--steps-per-second N]\n");
+    return 2;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    bool headless = false;
+    int stepsPerSecond = 0;
+    readEnvironment(headless, stepsPerSecond);
+    for (int i = 1; i < argc; ++i) {
+        if (std::strcmp(argv[i], "--headless") == 0) {
+            headless = true;
+        } else if (std::strcmp(argv[i], "--steps-per-second") == 0 && i + 1 < argc) {
+            stepsPerSecond = std::atoi(argv[++i]);
+            if (stepsPerSecond < 1 || stepsPerSecond > 100000) return usage();
+        } else {
+            return usage();
+        }
+    }
+    std::signal(SIGTERM, onTerm);
+    std::signal(SIGINT, onTerm);
+    aq::Pool pool;
+    if (!loadHandOver(pool)) return 1;
+    if (headless || !standin::guiAvailable()) return runHeadless(pool, stepsPerSecond ? stepsPerSecond : 200);
+    return standin::runWindow(argc, argv, pool, stepsPerSecond ? stepsPerSecond : 30, closeRequested, sayReady,
+                              [&pool] { return saveHandOver(pool); });
+}
