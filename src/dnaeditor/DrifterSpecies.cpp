@@ -96,7 +96,7 @@ void speciateDrifterList(App& app) {
         if (p.patience < 1) p.patience = 16;
         list.setEnabled(false);
         list.setVisible(true);
-        if (app.showNotice) app.showNotice(kPoolSpeciesNotice);
+        app.notice->show(kPoolSpeciesNotice);
     }
 
     if (elapsed() > kSliceSeconds) return;

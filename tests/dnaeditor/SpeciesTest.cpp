@@ -172,8 +172,12 @@ TEST(DrifterSpecies, SlowPassesShowTheNoticeWithGrowingPatience) {
         std::string bytes(1000, static_cast<char>(i));
         aqtest::writeBytes(dir.file("f" + std::to_string(100 + i) + ".dna"), bytes);
     }
-    std::vector<std::string> notices;
-    app.showNotice = [&](const std::string& text) { notices.push_back(text); };
+    struct Recorder : aq::Notice {
+        std::vector<std::string> texts;
+        void show(const std::string& text) override { texts.push_back(text); }
+    } recorder;
+    app.notice = &recorder;
+    const std::vector<std::string>& notices = recorder.texts;
     app.comboDrifterPath = dir.path();
     aq::initiateLoadDrifterArchive(app);
     auto runPass = [&] {
