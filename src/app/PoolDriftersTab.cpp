@@ -7,9 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
-#include <QMessageBox>
 #include <QMouseEvent>
-#include <QPointer>
 #include <QProgressBar>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -105,7 +103,6 @@ public:
             w.menuItem("mQuickSpec")->setChecked(app_.quickSpeciate);
             refresh();
         });
-        if (!app_.showNotice) app_.showNotice = [this](const std::string& text) { showNotice(text); };
         // Picks up what the timer's background phases changed, once they have run.
         connect(&w.multiTaskTimer(), &QTimer::timeout, this, [this] { refresh(); }, Qt::QueuedConnection);
         refresh();
@@ -217,24 +214,12 @@ private:
         refresh();
     }
 
-    // A stand-in notice: shown without waiting, gone with its OK button.
-    void showNotice(const std::string& text) {
-        if (!notice_) {
-            notice_ = new QMessageBox(QMessageBox::Information, "Note:", "", QMessageBox::Ok, this);
-            notice_->setObjectName("dlgNotification");
-            notice_->setModal(false);
-        }
-        notice_->setText(QString::fromStdString(text));
-        notice_->show();
-    }
-
     QListView* list_;
     QProgressBar* bar_;
     QScrollBar* scroll_ = nullptr;
     QLineEdit* text_ = nullptr;
     std::unique_ptr<BoxSliders> sliders_;
     QComboBox* sentence_[7] = {};
-    QPointer<QMessageBox> notice_;
 };
 
 }  // namespace

@@ -93,8 +93,6 @@ struct App {
     SliderState SliderSpeciatePoolDrifterHeight{20, 8000, 20, 399, true};
     bool lblSpeciatePoolDrifterX = true, lblSpeciatePoolDrifterY = true;
     bool lblSpeciatePoolDrifterWidth = true, lblSpeciatePoolDrifterHeight = true;
-    // Shows the notice window with a text, without waiting for it.
-    std::function<void(const std::string&)> showNotice;
     // The selection sentence after comboSpeciatePoolGroup0: Bool0, Group1, Bool1, Group2,
     // Bool2, Group3 (-1: nothing selected), and which of the seven controls are enabled.
     int comboSpeciatePoolSentence[6] = {-1, 13, -1, 6, -1, 8};

@@ -146,8 +146,12 @@ TEST(SpeciesPass, TheNoticeComesOnceForASlowPassAndPatienceGrows) {
     Editor e(p);
     e.app.comboSpeciatePoolGroup0 = 2;
     e.app.lastHelpMove = e.clock.seconds - 100;
-    std::vector<std::string> notices;
-    e.app.showNotice = [&](const std::string& t) { notices.push_back(t); };
+    struct Recorder : Notice {
+        std::vector<std::string> texts;
+        void show(const std::string& text) override { texts.push_back(text); }
+    } recorder;
+    e.app.notice = &recorder;
+    std::vector<std::string>& notices = recorder.texts;
     e.clock.step = 0.9;  // two drifters a slice: slow enough for every notice
     speciatePoolList(e.app);
     ASSERT_EQ(notices.size(), 1u);
