@@ -118,14 +118,4 @@ TEST(Similarity, AgreesWithAPlainByteCount) {
     }
 }
 
-TEST(Similarity, MinNonZeroAndMaxOf) {
-    EXPECT_EQ(aq::MinNonZero(1000, 100), 100);
-    EXPECT_EQ(aq::MinNonZero(1000, 0), 1000);
-    EXPECT_EQ(aq::MinNonZero(0, 5), 5);
-    EXPECT_EQ(aq::MinNonZero(-2, 5), -2);
-    EXPECT_EQ(aq::MaxOf(-2, 5), 5);
-    EXPECT_EQ(aq::similarityDepthFor(true), 100);
-    EXPECT_EQ(aq::similarityDepthFor(false), 1000);
-}
-
 }  // namespace
