@@ -34,10 +34,14 @@ enum class Stage { SegmentCount, Branching, ColorOrder, Colors };
 
 Key stageKey(const DrifterRec& d, Stage stage) {
     switch (stage) {
-        case Stage::SegmentCount: return {d.segmentCount};
-        case Stage::Branching: return runs(d, &Segment::branchCount);
-        case Stage::ColorOrder: return runs(d, &Segment::color);
-        case Stage::Colors: return colorSet(d);
+        case Stage::SegmentCount:
+            return {d.segmentCount};
+        case Stage::Branching:
+            return runs(d, &Segment::branchCount);
+        case Stage::ColorOrder:
+            return runs(d, &Segment::color);
+        case Stage::Colors:
+            return colorSet(d);
     }
     return {};
 }
