@@ -1,8 +1,6 @@
 // The species pass over a DNA folder, its prefixes, the group ticks and the threshold range.
 #include <gtest/gtest.h>
 
-#include "support/RecordingNotice.h"
-
 #include "dnaeditor/DnaFixture.h"
 
 namespace {

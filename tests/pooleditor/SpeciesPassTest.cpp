@@ -1,8 +1,6 @@
 // The species pass in slices, the threshold controls and the range command.
 #include <gtest/gtest.h>
 
-#include "support/RecordingNotice.h"
-
 #include <cstring>
 
 #include "pooleditor/DrifterList.h"
@@ -10,6 +8,7 @@
 #include "shell/MultiTask.h"
 #include "support/ManualClock.h"
 #include "support/PoolFixtures.h"
+#include "support/RecordingNotice.h"
 #include "support/ScriptedUi.h"
 
 using namespace aq;
