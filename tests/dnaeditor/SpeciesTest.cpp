@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "dnaeditor/DnaFixture.h"
+#include "support/RecordingNotice.h"
 
 namespace {
 
