@@ -17,6 +17,7 @@
 
 #include "app/BoxSliders.h"
 #include "app/CheckListModel.h"
+#include "app/ClickLabel.h"
 #include "app/LoadOnFocus.h"
 #include "app/MainWindow.h"
 #include "app/TabFrame.h"
@@ -32,21 +33,6 @@
 namespace aqapp {
 
 namespace {
-
-// A caption that answers a click.
-class ClickLabel : public QLabel {
-public:
-    ClickLabel(const QString& text, QWidget* parent, std::function<void()> onClick)
-        : QLabel(text, parent), onClick_(std::move(onClick)) {}
-
-protected:
-    void mouseReleaseEvent(QMouseEvent* e) override {
-        if (e->button() == Qt::LeftButton && rect().contains(e->position().toPoint())) onClick_();
-    }
-
-private:
-    std::function<void()> onClick_;
-};
 
 class PoolDriftersTab : public TabFrame {
 public:

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "archive/ArchiveOptions.h"
+#include "dnaeditor/DnaFolder.h"
 #include "pool/Records.h"
 #include "series/SeriesState.h"
 #include "shell/CheckList.h"
@@ -127,6 +128,9 @@ struct App {
     ArchiveOptions archive;              // the archive tab's controls
     Notice noNotice;
     Notice* notice = &noNotice;          // the window sets its dlgNotification here
+
+    // Drifter files tab: the loaded DNA folder and the controls its operations set.
+    DnaFolder dna;
 };
 
 // Sets uiBusy for a scope and gives it back its old value after.

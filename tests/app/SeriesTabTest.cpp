@@ -113,6 +113,38 @@ private slots:
         QVERIFY(std::filesystem::exists(dir.file("pool0.aqp")));
         QVERIFY(!std::filesystem::exists(dir.file("pool00.aqp")));
     }
+
+    void closingTheWindowEndsARunningSeries() {
+        aqtest::ManualClock clock;
+        aqtest::TickingUi ui(clock);
+        aqtest::TempDir dir;
+        std::filesystem::create_directories(dir.file("sim"));
+        MainWindow w(ui, clock, QString::fromStdString(dir.path()));
+        w.show();
+        w.selectTab(6);
+        aq::App& app = w.app();
+        aqtest::FakeSimulator sim;
+        sim.clock = &clock;
+        sim.executables = {dir.file("sim") + "/Aquarium"};
+        app.series.simulator = &sim;
+        app.series.pauseMs = 0;
+        app.comboAquariumPath = dir.file("sim");
+        QVERIFY(aq::writePool(dir.file("pool.aqp"), aqtest::makePool(4, 6)).empty());
+        ui.file("open", "Select Pool File", dir.file("pool.aqp"));
+        bool closed = false;
+        ui.onYield = [&] {
+            if (!closed && sim.starts == 1 && clock.seconds > 36000 + 30) {
+                closed = true;
+                w.close();
+            }
+        };
+        w.findChild<QPushButton*>("cmdCreateSeriesNow")->click();
+        QVERIFY(closed);
+        QCOMPARE(sim.starts, 1);
+        QVERIFY(!sim.isRunning());
+        QVERIFY(!std::filesystem::exists(dir.file("pool0.aqp")));
+        QVERIFY(clock.seconds < 36000 + 60);
+    }
 };
 
 QTEST_MAIN(SeriesTabTest)

@@ -8,6 +8,7 @@
 #include "shell/MultiTask.h"
 #include "support/ManualClock.h"
 #include "support/PoolFixtures.h"
+#include "support/RecordingNotice.h"
 #include "support/ScriptedUi.h"
 
 using namespace aq;
@@ -129,12 +130,9 @@ TEST(SpeciesPass, TheNoticeComesOnceForASlowPassAndPatienceGrows) {
     Editor e(p);
     e.app.comboSpeciatePoolGroup0 = 2;
     e.app.lastHelpMove = e.clock.seconds - 100;
-    struct Recorder : Notice {
-        std::vector<std::string> texts;
-        void show(const std::string& text) override { texts.push_back(text); }
-    } recorder;
+    aqtest::RecordingNotice recorder;
     e.app.notice = &recorder;
-    std::vector<std::string>& notices = recorder.texts;
+    std::vector<std::string>& notices = recorder.shown;
     e.clock.step = 0.9;  // two drifters a slice: slow enough for every notice
     speciatePoolList(e.app);
     ASSERT_EQ(notices.size(), 1u);
