@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "dnaeditor/DrifterFiles.h"
 #include "pooleditor/BulkEdits.h"
 #include "pooleditor/Similarity.h"
 #include "pooleditor/SpeciesPass.h"
@@ -90,14 +91,18 @@ void mSelectHeaviest(App& app) {
 
 void ToggleQuickSpeciate(App& app) {
     app.quickSpeciate = !app.quickSpeciate;
-    int position = app.scrollPoolSpeciesThreshold;
+    int pool = app.scrollPoolSpeciesThreshold;
+    const ScrollBarState& dna = app.dna.scrollDrifterSpeciesThreshold;
+    int drifters = dna.pos;
     {
         BusyScope busy(app);
         app.similarityDepth = similarityDepthFor(app.quickSpeciate);
-        // A nudge away and back makes the scrollbar report a change, which restarts the pass.
-        setPoolSpeciesThresholdPosition(app, position <= 0 ? 1000 : 0);
+        // A nudge away and back makes each scrollbar report a change, which restarts its pass.
+        setPoolSpeciesThresholdPosition(app, pool <= 0 ? 1000 : 0);
+        setDrifterThresholdPosition(app, drifters <= dna.min ? dna.max : dna.min);
     }
-    setPoolSpeciesThresholdPosition(app, position);
+    setPoolSpeciesThresholdPosition(app, pool);
+    setDrifterThresholdPosition(app, drifters);
     app.poolThresholdTyped = true;
     app.drifterThresholdTyped = true;
 }

@@ -128,6 +128,8 @@ TEST(QuickSpeciate, TogglingChangesTheDepthAndRestartsThePass) {
         EXPECT_EQ(r.app.txtPoolSpeciesThreshold, " 44.4");
         EXPECT_FLOAT_EQ(r.app.poolThreshold, 44.4f);
         EXPECT_TRUE(r.app.poolThresholdTyped);
+        EXPECT_EQ(r.app.dna.scrollDrifterSpeciesThreshold.pos, 965);  // nudged and put back
+        EXPECT_TRUE(r.app.drifterThresholdTyped);
         ToggleQuickSpeciate(r.app);
         EXPECT_EQ(r.app.similarityDepth, 100);
     }
