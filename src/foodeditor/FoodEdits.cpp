@@ -4,6 +4,7 @@
 
 #include "foodeditor/FoodList.h"
 #include "pool/PoolOps.h"
+#include "pool/PoolSave.h"
 #include "pooleditor/TickedRecords.h"
 #include "shell/FileNames.h"
 #include "shell/NumberText.h"
@@ -128,13 +129,7 @@ void saveSelectedFood(App& app) {
                         "where the selected food bits are being saved?",
                         "Clone Drifters into New Pool") == Answer::No)
         app.undoPool.drifterCount = 0;
-    // The writer saves openPool, so the new pool stands in for it while it is written.
-    Pool kept = std::move(app.openPool);
-    app.openPool = app.undoPool;
-    std::string path =
-        locateDestFile(app, app.comboPoolPath, "", "aqp", "Pool Files", "Save New Pool with Selected Food Bits");
-    savePoolFile(app, path, true);
-    app.openPool = std::move(kept);
+    saveUndoPoolAs(app, "Save New Pool with Selected Food Bits");
 }
 
 void deleteSelectedFood(App& app) {

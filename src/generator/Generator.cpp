@@ -7,6 +7,7 @@
 #include "generator/Placement.h"
 #include "generator/Random.h"
 #include "pool/PoolOps.h"
+#include "pool/PoolSave.h"
 #include "pooleditor/DrifterList.h"
 
 namespace aq {
@@ -286,12 +287,7 @@ void generateStartupPool(App& app, const StartupSettings& s) {
             "File Has Changed");
         if (a == Answer::Cancel) return;
         if (a == Answer::Yes) {
-            while (!savePoolFile(app, app.openPoolPath, true)) {
-                if (app.ui.AskRetryCancel("Error saving file.", "Aquarium File Manager - Species Load") ==
-                    Answer::Cancel)
-                    return;
-            }
-            app.poolChanged = false;
+            if (!saveChangesBeforeReplacing(app)) return;
         }
     }
     WaitCursor wait(app.ui);

@@ -34,4 +34,22 @@ void mSavePool(App& app) {
     app.stateChanged();
 }
 
+bool saveChangesBeforeReplacing(App& app) {
+    while (!savePoolFile(app, app.openPoolPath, true)) {
+        if (app.ui.AskRetryCancel("Error saving file.", "Aquarium File Manager - Species Load") == Answer::Cancel)
+            return false;
+    }
+    app.poolChanged = false;
+    return true;
+}
+
+void saveUndoPoolAs(App& app, const std::string& title) {
+    // The writer saves openPool, so the new pool stands in for it while it is written.
+    Pool kept = std::move(app.openPool);
+    app.openPool = app.undoPool;
+    std::string path = locateDestFile(app, app.comboPoolPath, "", "aqp", "Pool Files", title);
+    savePoolFile(app, path, true);
+    app.openPool = std::move(kept);
+}
+
 }  // namespace aq

@@ -4,6 +4,7 @@
 
 #include "foodeditor/FoodList.h"
 #include "pool/PoolOps.h"
+#include "pool/PoolSave.h"
 #include "pooleditor/DrifterList.h"
 #include "pooleditor/TickedRecords.h"
 #include "shell/FileNames.h"
@@ -126,13 +127,7 @@ void saveSelectedPoolSpecies(App& app) {
                         "where the selected drifters are being saved?",
                         "Clone Food Bits into New Pool") == Answer::No)
         app.undoPool.foodCount = 0;
-    // The writer saves openPool, so the new pool stands in for it while it is written.
-    Pool kept = std::move(app.openPool);
-    app.openPool = app.undoPool;
-    std::string path =
-        locateDestFile(app, app.comboPoolPath, "", "aqp", "Pool Files", "Save New Pool of Selected Drifters");
-    savePoolFile(app, path, true);
-    app.openPool = std::move(kept);
+    saveUndoPoolAs(app, "Save New Pool of Selected Drifters");
 }
 
 void deleteSelectedPoolSpecies(App& app, bool askFirst) {

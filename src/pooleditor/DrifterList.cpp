@@ -2,6 +2,7 @@
 
 #include "foodeditor/FoodList.h"
 #include "pool/PoolOps.h"
+#include "pool/PoolSave.h"
 #include "shell/FileNames.h"
 #include "shell/NumberText.h"
 
@@ -81,12 +82,7 @@ void initiateLoadPoolFile(App& app) {
             "File Has Changed");
         if (a == Answer::Cancel) return;
         if (a == Answer::Yes) {
-            while (!savePoolFile(app, app.openPoolPath, true)) {
-                if (app.ui.AskRetryCancel("Error saving file.", "Aquarium File Manager - Species Load") ==
-                    Answer::Cancel)
-                    return;
-            }
-            app.poolChanged = false;
+            if (!saveChangesBeforeReplacing(app)) return;
         }
     }
     app.lstSpeciatePool.clear();
