@@ -209,6 +209,7 @@ TEST(EvolveSeries, PoolWithoutFoodGetsTheFoodOfTheChosenFile) {
     Rig r;
     aq::Pool hungry = makePool(4, 0);
     r.save("pool0.aqp", hungry);
+    r.app.series.options.mSeriesAddFood = false;  // its own food would come on top
     r.stopAtStart = 2;
     r.choose(r.seriesFile);
     r.run();
