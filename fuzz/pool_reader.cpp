@@ -1,4 +1,3 @@
-// sources: src/pool/PoolFile.cpp src/shell/FileIo.cpp
 // Feeds arbitrary bytes to the pool reader: it must report, never crash or
 // allocate more than the bytes could hold.
 #include <cstddef>

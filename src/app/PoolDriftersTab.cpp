@@ -1,50 +1,44 @@
 // "Edit Drifters in Pool File": the drifters of openPool, their species threshold and
 // the four sliders of the selection box.
+#include <QAction>
+#include <QComboBox>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
-#include <QMessageBox>
 #include <QMouseEvent>
-#include <QPointer>
 #include <QProgressBar>
 #include <QScrollBar>
 #include <QSignalBlocker>
-#include <QSlider>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <memory>
 
+#include "app/BoxSliders.h"
 #include "app/CheckListModel.h"
+#include "app/ClickLabel.h"
 #include "app/LoadOnFocus.h"
 #include "app/MainWindow.h"
 #include "app/TabFrame.h"
+#include "pool/PoolMerge.h"
+#include "pool/PoolSave.h"
 #include "pooleditor/BulkEdits.h"
 #include "pooleditor/DrifterList.h"
+#include "pooleditor/GroupSelection.h"
+#include "pooleditor/Minorities.h"
+#include "pooleditor/SelectionCommands.h"
 #include "pooleditor/SpeciesPass.h"
 
 namespace aqapp {
 
 namespace {
 
-// A caption that answers a click.
-class ClickLabel : public QLabel {
-public:
-    ClickLabel(const QString& text, QWidget* parent, std::function<void()> onClick)
-        : QLabel(text, parent), onClick_(std::move(onClick)) {}
-
-protected:
-    void mouseReleaseEvent(QMouseEvent* e) override {
-        if (e->button() == Qt::LeftButton && rect().contains(e->position().toPoint())) onClick_();
-    }
-
-private:
-    std::function<void()> onClick_;
-};
-
 class PoolDriftersTab : public TabFrame {
 public:
     explicit PoolDriftersTab(MainWindow& w) : TabFrame(w, 3, "Categorize and Process Drifters in a Pool File") {
         auto* layout = new QVBoxLayout(this);
+        layout->addLayout(buildSentence());
         list_ = new QListView(this);
         list_->setObjectName("lstSpeciatePool");
         bindCheckList(list_, app_.lstSpeciatePool);
@@ -63,25 +57,49 @@ public:
         layout->addLayout(buildSliders());
 
         w.onMenu("mLoadPool", [this] { aq::initiateLoadPoolFile(app_); });
+        w.onMenu("mMergePool", [this] { run(aq::mMergePool); });
+        w.onMenu("mMergeFood", [this] { run(aq::mMergeFood); });
+        w.onMenu("mSavePool", [this] { run(aq::mSavePool); });
         w.onMenu("mSelectKill", [this] { run(aq::mSelectKill); });
         w.onMenu("mSelectRevive", [this] { run(aq::mSelectRevive); });
         w.onMenu("mSelectPoolFeed", [this] { run(aq::mSelectPoolFeed); });
         w.onMenu("mSelectPoolMove", [this] { run(aq::mSelectPoolMove); });
         w.onMenu("mSelectPoolDelete", [this] { run(aq::mSelectPoolDelete); });
 
-        // Every change of the ticks shows the box of the new selection.
-        app_.lstSpeciatePool.onUserCheck = [this](int, bool) {
-            if (app_.uiBusy) return;
-            aq::setSpeciatePoolSliders(app_);
+        // A user's tick spreads to its group; the sliders then show the new selection.
+        app_.lstSpeciatePool.onUserCheck = [this](int row, bool) {
+            aq::poolTickedByUser(app_, row);
             refresh();
         };
-        if (!app_.showNotice) app_.showNotice = [this](const std::string& text) { showNotice(text); };
+        w.onMenu("mSelectAll", [this] { run(aq::SelectAllDrifters); });
+        w.onMenu("mSelectPoolInvert", [this] { run(aq::InvertPoolDrifterSelection); });
+        w.onMenu("mSelectOldest", [this] { run(aq::mSelectOldest); });
+        w.onMenu("mSelectMostProlithic", [this] { run(aq::mSelectMostProlithic); });
+        w.onMenu("mSelectMaternal", [this] { run(aq::mSelectMaternal); });
+        w.onMenu("mSelectPaternal", [this] { run(aq::mSelectPaternal); });
+        w.onMenu("mSelectBiggestEater", [this] { run(aq::mSelectBiggestEater); });
+        w.onMenu("mSelectHeaviest", [this] { run(aq::mSelectHeaviest); });
+        w.onMenu("mSelectMutantsBySegmentCount", [this] { run(aq::mSelectMutantsBySegmentCount); });
+        w.onMenu("mSelectMutantsByBranching", [this] { run(aq::mSelectMutantsByBranching); });
+        w.onMenu("mSelectMutantsByColorOrder", [this] { run(aq::mSelectMutantsByColorOrder); });
+        w.onMenu("mSelectMutantsByColors", [this] { run(aq::mSelectMutantsByColors); });
+        w.onMenu("mDeSelectMutants", [this] { run(aq::mDeSelectMutants); });
+        w.onMenu("mQuickSpec", [this, &w] {
+            aq::ToggleQuickSpeciate(app_);
+            w.menuItem("mQuickSpec")->setChecked(app_.quickSpeciate);
+            refresh();
+        });
         // Picks up what the timer's background phases changed, once they have run.
         connect(&w.multiTaskTimer(), &QTimer::timeout, this, [this] { refresh(); }, Qt::QueuedConnection);
         refresh();
     }
 
     void refresh() override {
+        for (int k = 0; k < 7; ++k) {
+            QSignalBlocker block(sentence_[k]);
+            sentence_[k]->setCurrentIndex(aq::poolSentenceIndex(app_, k));
+            sentence_[k]->setEnabled(app_.poolSentenceEnabled[k]);
+        }
         QSignalBlocker b1(scroll_), b2(text_);
         scroll_->setValue(app_.scrollPoolSpeciesThreshold);
         QString t = QString::fromStdString(app_.txtPoolSpeciesThreshold);
@@ -90,13 +108,40 @@ public:
         bar_->setRange(bar.min, std::max(bar.min, bar.max));
         bar_->setValue(bar.value);
         bar_->setVisible(bar.visible);
-        showSlider(sliderX_, app_.SliderSpeciatePoolDrifterX, lblX_, app_.lblSpeciatePoolDrifterX);
-        showSlider(sliderY_, app_.SliderSpeciatePoolDrifterY, lblY_, app_.lblSpeciatePoolDrifterY);
-        showSlider(sliderW_, app_.SliderSpeciatePoolDrifterWidth, lblW_, app_.lblSpeciatePoolDrifterWidth);
-        showSlider(sliderH_, app_.SliderSpeciatePoolDrifterHeight, lblH_, app_.lblSpeciatePoolDrifterHeight);
+        sliders_->show(controls());
     }
 
 private:
+    // The sentence above the list: Group0 Bool0 Group1 Bool1 Group2 Bool2 Group3.
+    QHBoxLayout* buildSentence() {
+        auto* row = new QHBoxLayout;
+        const char* names[7] = {"comboSpeciatePoolGroup0", "comboSpeciatePoolBool0", "comboSpeciatePoolGroup1",
+                                "comboSpeciatePoolBool1",  "comboSpeciatePoolGroup2", "comboSpeciatePoolBool2",
+                                "comboSpeciatePoolGroup3"};
+        for (int k = 0; k < 7; ++k) {
+            auto* box = new QComboBox(this);
+            box->setObjectName(names[k]);
+            // Long item texts must not widen the tab: the boxes share the row.
+            box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+            box->setMinimumContentsLength(k % 2 == 1 ? 3 : 8);
+            const auto& items = k == 0 ? aq::poolGroup0Items() : k % 2 == 1 ? aq::poolBoolItems() : aq::poolGroupSlotItems();
+            for (const auto& item : items) box->addItem(QString::fromStdString(item));
+            box->setCurrentIndex(aq::poolSentenceIndex(app_, k));
+            connect(box, &QComboBox::currentIndexChanged, this, [this, k](int index) {
+                aq::setPoolSentenceIndex(app_, k, index);
+                aq::UpdatePoolGroupControls(app_, k == 0);
+                refresh();
+            });
+            row->addWidget(box, k % 2 == 0 ? 3 : 1);
+            sentence_[k] = box;
+        }
+        sentence_[0]->setToolTip(
+            "Select or deselect the group of drifters indicated here by clicking the checkbox for a drifter in the "
+            "desired group in the list below.");
+        aq::UpdatePoolGroupControls(app_, false);
+        return row;
+    }
+
     QGridLayout* buildThresholdRow() {
         auto* row = new QGridLayout;
         auto* caption = new QLabel("Threshold", this);
@@ -131,45 +176,23 @@ private:
     }
 
     QGridLayout* buildSliders() {
-        auto* grid = new QGridLayout;
-        auto make = [&](const char* name, const char* label, const char* caption, int row, QLabel*& lbl) {
-            lbl = new QLabel(caption, this);
-            lbl->setObjectName(label);
-            auto* s = new QSlider(Qt::Horizontal, this);
-            s->setObjectName(name);
-            s->setTickPosition(QSlider::TicksBelow);
-            grid->addWidget(lbl, row, 0);
-            grid->addWidget(s, row, 1);
-            return s;
-        };
-        sliderX_ = make("SliderSpeciatePoolDrifterX", "lblSpeciatePoolDrifterX", "X", 0, lblX_);
-        sliderY_ = make("SliderSpeciatePoolDrifterY", "lblSpeciatePoolDrifterY", "Y", 1, lblY_);
-        sliderW_ = make("SliderSpeciatePoolDrifterWidth", "lblSpeciatePoolDrifterWidth", "Width", 2, lblW_);
-        sliderH_ = make("SliderSpeciatePoolDrifterHeight", "lblSpeciatePoolDrifterHeight", "Height", 3, lblH_);
-        connect(sliderX_, &QSlider::valueChanged, this, [this](int v) { slid(aq::MoveDrifterBox, aq::Axis::X, v); });
-        connect(sliderY_, &QSlider::valueChanged, this, [this](int v) { slid(aq::MoveDrifterBox, aq::Axis::Y, v); });
-        connect(sliderW_, &QSlider::valueChanged, this,
-                [this](int v) { slid(aq::StretchDrifterBox, aq::Axis::X, v); });
-        connect(sliderH_, &QSlider::valueChanged, this,
-                [this](int v) { slid(aq::StretchDrifterBox, aq::Axis::Y, v); });
-        return grid;
+        sliders_ = std::make_unique<BoxSliders>(this, "SliderSpeciatePoolDrifter", "lblSpeciatePoolDrifter",
+                                                [this](int k, int v) {
+                                                    aq::Axis axis = k % 2 == 0 ? aq::Axis::X : aq::Axis::Y;
+                                                    if (k < 2)
+                                                        aq::MoveDrifterBox(app_, axis, v);
+                                                    else
+                                                        aq::StretchDrifterBox(app_, axis, v);
+                                                    refresh();
+                                                });
+        return sliders_->layout();
     }
 
-    void slid(void (*handler)(aq::App&, aq::Axis, int), aq::Axis axis, int position) {
-        handler(app_, axis, position);
-        refresh();
-    }
-
-    // The core keeps the slider's state; the widget only shows it.
-    static void showSlider(QSlider* s, const aq::SliderState& state, QLabel* label, bool labelShown) {
-        QSignalBlocker block(s);
-        s->setRange(state.min, state.max);
-        s->setValue(state.value);
-        s->setTickInterval(std::max(state.tickFrequency, 1));
-        s->setSingleStep(std::max((state.max - state.min) / 100, 1));
-        s->setPageStep(std::max(state.tickFrequency, 1));
-        s->setVisible(state.visible);
-        label->setVisible(labelShown);
+    aq::BoxControls controls() {
+        return {app_.SliderSpeciatePoolDrifterX,     app_.SliderSpeciatePoolDrifterY,
+                app_.SliderSpeciatePoolDrifterWidth, app_.SliderSpeciatePoolDrifterHeight,
+                app_.lblSpeciatePoolDrifterX,        app_.lblSpeciatePoolDrifterY,
+                app_.lblSpeciatePoolDrifterWidth,    app_.lblSpeciatePoolDrifterHeight};
     }
 
     void run(void (*command)(aq::App&)) {
@@ -177,24 +200,12 @@ private:
         refresh();
     }
 
-    // A stand-in notice: shown without waiting, gone with its OK button.
-    void showNotice(const std::string& text) {
-        if (!notice_) {
-            notice_ = new QMessageBox(QMessageBox::Information, "Note:", "", QMessageBox::Ok, this);
-            notice_->setObjectName("dlgNotification");
-            notice_->setModal(false);
-        }
-        notice_->setText(QString::fromStdString(text));
-        notice_->show();
-    }
-
     QListView* list_;
     QProgressBar* bar_;
     QScrollBar* scroll_ = nullptr;
     QLineEdit* text_ = nullptr;
-    QSlider *sliderX_ = nullptr, *sliderY_ = nullptr, *sliderW_ = nullptr, *sliderH_ = nullptr;
-    QLabel *lblX_ = nullptr, *lblY_ = nullptr, *lblW_ = nullptr, *lblH_ = nullptr;
-    QPointer<QMessageBox> notice_;
+    std::unique_ptr<BoxSliders> sliders_;
+    QComboBox* sentence_[7] = {};
 };
 
 }  // namespace

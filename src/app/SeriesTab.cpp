@@ -119,8 +119,8 @@ public:
         auto* existsLayout = new QVBoxLayout(exists);
         prompt_ = option("optionCreateSeriesPrompt",
                          "Start series from the beginning and prompt before over-writing files.", existsLayout);
-        continue_ = option("optionContinueSeries", "Continue evolving the series and don't over-write files",
-                           existsLayout);
+        continue_ =
+            option("optionContinueSeries", "Continue evolving the series and don't over-write files", existsLayout);
         overwrite_ = option("optionCreateSeriesOverwrite",
                             "Start series from the beginning and over-write files without asking.", existsLayout);
         continue_->setChecked(true);
@@ -147,7 +147,8 @@ public:
             QAction* action = w.menuItem(m.name);
             if (!action) continue;
             app_.series.options.*m.field = action->isChecked();
-            connect(action, &QAction::toggled, this, [this, field = m.field](bool on) { app_.series.options.*field = on; });
+            connect(action, &QAction::toggled, this,
+                    [this, field = m.field](bool on) { app_.series.options.*field = on; });
         }
         // These two ask what to do; their check and caption follow the answer.
         promptItem(w, "mSeriesGroup", aq::mSeriesGroupClick, &aq::SeriesOptions::mSeriesGroup,
@@ -164,6 +165,7 @@ public:
                                    static_cast<QAbstractButton*>(continue_), static_cast<QAbstractButton*>(overwrite_)})
             connect(b, &QAbstractButton::toggled, this, [this] { readOptions(); });
         app_.series.onChange = [this] { showControls(); };
+        w.installEventFilter(this);
         showControls();
     }
 
@@ -177,9 +179,16 @@ protected:
     void hideEvent(QHideEvent* e) override {
         TabFrame::hideEvent(e);
         // Minimising the window is not leaving the tab.
-        if (!e->spontaneous()) app_.series.controls.frameVisible = false;
+        if (!e->spontaneous() && !closing_) app_.series.controls.frameVisible = false;
     }
     bool eventFilter(QObject* watched, QEvent* e) override {
+        // Closing the window ends a running series the way Stop does; the frame
+        // counts as on show so the series sees the stop and closes the simulator.
+        if (watched == &window_ && e->type() == QEvent::Close && !app_.series.controls.nowEnabled) {
+            closing_ = true;
+            aq::cmdCreateSeriesStopClick(app_);
+            app_.series.controls.frameVisible = true;
+        }
         if (e->type() == QEvent::Enter)
             for (auto& [widget, text] : helpTexts_)
                 if (widget == watched) help_->setText(text);
@@ -257,6 +266,7 @@ private:
     QLabel* help_;
     std::vector<std::pair<QWidget*, const char*>> helpTexts_;
     std::string lastFocus_;
+    bool closing_ = false;
 };
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <iostream>
 #include <string_view>
 
 #include "cli/Cli.h"
@@ -19,6 +20,11 @@ int readPoolOrFail(const std::string& path, aq::Pool& pool) {
         case aq::PoolReadStatus::Error: break;
     }
     return fail("Error opening " + path + ", error: " + r.error);
+}
+
+void CliUi::ShowMessage(const std::string& text, const std::string& title) {
+    ++messages;
+    std::cerr << (title == aq::kAppTitle ? "" : title + ": ") << text << "\n";
 }
 
 int depthOption(const Args& a, int fallback) {

@@ -1,4 +1,7 @@
 #pragma once
+// The proximity threshold of the food tab: scrollbar and text box.
+#include <string>
+
 #include "shell/App.h"
 
 namespace aq {
@@ -7,5 +10,9 @@ namespace aq {
 void validateFoodThreshold(App& app);
 // The change handler of scrollFoodThreshold.
 void scrollFoodThresholdChange(App& app);
+// Moves scrollFoodThreshold; its change handler runs when the position changes.
+void setFoodThresholdPosition(App& app, int position);
+// A keystroke in txtFoodThreshold: the text is read later by the timer.
+void typeFoodThreshold(App& app, const std::string& text);
 
 }  // namespace aq

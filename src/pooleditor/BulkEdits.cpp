@@ -4,7 +4,9 @@
 
 #include "foodeditor/FoodList.h"
 #include "pool/PoolOps.h"
+#include "shell/FileNames.h"
 #include "pooleditor/DrifterList.h"
+#include "pooleditor/TickedRecords.h"
 #include "shell/NumberText.h"
 
 namespace aq {
@@ -118,9 +120,7 @@ void saveSelectedPoolSpecies(App& app) {
         return;
     }
     app.undoPool = app.openPool;
-    app.undoPool.drifters.clear();
-    for (int i = 0; i < listedDrifters(app); ++i)
-        if (list.checked(i)) app.undoPool.drifters.push_back(app.openPool.drifters[static_cast<std::size_t>(i)]);
+    app.undoPool.drifters = recordsTicked(app.openPool.drifters, app.openPool.drifterCount, list, true);
     app.undoPool.drifterCount = static_cast<std::int32_t>(app.undoPool.drifters.size());
     if (app.ui.AskYesNo("If you answer NO to the following question, the generated pool file will not have any food "
                         "bits in it.\r\n\r\nWould you like the food bits copied from the open pool to the pool file "
@@ -131,7 +131,7 @@ void saveSelectedPoolSpecies(App& app) {
     Pool kept = std::move(app.openPool);
     app.openPool = app.undoPool;
     std::string path =
-        app.ui.ChooseSaveFile(app.comboPoolPath, "", "aqp", "Pool Files", "Save New Pool of Selected Drifters");
+        locateDestFile(app, app.comboPoolPath, "", "aqp", "Pool Files", "Save New Pool of Selected Drifters");
     savePoolFile(app, path, true);
     app.openPool = std::move(kept);
 }
@@ -153,9 +153,7 @@ void deleteSelectedPoolSpecies(App& app, bool askFirst) {
     if (a == Answer::Yes) saveSelectedPoolSpecies(app);
 
     app.tempPool = app.openPool;
-    std::vector<DrifterRec> kept;
-    for (int i = 0; i < listedDrifters(app); ++i)
-        if (!list.checked(i)) kept.push_back(app.openPool.drifters[static_cast<std::size_t>(i)]);
+    std::vector<DrifterRec> kept = recordsTicked(app.openPool.drifters, app.openPool.drifterCount, list, false);
     app.tempPool.drifterCount = std::max(list.count() - n, 0);
     if (app.tempPool.drifterCount > 0) {
         kept.resize(static_cast<std::size_t>(app.tempPool.drifterCount));
@@ -163,9 +161,7 @@ void deleteSelectedPoolSpecies(App& app, bool askFirst) {
     }
     app.openPool = app.tempPool;
     app.poolChanged = true;
-    // From the last row up, so the rows left stay in step with the records.
-    for (int i = list.count() - 1; i >= 0; --i)
-        if (list.checked(i)) list.remove(i);
+    removeTickedRows(list);
 }
 
 void setSpeciatePoolSliders(App& app) {

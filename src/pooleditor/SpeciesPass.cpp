@@ -88,7 +88,7 @@ void speciatePoolList(App& app) {
         if (app.poolPatience < 1) app.poolPatience = 16;
         list.setEnabled(false);
         list.setVisible(true);
-        if (app.showNotice) app.showNotice(kPoolSpeciesNotice);
+        app.notice->show(kPoolSpeciesNotice);
     }
 
     if (elapsed() > kSliceSeconds) {

@@ -38,9 +38,7 @@ void resetButtons(App& app) {
 
 }  // namespace
 
-Simulator& simulatorOf(App& app) {
-    return app.series.simulator ? *app.series.simulator : systemSimulator();
-}
+Simulator& simulatorOf(App& app) { return app.series.simulator ? *app.series.simulator : systemSimulator(); }
 
 std::uint32_t startSimulator(App& app) {
     for (const char* name : kSimulatorNames) {

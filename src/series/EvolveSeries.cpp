@@ -21,7 +21,10 @@ void setButtons(App& app, bool running) {
 class SeriesRun {
 public:
     explicit SeriesRun(App& app)
-        : app_(app), c_(app.series.controls), o_(app.series.options), w_(app.workPool),
+        : app_(app),
+          c_(app.series.controls),
+          o_(app.series.options),
+          w_(app.workPool),
           handOver_(series::joinPath(app.programFolder, kHandOverFileName)) {}
 
     void run() {
@@ -135,8 +138,9 @@ private:
                                     "\r\n\r\nAll animate life is extinct in this pool. There are no drifters to load.");
                 return Loaded::Finish;
             }
-            if (app_.ui.AskYesNo(currentFile + "\r\n\r\nAll animate life in is extinct this pool. There are no drifters "
-                                               "to load. Continue the series anyway?") != Answer::Yes)
+            if (app_.ui.AskYesNo(currentFile +
+                                 "\r\n\r\nAll animate life in is extinct this pool. There are no drifters "
+                                 "to load. Continue the series anyway?") != Answer::Yes)
                 return Loaded::Finish;
             suffix_ = getNextParent(suffix_, branching());
             return Loaded::NextPool;

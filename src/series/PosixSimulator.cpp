@@ -30,10 +30,22 @@ public:
         posix_spawn_file_actions_init(&actions);
         posix_spawn_file_actions_adddup2(&actions, fds[1], STDOUT_FILENO);
         if (!folder.empty()) posix_spawn_file_actions_addchdir_np(&actions, folder.c_str());
+        // The child starts with no blocked signals and default handlers, whatever this
+        // program set for itself, so SIGTERM reaches it.
+        posix_spawnattr_t attr;
+        posix_spawnattr_init(&attr);
+        sigset_t none, defaults;
+        sigemptyset(&none);
+        sigemptyset(&defaults);
+        for (int sig : {SIGTERM, SIGINT, SIGPIPE, SIGCHLD}) sigaddset(&defaults, sig);
+        posix_spawnattr_setsigmask(&attr, &none);
+        posix_spawnattr_setsigdefault(&attr, &defaults);
+        posix_spawnattr_setflags(&attr, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
         std::string arg0 = executable;
         char* argv[] = {arg0.data(), nullptr};
         pid_t pid = 0;
-        int rc = posix_spawn(&pid, executable.c_str(), &actions, nullptr, argv, environ);
+        int rc = posix_spawn(&pid, executable.c_str(), &actions, &attr, argv, environ);
+        posix_spawnattr_destroy(&attr);
         posix_spawn_file_actions_destroy(&actions);
         ::close(fds[1]);
         if (rc != 0 || pid <= 0) {

@@ -69,7 +69,8 @@ void saveoffspring(App& app, const std::string& seriesFile, const std::string& s
     offspring[2] = app.openPool;
     int parts = suffix.empty() || endsInNine(suffix) ? 1 : 2;
     if (o.ifExists == SeriesOptions::IfExists::Continue && parts == 2 &&
-        (!isOffspringMissing(seriesFile, suffix, 0, branching) || !isOffspringMissing(seriesFile, suffix, 1, branching)))
+        (!isOffspringMissing(seriesFile, suffix, 0, branching) ||
+         !isOffspringMissing(seriesFile, suffix, 1, branching)))
         parts = 1;
     offspring[0] = app.workPool;
     if (parts == 2) {

@@ -5,65 +5,56 @@
 
 #include "generator/Random.h"
 #include "pool/PoolOps.h"
+#include "pooleditor/Minorities.h"
 #include "series/Feeding.h"
 #include "series/Grouping.h"
 #include "series/Harvest.h"
 #include "series/PrepareSteps.h"
+#include "shell/FileNames.h"
+#include "shell/Paths.h"
 
 namespace aq::series {
 
-std::string joinPath(const std::string& folder, const std::string& name) {
-    if (folder.empty()) return name;
-    if (folder.back() == '/') return folder + name;
-    return folder + "/" + name;
-}
+std::string joinPath(const std::string& folder, const std::string& name) { return aq::joinPath(folder, name); }
 
-std::string folderOfPath(const std::string& path) {
-    auto cut = path.find_last_of('/');
-    if (cut == std::string::npos) return "";
-    return cut == 0 ? "/" : path.substr(0, cut);
-}
+std::string folderOfPath(const std::string& path) { return aq::folderOfPath(path); }
 
-std::string fileNameOfPath(const std::string& path) {
-    auto cut = path.find_last_of('/');
-    return cut == std::string::npos ? path : path.substr(cut + 1);
-}
+std::string fileNameOfPath(const std::string& path) { return aq::fileNameOfPath(path); }
 
-std::string locateSourceFile(App& app, const std::string& folder, const std::string& name,
-                             const std::string& extension, const std::string& description, const std::string& title) {
-    return app.ui.ChooseOpenFile(folder, name, extension, description, title);
+std::string locateSourceFile(App& app, const std::string& folder, const std::string& name, const std::string& extension,
+                             const std::string& description, const std::string& title) {
+    return aq::locateSourceFile(app, folder, name, extension, description, title);
 }
 
 std::string locateDestFile(App& app, const std::string& folder, const std::string& name, const std::string& extension,
                            const std::string& description, const std::string& title) {
-    return app.ui.ChooseSaveFile(folder, name, extension, description, title);
+    return aq::locateDestFile(app, folder, name, extension, description, title);
 }
 
 // The pool file's drifters and food go behind those of workPool, up to 2000 of each,
-// and every drifter's id becomes its index.
+// and every drifter's id becomes its index. A file that can't be read merges workPool
+// with itself, as the reader leaves it in place.
 void mergePoolFile(App& app, bool mergeDrifters, bool mergeFood, const std::string& path) {
     constexpr int kLimit = 2000;
-    Pool base = app.workPool;
-    app.keepPool = app.workPool;
-    loadPoolFile(app, path, false);
-    Pool& other = app.workPool;
-    int addDrifters = mergeDrifters ? std::max(0, other.drifterCount) : 0;
-    int addFood = mergeFood ? std::max(0, other.foodCount) : 0;
-    Pool merged = base;
-    int nd = std::max(0, base.drifterCount) + addDrifters;
-    int nf = std::max(0, base.foodCount) + addFood;
-    if (mergeDrifters) nd = std::min(nd, kLimit);
-    if (mergeFood) nf = std::min(nf, kLimit);
-    merged.drifterCount = nd;
-    merged.foodCount = nf;
-    if (nd > 0) merged.drifters.resize(static_cast<std::size_t>(std::max<int>(nd, base.drifterCount)));
-    if (nf > 0) merged.food.resize(static_cast<std::size_t>(std::max<int>(nf, base.foodCount)));
-    for (int i = std::max(0, base.drifterCount), k = 0; i < nd && k < addDrifters; ++i, ++k)
-        merged.drifters[static_cast<std::size_t>(i)] = other.drifters[static_cast<std::size_t>(k)];
-    for (int i = 0; i < nd; ++i) merged.drifters[static_cast<std::size_t>(i)].id = i;
-    for (int i = std::max(0, base.foodCount), k = 0; i < nf && k < addFood; ++i, ++k)
-        merged.food[static_cast<std::size_t>(i)] = other.food[static_cast<std::size_t>(k)];
-    app.workPool = std::move(merged);
+    Pool base = std::move(app.workPool);
+    app.workPool = Pool{};
+    const bool loaded = loadPoolFile(app, path, false);
+    const Pool& other = loaded ? app.workPool : base;
+    const int baseDrifters = std::max(0, base.drifterCount), baseFood = std::max(0, base.foodCount);
+    const int addDrifters = mergeDrifters ? std::max(0, other.drifterCount) : 0;
+    const int addFood = mergeFood ? std::max(0, other.foodCount) : 0;
+    const int nd = mergeDrifters ? std::min(baseDrifters + addDrifters, kLimit) : baseDrifters;
+    const int nf = mergeFood ? std::min(baseFood + addFood, kLimit) : baseFood;
+    if (base.drifters.size() < static_cast<std::size_t>(nd)) base.drifters.resize(static_cast<std::size_t>(nd));
+    for (int i = baseDrifters, k = 0; i < nd && k < addDrifters; ++i, ++k)
+        base.drifters[static_cast<std::size_t>(i)] = other.drifters[static_cast<std::size_t>(k)];
+    for (int i = 0; i < nd; ++i) base.drifters[static_cast<std::size_t>(i)].id = i;
+    if (base.food.size() < static_cast<std::size_t>(nf)) base.food.resize(static_cast<std::size_t>(nf));
+    for (int i = baseFood, k = 0; i < nf && k < addFood; ++i, ++k)
+        base.food[static_cast<std::size_t>(i)] = other.food[static_cast<std::size_t>(k)];
+    base.drifterCount = nd;
+    base.foodCount = nf;
+    app.workPool = std::move(base);
 }
 
 void applyPlague(App& app) { aq::applyPlague(app.workPool); }
@@ -96,7 +87,10 @@ void resetCounters(App& app, bool meals, bool maternal, bool paternal) {
 void drainEdgeEnergy(App& app) { aq::drainEdgeEnergy(app.workPool); }
 int countYoungerThan(App& app, double age) { return aq::countYoungerThan(app.workPool, static_cast<float>(age)); }
 void deleteStarters(App& app, double age) { aq::deleteStarters(app.workPool, static_cast<float>(age)); }
-void poolMutants(App&, bool, bool, bool, bool, bool, bool, bool, bool) {}
-void reseedRandomFromClock(App& app) { RandomReseed(static_cast<float>(app.clock.secondsSinceMidnight())); }
+void poolMutants(App& app, bool kill, bool select, bool countStill, bool bySegmentCount, bool byBranching,
+                 bool byColorOrder, bool byColors, bool deselect) {
+    aq::poolMutants(app, kill, select, countStill, {bySegmentCount, byBranching, byColorOrder, byColors}, deselect);
+}
+void reseedRandomFromClock(App& app) { RandomReseed(app.clock.secondsSinceMidnight()); }
 
 }  // namespace aq::series

@@ -11,8 +11,8 @@ namespace aq::series {
 std::string joinPath(const std::string& folder, const std::string& name);
 std::string folderOfPath(const std::string& path);
 std::string fileNameOfPath(const std::string& path);
-std::string locateSourceFile(App& app, const std::string& folder, const std::string& name,
-                             const std::string& extension, const std::string& description, const std::string& title);
+std::string locateSourceFile(App& app, const std::string& folder, const std::string& name, const std::string& extension,
+                             const std::string& description, const std::string& title);
 std::string locateDestFile(App& app, const std::string& folder, const std::string& name, const std::string& extension,
                            const std::string& description, const std::string& title);
 

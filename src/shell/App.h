@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "archive/ArchiveOptions.h"
+#include "dnaeditor/DnaFolder.h"
 #include "pool/Records.h"
 #include "series/SeriesState.h"
 #include "shell/CheckList.h"
@@ -93,8 +94,22 @@ struct App {
     SliderState SliderSpeciatePoolDrifterHeight{20, 8000, 20, 399, true};
     bool lblSpeciatePoolDrifterX = true, lblSpeciatePoolDrifterY = true;
     bool lblSpeciatePoolDrifterWidth = true, lblSpeciatePoolDrifterHeight = true;
-    // Shows the notice window with a text, without waiting for it.
-    std::function<void(const std::string&)> showNotice;
+    // The selection sentence after comboSpeciatePoolGroup0: Bool0, Group1, Bool1, Group2,
+    // Bool2, Group3 (-1: nothing selected), and which of the seven controls are enabled.
+    int comboSpeciatePoolSentence[6] = {-1, 13, -1, 6, -1, 8};
+    bool poolSentenceEnabled[7] = {true, true, false, false, false, false, false};
+
+    // Food editor: the group mode, the proximity threshold controls and the four
+    // sliders of the food selection box.
+    int comboFoodGroup = 1;  // 0 individual, 1 family, 2 proximity
+    int scrollFoodThreshold = 888;
+    std::string txtFoodThreshold = "88.8";
+    SliderState SliderFoodX{-4000, 4000, 0, 400, true};
+    SliderState SliderFoodY{-4000, 4000, 0, 400, true};
+    SliderState SliderFoodWidth{20, 8000, 20, 399, true};
+    SliderState SliderFoodHeight{20, 8000, 20, 399, true};
+    bool lblFoodX = true, lblFoodY = true, lblFoodWidth = true, lblFoodHeight = true;
+
     // Pool series: its options, the run controls of its tab and the simulator.
     SeriesState series;
 
@@ -113,6 +128,9 @@ struct App {
     ArchiveOptions archive;              // the archive tab's controls
     Notice noNotice;
     Notice* notice = &noNotice;          // the window sets its dlgNotification here
+
+    // Drifter files tab: the loaded DNA folder and the controls its operations set.
+    DnaFolder dna;
 };
 
 // Sets uiBusy for a scope and gives it back its old value after.

@@ -120,11 +120,29 @@ void applyLine(App& app, const std::string& key, const std::string& value) {
     }
 }
 
+// Blanks and tabs at the ends of every line go, and every line break becomes CR LF.
+// Done by hand: a regular expression recurses per character and a long line in a
+// damaged file would overflow the stack.
+std::string normaliseSettingsText(const std::string& text) {
+    std::string out;
+    out.reserve(text.size() + 16);
+    std::size_t i = 0, n = text.size();
+    while (i <= n) {
+        std::size_t end = text.find_first_of("\r\n", i);
+        if (end == std::string::npos) end = n;
+        std::size_t a = i, b = end;
+        while (a < b && (text[a] == ' ' || text[a] == '\t')) ++a;
+        while (b > a && (text[b - 1] == ' ' || text[b - 1] == '\t')) --b;
+        out.append(text, a, b - a);
+        if (end == n) break;
+        out += "\r\n";
+        i = end + ((text[end] == '\r' && end + 1 < n && text[end + 1] == '\n') ? 2 : 1);
+    }
+    return out;
+}
+
 void applySettingsText(App& app) {
-    std::string t = app.settingsText;
-    t = regexReplace(t, R"(^[ \t]*([^\s\r]*))", "$1", true);
-    t = regexReplace(t, R"(([^\s]*)[\t ]*$)", "$1", true);
-    t = regexReplace(t, R"((\r?\n)|(\r\n?))", "\r\n", true);
+    std::string t = normaliseSettingsText(app.settingsText);
     std::size_t start = 0;
     while (start <= t.size()) {
         std::size_t end = t.find("\r\n", start);

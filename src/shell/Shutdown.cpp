@@ -1,9 +1,7 @@
 #include "shell/Shutdown.h"
 
 #include "dnaeditor/DrifterFiles.h"
-#include "pool/PoolOps.h"
-#include "shell/FileNames.h"
-#include "shell/Paths.h"
+#include "pool/PoolSave.h"
 #include "shell/Settings.h"
 
 namespace aq {
@@ -17,25 +15,7 @@ void closeProgram(App& app) {
             "Save changes to the open pool file?",
             "Pool File Has Changed");
         if (a == Answer::Cancel) return;
-        if (a == Answer::Yes) {
-            std::string path;
-            if (!app.openPoolPath.empty()) {
-                Answer over =
-                    app.ui.AskYesNoCancel("Would you like to save over " + app.openPoolPath, "Save Speciated Pool");
-                if (over == Answer::Cancel) return;
-                if (over == Answer::Yes)
-                    path = app.openPoolPath;
-                else
-                    path = locateDestFile(app, app.comboPoolPath, fileNameOfPath(app.openPoolPath), "aqp", "Pool Files",
-                                          "Save Pool As");
-            } else {
-                path = locateDestFile(app, app.comboPoolPath, "", "aqp", "Pool Files", "Save Pool As");
-            }
-            if (savePoolFile(app, path, true)) {
-                app.poolChanged = false;
-                app.openPoolPath = path;
-            }
-        }
+        if (a == Answer::Yes && !saveOpenPool(app)) return;
     }
     saveChangedDrifterFiles(app, true, false);
 }

@@ -1,6 +1,7 @@
 // The drifter tab offscreen: species numbers arrive from the timer, ticks move the
 // sliders, the sliders move drifters, and the menu commands ask their questions.
 #include <QAction>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -97,6 +98,71 @@ private slots:
         QVERIFY(app.poolChanged);
         // Nothing ticked now: the size sliders go.
         QVERIFY(width->isHidden());
+        QVERIFY(ui.done());
+    }
+
+    void sentenceRecordHoldersAndMinorities() {
+        aqtest::ScriptedUi ui;
+        aqtest::ManualClock clock;
+        aqtest::TempDir dir;
+        std::string path = dir.file("default.aqp");
+        QCOMPARE(aq::writePool(path, aqtest::defaultPool()), std::string());
+        MainWindow w(ui, clock, QString::fromStdString(dir.path()));
+        w.selectTab(3);
+        ui.file("open", "Select Pool File", path);
+        w.menuItem("mLoadPool")->trigger();
+        aq::App& app = w.app();
+        auto* list = w.findChild<QListView*>("lstSpeciatePool");
+        QComboBox* combo[7];
+        const char* names[7] = {"comboSpeciatePoolGroup0", "comboSpeciatePoolBool0", "comboSpeciatePoolGroup1",
+                                "comboSpeciatePoolBool1",  "comboSpeciatePoolGroup2", "comboSpeciatePoolBool2",
+                                "comboSpeciatePoolGroup3"};
+        for (int k = 0; k < 7; ++k) QVERIFY(combo[k] = w.findChild<QComboBox*>(names[k]));
+        QCOMPARE(combo[0]->count(), 28);
+        QCOMPARE(combo[0]->currentText(), QString("local species."));
+        QCOMPARE(combo[2]->currentIndex(), 13);
+        QCOMPARE(combo[4]->currentIndex(), 6);
+        QCOMPARE(combo[6]->currentIndex(), 8);
+        QCOMPARE(combo[1]->currentIndex(), -1);
+        QVERIFY(combo[1]->isEnabled());
+        QVERIFY(!combo[2]->isEnabled());
+        combo[1]->setCurrentIndex(1);
+        QVERIFY(combo[2]->isEnabled() && combo[3]->isEnabled() && !combo[4]->isEnabled());
+        combo[1]->setCurrentIndex(0);
+        QVERIFY(!combo[2]->isEnabled());
+
+        // "local species." at 44.4% over the first 100 genes: a tick reaches every drifter with 44 equal genes.
+        list->model()->setData(list->model()->index(0, 0), Qt::Checked, Qt::CheckStateRole);
+        int expected = 0;
+        for (int i = 0; i < app.openPool.drifterCount; ++i) {
+            int same = 0;
+            for (int g = 0; g < 100; ++g) same += app.openPool.drifters[i].genes[g] == app.openPool.drifters[0].genes[g];
+            bool want = same >= 44;
+            expected += want;
+            QCOMPARE(app.lstSpeciatePool.checked(i), want);
+        }
+        QVERIFY(expected > 1);
+        list->model()->setData(list->model()->index(0, 0), Qt::Unchecked, Qt::CheckStateRole);
+        QCOMPARE(app.lstSpeciatePool.checkedCount(), 0);
+
+        w.menuItem("mSelectOldest")->trigger();
+        int oldest = -1;
+        for (int i = 0; i < app.openPool.drifterCount; ++i) oldest = std::max(oldest, app.openPool.drifters[i].age);
+        for (int i = 0; i < app.openPool.drifterCount; ++i)
+            QCOMPARE(app.lstSpeciatePool.checked(i), app.openPool.drifters[i].age == oldest);
+        w.menuItem("mSelectPoolInvert")->trigger();
+        w.menuItem("mSelectPoolInvert")->trigger();
+        w.menuItem("mDeSelectMutants")->trigger();
+        w.menuItem("mSelectAll")->trigger();
+        QCOMPARE(app.lstSpeciatePool.checkedCount(), app.openPool.drifterCount);
+        w.menuItem("mSelectPoolInvert")->trigger();
+        w.menuItem("mSelectMutantsBySegmentCount")->trigger();
+        QCOMPARE(app.lstSpeciatePool.checkedCount(), 2);
+
+        w.menuItem("mQuickSpec")->trigger();
+        QVERIFY(!w.menuItem("mQuickSpec")->isChecked());
+        QCOMPARE(app.similarityDepth, std::int16_t(1000));
+        QVERIFY(app.poolSpeciesPending);
         QVERIFY(ui.done());
     }
 

@@ -11,6 +11,8 @@
 
 #include "app/MainWindow.h"
 #include "pool/PoolFile.h"
+#include "series/Feeding.h"
+#include "series/Grouping.h"
 #include "series/SeriesFakes.h"
 #include "support/PoolFixtures.h"
 #include "support/TempDir.h"
@@ -73,6 +75,43 @@ private slots:
         QCOMPARE(help->text(), QString("Click the Stop button to terminate the pool series production."));
     }
 
+    void promptingItemsFollowTheAnswers() {
+        aqtest::ManualClock clock;
+        aqtest::ScriptedUi ui;
+        MainWindow w(ui, clock, "/tmp");
+        QAction* group = w.menuItem("mSeriesGroup");
+        QAction* feed = w.menuItem("mFeedColor");
+        ui.text(aq::kGroupPrompt, "Select Drifter Grouping Mode", "2");
+        group->trigger();
+        QVERIFY(group->isChecked());
+        QCOMPARE(group->text(), QString("&Group Drifters by Segment Count"));
+        QVERIFY(w.app().series.options.mSeriesGroup);
+        ui.text(aq::kGroupPrompt, "Select Drifter Grouping Mode", "");  // cancelled: as it was
+        group->trigger();
+        QVERIFY(group->isChecked());
+        ui.text(aq::kGroupPrompt, "Select Drifter Grouping Mode", "None");
+        group->trigger();
+        QVERIFY(!group->isChecked());
+        QCOMPARE(group->text(), QString("&Group Drifters at Start"));
+
+        ui.text(aq::kFeedColorPrompt, "Choose Color", "green");
+        ui.text("*", "Select Color Feeding Mode", "3");
+        ui.script.back().text =
+            "Please select one of the following options, and enter the corresponding number.\r\n1 = Feed Completely "
+            "Green Drifters\r\n2 = Feed Green Headed Drifters\r\n3 = Feed Drifters with Green Parts\r\n4 = Feed "
+            "Partially Green Drifters";
+        feed->trigger();
+        QVERIFY(feed->isChecked());
+        QCOMPARE(feed->text(), QString("Feed D&rifters with Green Parts"));
+        QCOMPARE(w.app().feedColor, 3);
+        QVERIFY2(ui.done(), ui.report().c_str());
+
+        // Any other item just flips its mark.
+        QAction* youth = w.menuItem("mRestoreYouth");
+        youth->trigger();
+        QVERIFY(youth->isChecked() && w.app().series.options.mRestoreYouth);
+    }
+
     void runsASeriesFromTheButtonsUntilStop() {
         aqtest::ManualClock clock;
         aqtest::TickingUi ui(clock);
@@ -112,6 +151,38 @@ private slots:
         QVERIFY(!bar->isVisible());
         QVERIFY(std::filesystem::exists(dir.file("pool0.aqp")));
         QVERIFY(!std::filesystem::exists(dir.file("pool00.aqp")));
+    }
+
+    void closingTheWindowEndsARunningSeries() {
+        aqtest::ManualClock clock;
+        aqtest::TickingUi ui(clock);
+        aqtest::TempDir dir;
+        std::filesystem::create_directories(dir.file("sim"));
+        MainWindow w(ui, clock, QString::fromStdString(dir.path()));
+        w.show();
+        w.selectTab(6);
+        aq::App& app = w.app();
+        aqtest::FakeSimulator sim;
+        sim.clock = &clock;
+        sim.executables = {dir.file("sim") + "/Aquarium"};
+        app.series.simulator = &sim;
+        app.series.pauseMs = 0;
+        app.comboAquariumPath = dir.file("sim");
+        QVERIFY(aq::writePool(dir.file("pool.aqp"), aqtest::makePool(4, 6)).empty());
+        ui.file("open", "Select Pool File", dir.file("pool.aqp"));
+        bool closed = false;
+        ui.onYield = [&] {
+            if (!closed && sim.starts == 1 && clock.seconds > 36000 + 30) {
+                closed = true;
+                w.close();
+            }
+        };
+        w.findChild<QPushButton*>("cmdCreateSeriesNow")->click();
+        QVERIFY(closed);
+        QCOMPARE(sim.starts, 1);
+        QVERIFY(!sim.isRunning());
+        QVERIFY(!std::filesystem::exists(dir.file("pool0.aqp")));
+        QVERIFY(clock.seconds < 36000 + 60);
     }
 };
 

@@ -54,12 +54,13 @@ struct Editor {
     ScriptedUi ui;
     ManualClock clock;
     App app{ui, clock};
+    TempDir folder;
     explicit Editor(std::vector<DrifterRec> drifters, int food = 0) {
         app.openPool = makePool(0, food);
         app.openPool.drifters = std::move(drifters);
         app.openPool.drifterCount = static_cast<int>(app.openPool.drifters.size());
         app.openPoolPath = "/pools/open.aqp";
-        app.comboPoolPath = "/pools";
+        app.comboPoolPath = folder.path();
         populateSpeciatePoolList(app);
     }
     void tick(std::initializer_list<int> rows) {
@@ -260,7 +261,7 @@ TEST(BulkEdits, DeleteQuestionsAndOutcomes) {
         e.ui.ask("yesnocancel", deleteQuestion(2), kAppTitle, c.answer);
         if (c.answer == Answer::Yes) {
             e.ui.ask("yesno", kCloneFood, "Clone Food Bits into New Pool", Answer::No);
-            e.ui.file("save", "Save New Pool of Selected Drifters", c.savePath, "/pools||aqp|Pool Files");
+            e.ui.file("save", "Save New Pool of Selected Drifters", c.savePath, e.folder.path() + "||aqp|Pool Files");
         }
         mSelectPoolDelete(e.app);
         EXPECT_TRUE(e.ui.done()) << e.ui.report();
@@ -292,7 +293,7 @@ TEST(BulkEdits, MoveSavesWithFoodAndWithoutAsking) {
     Editor e({bodyAt(0, 0, 0), bodyAt(1, 1, 1)}, 3);
     e.tick({1});
     e.ui.ask("yesno", kCloneFood, "Clone Food Bits into New Pool", Answer::Yes);
-    e.ui.file("save", "Save New Pool of Selected Drifters", saved, "/pools||aqp|Pool Files");
+    e.ui.file("save", "Save New Pool of Selected Drifters", saved, e.folder.path() + "||aqp|Pool Files");
     Pool open = e.app.openPool;
     mSelectPoolMove(e.app);
     EXPECT_TRUE(e.ui.done()) << e.ui.report();

@@ -59,3 +59,27 @@ TEST(SpeciesCli, TagsRangesAndPrefixedLines) {
     CliResult plain = runCli("drifters " + pool);
     EXPECT_EQ(plain.out.find('{'), std::string::npos);
 }
+
+TEST(KeysCli, KeysPairsAndMinorities) {
+    TempDir dir;
+    std::string pool = dir.file("default.aqp");
+    ASSERT_EQ(runCli("default -o " + pool).status, 0);
+    CliResult shortKeys = runCli("keys " + pool + " --short");
+    ASSERT_EQ(shortKeys.status, 0);
+    EXPECT_EQ(shortKeys.out.substr(0, 5), "10{}\n");  // the Dot
+    CliResult pairs = runCli("keys " + pool + " --pair");
+    ASSERT_EQ(pairs.status, 0);
+    std::string first = pairs.out.substr(0, pairs.out.find('\n'));
+    CliResult compressed = runCli("keys " + pool + " --compressed");
+    CliResult detailed = runCli("keys " + pool + " --compressed --detailed");
+    EXPECT_EQ(first, compressed.out.substr(0, compressed.out.find('\n')) + "\t" +
+                         detailed.out.substr(0, detailed.out.find('\n')));
+    // Two drifters stand alone in their segment counts: those of 1 and 6 segments.
+    CliResult m = runCli("minorities " + pool + " --by segments --count-still");
+    ASSERT_EQ(m.status, 0);
+    EXPECT_EQ(m.out, "0\n48\n");
+    EXPECT_EQ(runCli("minorities " + pool + " --by branching,colororder,colors --count-still").out, "");
+    EXPECT_EQ(runCli("minorities " + pool + " --by legs").status, 2);
+    EXPECT_EQ(runCli("minorities " + pool).status, 2);
+    EXPECT_EQ(runCli("keys " + pool + " --pair --short").status, 2);
+}

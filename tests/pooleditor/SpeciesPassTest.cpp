@@ -1,6 +1,8 @@
 // The species pass in slices, the threshold controls and the range command.
 #include <gtest/gtest.h>
 
+#include "shell/Notice.h"
+
 #include <cstring>
 
 #include "pooleditor/DrifterList.h"
@@ -146,8 +148,12 @@ TEST(SpeciesPass, TheNoticeComesOnceForASlowPassAndPatienceGrows) {
     Editor e(p);
     e.app.comboSpeciatePoolGroup0 = 2;
     e.app.lastHelpMove = e.clock.seconds - 100;
-    std::vector<std::string> notices;
-    e.app.showNotice = [&](const std::string& t) { notices.push_back(t); };
+    struct Recorder : Notice {
+        std::vector<std::string> shown;
+        void show(const std::string& t) override { shown.push_back(t); }
+    } recorder;
+    e.app.notice = &recorder;
+    std::vector<std::string>& notices = recorder.shown;
     e.clock.step = 0.9;  // two drifters a slice: slow enough for every notice
     speciatePoolList(e.app);
     ASSERT_EQ(notices.size(), 1u);

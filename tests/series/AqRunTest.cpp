@@ -1,8 +1,7 @@
-#include "series/AqRun.h"
-
 #include <gtest/gtest.h>
 
 #include "SeriesFakes.h"
+#include "series/AqRun.h"
 
 using namespace aqtest;
 
@@ -28,8 +27,8 @@ TEST(AqRun, StartTriesEachNameWithAndWithoutExeInOrder) {
     struct Case {
         std::string present;
         int triesUntilStart;
-    } cases[] = {{"/sim/Aquarium5.1.exe", 1}, {"/sim/Aquarium4.1.exe", 5}, {"/sim/Aquarium4.1", 6},
-                 {"/sim/Aquarium", 10}};
+    } cases[] = {
+        {"/sim/Aquarium5.1.exe", 1}, {"/sim/Aquarium4.1.exe", 5}, {"/sim/Aquarium4.1", 6}, {"/sim/Aquarium", 10}};
     for (const auto& c : cases) {
         Rig r;
         r.sim.executables = {c.present};
@@ -45,13 +44,13 @@ TEST(AqRun, StartTriesEachNameWithAndWithoutExeInOrder) {
 
 TEST(AqRun, NoCandidateShowsThePathOfTheLastExeName) {
     Rig r;
-    r.ui.message("Unable to start Aquarium.  Please select the correct Aquarium path and try again. "
-                 "/sim/Aquarium.exe");
+    r.ui.message(
+        "Unable to start Aquarium.  Please select the correct Aquarium path and try again. "
+        "/sim/Aquarium.exe");
     EXPECT_EQ(aq::startSimulator(r.app), 0u);
-    std::vector<std::string> expected = {"/sim/Aquarium5.1.exe", "/sim/Aquarium5.1", "/sim/Aquarium5.exe",
-                                         "/sim/Aquarium5",       "/sim/Aquarium4.1.exe", "/sim/Aquarium4.1",
-                                         "/sim/Aquarium4.exe",   "/sim/Aquarium4",       "/sim/Aquarium.exe",
-                                         "/sim/Aquarium"};
+    std::vector<std::string> expected = {
+        "/sim/Aquarium5.1.exe", "/sim/Aquarium5.1",   "/sim/Aquarium5.exe", "/sim/Aquarium5",    "/sim/Aquarium4.1.exe",
+        "/sim/Aquarium4.1",     "/sim/Aquarium4.exe", "/sim/Aquarium4",     "/sim/Aquarium.exe", "/sim/Aquarium"};
     EXPECT_EQ(r.sim.tried, expected);
     EXPECT_TRUE(r.ui.done()) << r.ui.report();
 }
@@ -86,10 +85,12 @@ TEST(AqRun, CloseWithNoWindowClosesTheLastProcessUntilNoWindowIsLeft) {
 
 TEST(AqRun, MissingSimulatorShowsBothMessagesAfterTenSeconds) {
     Rig r;
-    r.ui.message("Unable to start Aquarium.  Please select the correct Aquarium path and try again. "
-                 "/sim/Aquarium.exe")
-        .message("Aquarium could not be found at the specified location.  Please select the correct Aquarium "
-                 "program path in the field provided.");
+    r.ui.message(
+            "Unable to start Aquarium.  Please select the correct Aquarium path and try again. "
+            "/sim/Aquarium.exe")
+        .message(
+            "Aquarium could not be found at the specified location.  Please select the correct Aquarium "
+            "program path in the field provided.");
     double start = r.clock.seconds, runStart = -1;
     bool ranOnce = false;
     EXPECT_EQ(aq::runPoolInSimulator(r.app, runStart, ranOnce), aq::RunOutcome::NoSimulator);

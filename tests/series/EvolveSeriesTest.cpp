@@ -1,11 +1,10 @@
-#include "series/EvolveSeries.h"
-
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
 #include "SeriesFakes.h"
 #include "pool/PoolFile.h"
+#include "series/EvolveSeries.h"
 #include "support/PoolFixtures.h"
 #include "support/TempDir.h"
 
@@ -153,8 +152,9 @@ TEST(EvolveSeries, SaveAndContinueStoresThePoolAtOnce) {
 }
 
 TEST(EvolveSeries, CloneWithoutExtinctionEndsSilentlyAfter151Extinctions) {
-    Rig r(makePool(2, 6));
+    Rig r(makePool(1, 1));  // the retries multiply the pool; keep it small
     r.sim.evolve = killAll;
+    r.ui.step = 1.0;
     r.choose(r.seriesFile);
     r.run();
     r.expectFinished();
@@ -248,8 +248,9 @@ TEST(EvolveSeries, MessagesThatEndTheSeries) {
         r.choose(r.seriesFile);
         r.ui.message("Unable to start Aquarium.  Please select the correct Aquarium path and try again. " +
                      r.app.comboAquariumPath + "/Aquarium.exe")
-            .message("Aquarium could not be found at the specified location.  Please select the correct Aquarium "
-                     "program path in the field provided.");
+            .message(
+                "Aquarium could not be found at the specified location.  Please select the correct Aquarium "
+                "program path in the field provided.");
         r.run();
         r.expectFinished();
         EXPECT_FALSE(r.has("pool0.aqp"));
@@ -261,4 +262,25 @@ TEST(EvolveSeries, MessagesThatEndTheSeries) {
         r.expectFinished();
         EXPECT_EQ(r.sim.tried.size(), 0u);
     }
+}
+
+TEST(EvolveSeries, LostSimulatorOnAnotherTabDoesNotEndTheSeries) {
+    Rig r;
+    r.sim.windowAfter = 1e9;  // the window never turns up, so the simulator counts as lost
+    r.app.series.controls.frameVisible = false;
+    r.app.series.controls.sliderTimeDelay = 60;
+    r.ui.onYield = [&] {
+        if (r.sim.starts >= 2) {
+            r.app.series.controls.frameVisible = true;  // the user comes back to the tab
+            if (r.app.series.controls.stopEnabled) aq::cmdCreateSeriesStopClick(r.app);
+        }
+    };
+    r.choose(r.seriesFile);
+    r.run();
+    EXPECT_TRUE(r.ui.done()) << r.ui.report();
+    EXPECT_EQ(r.sim.starts, 2);
+    // The run went its full time, and the pool, never taken up, went on unchanged.
+    ASSERT_TRUE(r.has("pool0.aqp"));
+    EXPECT_EQ(r.load("pool0.aqp").clock, 77);
+    EXPECT_TRUE(r.app.series.controls.nowEnabled);
 }

@@ -17,8 +17,8 @@ namespace aqtest {
 class FakeSimulator : public aq::Simulator {
 public:
     std::set<std::string> executables;  // paths that start
-    std::vector<std::string> tried;      // every path start was asked for
-    std::vector<std::string> closes;     // "close <window>" in order
+    std::vector<std::string> tried;     // every path start was asked for
+    std::vector<std::string> closes;    // "close <window>" in order
     std::string folderSeen;
     ManualClock* clock = nullptr;
     double windowAfter = 1.0;  // seconds from start until the window is up

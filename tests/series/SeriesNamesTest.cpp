@@ -1,8 +1,7 @@
-#include "series/SeriesNames.h"
-
 #include <gtest/gtest.h>
 
 #include "pool/PoolFile.h"
+#include "series/SeriesNames.h"
 #include "support/ManualClock.h"
 #include "support/PoolFixtures.h"
 #include "support/ScriptedUi.h"
@@ -16,9 +15,9 @@ TEST(SeriesNames, NextParent) {
         bool branching;
         std::string next;
     } cases[] = {
-        {"", true, "0"},     {"", false, "1"},    {"9", true, "00"},     {"9", false, "10"}, {"099", true, "100"},
-        {"999", true, "0000"}, {"23", true, "24"}, {"09", true, "10"},  {"099", false, "100"}, {"00", true, "01"},
-        {"0", true, "1"},    {"19", false, "20"},
+        {"", true, "0"},       {"", false, "1"},      {"9", true, "00"},  {"9", false, "10"},
+        {"099", true, "100"},  {"999", true, "0000"}, {"23", true, "24"}, {"09", true, "10"},
+        {"099", false, "100"}, {"00", true, "01"},    {"0", true, "1"},   {"19", false, "20"},
     };
     for (const auto& c : cases)
         EXPECT_EQ(aq::getNextParent(c.suffix, c.branching), c.next) << c.suffix << (c.branching ? " branching" : "");
@@ -57,12 +56,19 @@ TEST(SeriesNames, BranchingRunFromPoolAqp) {
         lines.push_back(line);
         suffix = aq::getNextParent(suffix, true);
     }
-    std::vector<std::string> expected = {
-        "pool: pool0.aqp",           "pool0: pool00.aqp pool1.aqp", "pool1: pool10.aqp pool2.aqp",
-        "pool2: pool20.aqp pool3.aqp", "pool3: pool30.aqp pool4.aqp", "pool4: pool40.aqp pool5.aqp",
-        "pool5: pool50.aqp pool6.aqp", "pool6: pool60.aqp pool7.aqp", "pool7: pool70.aqp pool8.aqp",
-        "pool8: pool80.aqp pool9.aqp", "pool9: pool90.aqp",           "pool00: pool000.aqp pool01.aqp",
-        "pool01: pool010.aqp pool02.aqp"};
+    std::vector<std::string> expected = {"pool: pool0.aqp",
+                                         "pool0: pool00.aqp pool1.aqp",
+                                         "pool1: pool10.aqp pool2.aqp",
+                                         "pool2: pool20.aqp pool3.aqp",
+                                         "pool3: pool30.aqp pool4.aqp",
+                                         "pool4: pool40.aqp pool5.aqp",
+                                         "pool5: pool50.aqp pool6.aqp",
+                                         "pool6: pool60.aqp pool7.aqp",
+                                         "pool7: pool70.aqp pool8.aqp",
+                                         "pool8: pool80.aqp pool9.aqp",
+                                         "pool9: pool90.aqp",
+                                         "pool00: pool000.aqp pool01.aqp",
+                                         "pool01: pool010.aqp pool02.aqp"};
     EXPECT_EQ(lines, expected);
 }
 

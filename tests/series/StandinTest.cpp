@@ -11,8 +11,8 @@
 
 #include "pool/PoolFile.h"
 #include "series/AqRun.h"
-#include "series/Simulator.h"
 #include "series/EvolveSeries.h"
+#include "series/Simulator.h"
 #include "support/PoolFixtures.h"
 #include "support/ScriptedUi.h"
 #include "support/TempDir.h"
@@ -173,7 +173,7 @@ TEST(DemoFolder, IsLaidOutOnceAndNeverOverwritten) {
     std::string command = tool + " " + demo + " " + kStandin;
     ASSERT_EQ(std::system(command.c_str()), 0);
     for (const char* name : {"Aquarium", "Drifter_1.DNA", "Drifter_4.DNA", "Pool_1.AQP", "Pool_4.AQP",
-                             "Drifters/Default_0.DNA", "Pools/Default.aqp", "Pools/Evolved.aqp"})
+                             "Drifters/Default_0.DNA", "Pools/Default.aqp", "Pools/Evolved.aqp", "Pools/Seed_2024.aqp"})
         EXPECT_TRUE(std::filesystem::exists(demo + "/" + name)) << name;
     EXPECT_EQ(std::filesystem::file_size(demo + "/Drifter_2.DNA"), 1000u);
     aq::Pool evolved;

@@ -20,8 +20,7 @@ const QColor kSegmentColors[] = {QColor(220, 40, 40), QColor(240, 140, 20), QCol
 
 class PoolView : public QWidget {
 public:
-    PoolView(aq::Pool& pool, int stepsPerSecond, volatile std::sig_atomic_t& closeRequested,
-             std::function<int()> save)
+    PoolView(aq::Pool& pool, int stepsPerSecond, volatile std::sig_atomic_t& closeRequested, std::function<int()> save)
         : pool_(pool), model_(pool), closeRequested_(closeRequested), save_(std::move(save)) {
         setWindowTitle("Aquarium version 4 (stand-in)");
         resize(800, 800);

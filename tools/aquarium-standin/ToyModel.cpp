@@ -33,7 +33,8 @@ ToyModel::ToyModel(aq::Pool& pool)
              0x9e3779b9u) {
     if (state_ == 0) state_ = 1;
     // Counts beyond the arrays would come from a broken reader; stay inside them.
-    pool_.drifterCount = std::clamp<std::int32_t>(pool_.drifterCount, 0, static_cast<std::int32_t>(pool_.drifters.size()));
+    pool_.drifterCount =
+        std::clamp<std::int32_t>(pool_.drifterCount, 0, static_cast<std::int32_t>(pool_.drifters.size()));
     pool_.foodCount = std::clamp<std::int32_t>(pool_.foodCount, 0, static_cast<std::int32_t>(pool_.food.size()));
 }
 

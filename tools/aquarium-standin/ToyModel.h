@@ -15,8 +15,8 @@ public:
     void step();
 
 private:
-    std::uint32_t next();    // xorshift32
-    float unit();            // [0, 1)
+    std::uint32_t next();  // xorshift32
+    float unit();          // [0, 1)
     void moveDrifter(aq::DrifterRec& d);
     void eat(aq::DrifterRec& d);
     void breed(int mother);

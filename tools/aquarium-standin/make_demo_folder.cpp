@@ -6,6 +6,7 @@
 #include <string>
 
 #include "ToyModel.h"
+#include "generator/Generator.h"
 #include "pool/PoolFile.h"
 #include "pool/PoolOps.h"
 #include "shell/FileIo.h"
@@ -53,6 +54,11 @@ int main(int argc, char** argv) {
     for (int i = 0; i < 6; ++i)
         ok &= write(folder / "Drifters" / ("Default_" + std::to_string(i) + ".DNA"), genesOf(pool, i));
     ok &= write(folder / "Pools" / "Default.aqp", aq::poolBytes(pool));
+    aq::StartupSettings settings;
+    settings.seed = 2024;
+    aq::Pool generated;
+    if (aq::buildStartupPool(pool, settings, generated))
+        ok &= write(folder / "Pools" / "Seed_2024.aqp", aq::poolBytes(generated));
     aq::Pool evolved = pool;
     standin::ToyModel model(evolved);
     for (int step = 0; step < 2000; ++step) model.step();

@@ -1,0 +1,142 @@
+// The gene panel: choosing a gene, shifting and spreading the ticked values.
+#include <gtest/gtest.h>
+
+#include "dnaeditor/DnaFixture.h"
+#include "dnaeditor/GenePanel.h"
+
+namespace {
+
+// Ticked files whose gene 7 holds `values`, one file each, plus one unticked file at 99.
+struct Panel : aqtest::DnaFixture {
+    explicit Panel(std::vector<int> values) {
+        for (int v : values) add(v, true);
+        add(99, false);
+        app.dnaLoaded = true;
+        app.dna.gene.txtGene = "7";
+        aq::setGeneSliders(app);
+    }
+    void add(int v, bool ticked) {
+        aq::Genome g = aqtest::genome(1);
+        g[7] = static_cast<std::uint8_t>(v);
+        app.dna.dnaGenes.push_back(g);
+        app.dna.dnaPaths.push_back("/x/" + std::to_string(app.dna.dnaCount) + ".dna");
+        app.dna.dnaChanged.push_back(0);
+        ++app.dna.dnaCount;
+        app.lstSpeciateDrifters.add("f");
+        app.lstSpeciateDrifters.setChecked(app.lstSpeciateDrifters.count() - 1, ticked);
+    }
+    std::vector<int> values() const {
+        std::vector<int> out;
+        for (int i = 0; i + 1 < app.dna.dnaCount; ++i) out.push_back(app.dna.dnaGenes[static_cast<std::size_t>(i)][7]);
+        EXPECT_EQ(app.dna.dnaGenes.back()[7], 99) << "the unticked file changed";
+        return out;
+    }
+    void spread(int pos) {
+        app.dna.gene.VsGeneRange.pos = pos;
+        aq::ScaleGeneSpread(app);
+    }
+    void shift(int pos) {
+        app.dna.gene.VsGeneValue.pos = pos;
+        aq::ShiftGeneValues(app);
+    }
+};
+
+TEST(GenePanel, ChosenGeneWrapsAndButtonsStepTheText) {
+    const struct {
+        const char* text;
+        int gene;
+    } cases[] = {{"0", 0},   {"-1", 999}, {"1000", 0},  {"1001", 1},  {"12abc", 12}, {"abc", 0},
+                 {"2.5", 2}, {"3.5", 4},  {"-1001", 1}, {"-2000", 0}, {" 5", 5}};
+    for (const auto& c : cases) EXPECT_EQ(aq::chosenGene(c.text), c.gene) << c.text;
+    EXPECT_EQ(aq::steppedGeneText("0", -1), "-1");
+    EXPECT_EQ(aq::steppedGeneText("4", 1), " 5");
+    EXPECT_EQ(aq::steppedGeneText("-1", 1), " 0");
+    EXPECT_EQ(aq::steppedGeneText("x", 1), " 1");
+}
+
+TEST(GenePanel, SpreadMovesOnToTheNearestWholeSpread) {
+    const struct {
+        std::vector<int> values;
+        int wish, ends;
+        std::vector<int> after;
+        std::vector<std::uint8_t> changed;
+    } cases[] = {
+        {{10, 20}, 11, 12, {9, 21}, {1, 1, 0}},
+        {{10, 13, 20}, 11, 20, {5, 11, 25}, {1, 1, 1, 0}},
+        {{10, 13, 20}, 9, 10, {10, 13, 20}, {0, 0, 0, 0}},
+        {{10, 20}, 10, 10, {10, 20}, {0, 0, 0}},
+        {{10, 15, 20}, 4, 4, {13, 15, 17}, {1, 0, 1, 0}},
+        {{0, 250}, 254, 250, {0, 250}, {0, 0, 0}},  // wider would leave 0..255
+    };
+    for (const auto& c : cases) {
+        Panel p(c.values);
+        p.spread(c.wish);
+        SCOPED_TRACE(testing::Message() << c.values.size() << " values, wish " << c.wish);
+        EXPECT_EQ(p.app.dna.gene.VsGeneRange.pos, c.ends);
+        EXPECT_EQ(p.values(), c.after);
+        EXPECT_EQ(p.app.dna.dnaChanged, c.changed);
+        EXPECT_FALSE(p.app.uiBusy);
+    }
+}
+
+TEST(GenePanel, ShiftKeepsTheDistances) {
+    Panel p({10, 15});
+    EXPECT_EQ(p.app.dna.gene.VsGeneValue.min, 2);
+    EXPECT_EQ(p.app.dna.gene.VsGeneValue.max, 252);
+    EXPECT_EQ(p.app.dna.gene.VsGeneValue.pos, 12);  // 12.5 to even
+    p.shift(13);
+    EXPECT_EQ(p.values(), (std::vector<int>{11, 16}));
+    EXPECT_EQ(p.app.dna.gene.VsGeneValue.pos, 14);  // 13.5 to even, now over 11 and 16
+    p.shift(15);                                    // floor(13.5) is 13: adds 2
+    EXPECT_EQ(p.values(), (std::vector<int>{13, 18}));
+    p.shift(2);
+    EXPECT_EQ(p.values(), (std::vector<int>{0, 5}));
+    p.shift(252);
+    EXPECT_EQ(p.values(), (std::vector<int>{250, 255}));
+    EXPECT_EQ(p.app.dna.gene.lblGeneRange,
+              "\r\nValues for the chosen gene within the selected drifters range from 250 to 255.");
+}
+
+TEST(GenePanel, ScrollbarsAndCaptionFollowTheTicks) {
+    Panel full({0, 255});
+    EXPECT_TRUE(full.app.dna.gene.VsGeneRange.visible);
+    EXPECT_EQ(full.app.dna.gene.VsGeneRange.pos, 255);
+    EXPECT_FALSE(full.app.dna.gene.VsGeneValue.visible);
+
+    Panel one({7});
+    EXPECT_EQ(one.app.dna.gene.lblGeneRange, "\r\nThe chosen gene has a value of 7 within the selected drifter.");
+    EXPECT_FALSE(one.app.dna.gene.VsGeneRange.visible);
+    EXPECT_TRUE(one.app.dna.gene.VsGeneValue.visible);
+    EXPECT_EQ(one.app.dna.gene.VsGeneValue.pos, 7);
+    EXPECT_EQ(one.app.dna.gene.VsGeneValue.min, 0);
+    EXPECT_EQ(one.app.dna.gene.VsGeneValue.max, 255);
+    EXPECT_TRUE(one.app.dna.gene.cmdZeroGeneEnabled);
+    one.spread(5);  // a single value has no spread
+    EXPECT_FALSE(one.app.dna.gene.VsGeneRange.visible);
+
+    Panel same({4, 4});
+    EXPECT_EQ(same.app.dna.gene.lblGeneRange, "\r\nThe chosen gene has a value of 4 within the selected drifters.");
+    same.shift(4);
+    EXPECT_EQ(same.app.dna.dnaChanged, (std::vector<std::uint8_t>{0, 0, 0}));
+
+    same.app.dna.gene.txtGene = "1000";
+    aq::setGeneSliders(same.app);
+    EXPECT_FALSE(same.app.dna.gene.cmdZeroGeneEnabled);
+    EXPECT_EQ(same.app.dna.gene.lblGeneRange, "\r\nThe chosen gene has a value of 1 within the selected drifters.");
+
+    same.app.dna.gene.txtGene = "";
+    aq::setGeneSliders(same.app);
+    EXPECT_FALSE(same.app.dna.gene.VsGeneValue.visible);
+    EXPECT_FALSE(same.app.dna.gene.VsGeneRange.visible);
+    EXPECT_EQ(same.app.dna.gene.lblGeneRange,
+              "\r\nSelect drifters in the list on the left, and a gene number above this text.");
+
+    aq::geneScrollFocus(same.app, true, true);
+    EXPECT_EQ(same.app.dna.gene.lblGeneRange,
+              "Use the scrollbar to make the values of the chosen gene closer to or farther from the same in all "
+              "selected drifters.");
+    aq::geneScrollFocus(same.app, true, false);
+    EXPECT_EQ(same.app.dna.gene.lblGeneRange, "Use the scrollbars to change the numeric value of the chosen gene.");
+}
+
+}  // namespace

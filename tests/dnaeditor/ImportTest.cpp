@@ -1,0 +1,134 @@
+// Import from a pool: the generated names, the skipping of present genomes, the questions.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "dnaeditor/DnaFixture.h"
+#include "pool/PoolFile.h"
+#include "support/PoolFixtures.h"
+
+namespace {
+
+using aq::Answer;
+
+aq::DrifterRec drifter(int id, std::vector<int> colors, int gene0) {
+    aq::DrifterRec d = aqtest::makeDrifter(id, static_cast<int>(colors.size()));
+    for (std::size_t s = 0; s < colors.size(); ++s) d.segments[s].color = colors[s];
+    d.genes[0] = static_cast<std::uint8_t>(gene0);
+    return d;
+}
+
+aq::Pool poolOf(std::vector<aq::DrifterRec> drifters) {
+    aq::Pool p;
+    p.drifterCount = static_cast<int>(drifters.size());
+    p.drifters = std::move(drifters);
+    return p;
+}
+
+TEST(ImportDrifters, NamesFromStemColoursAndId) {
+    aqtest::DnaFixture f;
+    f.app.comboDrifterPath = f.dir.path();
+    f.app.openPoolPath = "/pools/Sea.aqp";
+    f.writeDna("Sea.rob12.dna", aqtest::genome(0, {77}));  // on disk, not loaded
+    f.app.workPool = poolOf({drifter(12, {0, 1, 4}, 1), drifter(12, {0, 1, 4}, 2), drifter(3, {5, 9, 2}, 3),
+                             drifter(4, {}, 4), drifter(5, {3}, 3)});
+    aq::importDriftersFromAquarium(f.app);
+    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    ASSERT_EQ(f.app.dna.dnaCount, 5);  // same genome twice in one pool: both come in
+    EXPECT_EQ(f.lines(), (std::vector<std::string>{"Sea.rob12_0.dna", "Sea.rob12_1.dna", "Sea.py3.dna", "Sea.4.dna",
+                                                   "Sea.g5.dna"}));
+    EXPECT_EQ(f.app.dna.dnaPaths[0], f.path("Sea.rob12_0.dna"));
+    EXPECT_EQ(f.app.dna.dnaChanged, (std::vector<std::uint8_t>{1, 1, 1, 1, 1}));
+    EXPECT_EQ(f.app.dna.dnaGenes[2][0], 3);
+    EXPECT_TRUE(f.app.dnaLoaded);
+    EXPECT_TRUE(f.app.speciesPending);
+    EXPECT_FALSE(std::filesystem::exists(f.path("Sea.py3.dna")));  // nothing is written yet
+
+    // A second import adds nothing: every genome is there.
+    aq::importDriftersFromAquarium(f.app);
+    EXPECT_EQ(f.app.dna.dnaCount, 5);
+    EXPECT_EQ(f.ui.waitDepth, 0);
+}
+
+TEST(ImportDrifters, StemIsUpToTheFirstDot) {
+    const struct {
+        const char* path;
+        const char* line;
+    } cases[] = {{"/p/My.Pool.aqp", "My.r1.dna"}, {"/p/plain", "plainr1.dna"}, {"", "r1.dna"}};
+    for (const auto& c : cases) {
+        aqtest::DnaFixture f;
+        f.app.comboDrifterPath = f.dir.path();
+        f.app.openPoolPath = c.path;
+        f.app.workPool = poolOf({drifter(1, {0}, 9)});
+        aq::importDriftersFromAquarium(f.app);
+        ASSERT_EQ(f.app.dna.dnaCount, 1);
+        EXPECT_EQ(f.lines()[0], c.line);
+        EXPECT_FALSE(f.app.speciesPending);  // one entry: nothing to compare
+    }
+}
+
+TEST(ImportDrifters, QuickSpeciateLooksAtTheFirstHundredGenes) {
+    aqtest::DnaFixture f;
+    f.app.comboDrifterPath = f.dir.path();
+    aq::DrifterRec d = drifter(1, {0}, 9);
+    f.app.dna.dnaGenes = {aq::Genome{}};
+    std::copy(std::begin(d.genes), std::end(d.genes), f.app.dna.dnaGenes[0].begin());
+    f.app.dna.dnaGenes[0][500] ^= 1;
+    f.app.dna.dnaPaths = {f.path("x.dna")};
+    f.app.dna.dnaChanged = {0};
+    f.app.dna.dnaCount = 1;
+    f.app.workPool = poolOf({d});
+    f.app.similarityDepth = 100;
+    EXPECT_EQ(aq::GeneDifferences(f.app, f.app.dna.dnaGenes[0], d.genes), 0);
+    aq::importDriftersFromAquarium(f.app);
+    EXPECT_EQ(f.app.dna.dnaCount, 1);
+    f.app.similarityDepth = 1000;
+    EXPECT_EQ(aq::GeneDifferences(f.app, f.app.dna.dnaGenes[0], d.genes), 1);
+    aq::importDriftersFromAquarium(f.app);
+    EXPECT_EQ(f.app.dna.dnaCount, 2);
+    EXPECT_EQ(f.lines(), (std::vector<std::string>{"x.dna", "r1.dna"}));
+}
+
+TEST(ImportDrifters, TheQuestionsChooseTheSource) {
+    aqtest::DnaFixture f;
+    f.app.comboDrifterPath = f.dir.path();
+    f.app.comboPoolPath = "/pools";
+    const std::string openQuestion =
+        "Would you like to import the drifters from the currently open pool file into the Drifter Files list?";
+    const std::string fileQuestion =
+        "Would you like to import the drifters from a pool file into the Drifter Files list?";
+
+    f.ui.ask("yesno", fileQuestion, aq::kAppTitle, Answer::No);  // no pool open: the first question isn't asked
+    aq::importDrifters(f.app);
+    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+
+    f.app.poolLoaded = true;
+    f.app.openPool = poolOf({drifter(7, {2}, 1)});
+    f.ui.ask("yesnocancel", openQuestion, aq::kAppTitle, Answer::No)
+        .ask("yesno", fileQuestion, aq::kAppTitle, Answer::No);
+    aq::importDrifters(f.app);
+    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    EXPECT_EQ(f.app.dna.dnaCount, 0);
+
+    std::string poolPath = f.path("other.aqp");
+    aqtest::writeBytes(poolPath, aq::poolBytes(aqtest::makePool(3, 0)));
+    f.ui.ask("yesnocancel", openQuestion, aq::kAppTitle, Answer::No)
+        .ask("yesno", fileQuestion, aq::kAppTitle, Answer::Yes)
+        .file("open", "Select Pool File", poolPath, "/pools||aqp|Aquarium Files");
+    aq::importDrifters(f.app);
+    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    EXPECT_EQ(f.app.dna.dnaCount, 3);
+    EXPECT_FALSE(f.app.lstSpeciateDrifters.enabled());  // extended species wait for the pass
+
+    f.ui.ask("yesnocancel", openQuestion, aq::kAppTitle, Answer::Yes);
+    aq::importDrifters(f.app);
+    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    EXPECT_EQ(f.app.dna.dnaCount, 4);
+    EXPECT_EQ(f.lines().back(), "y7.dna");
+
+    f.ui.ask("yesnocancel", openQuestion, aq::kAppTitle, Answer::Cancel);
+    aq::importDrifters(f.app);
+    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+}
+
+}  // namespace

@@ -1,0 +1,246 @@
+// The food list: lines, group ticks, the threshold box, the box sliders, deletion.
+#include <gtest/gtest.h>
+
+#include "foodeditor/FoodEdits.h"
+#include "foodeditor/FoodList.h"
+#include "foodeditor/FoodThreshold.h"
+#include "pool/PoolFile.h"
+#include "shell/MultiTask.h"
+#include "support/ManualClock.h"
+#include "support/PoolFixtures.h"
+#include "support/ScriptedUi.h"
+#include "support/TempDir.h"
+
+using namespace aq;
+using namespace aqtest;
+
+namespace {
+
+FoodBit bit(int family, float x, float y) {
+    FoodBit f{};
+    f.family = static_cast<std::uint8_t>(family);
+    f.x = x;
+    f.y = y;
+    f.carried1[0] = 0xAB;
+    return f;
+}
+
+struct FoodTab {
+    ScriptedUi ui;
+    ManualClock clock;
+    App app{ui, clock};
+    TempDir folder;
+    explicit FoodTab(std::vector<FoodBit> food) {
+        app.openPool = makePool(2, 0);
+        app.openPool.food = std::move(food);
+        app.openPool.foodCount = static_cast<int>(app.openPool.food.size());
+        app.openPoolPath = "/pools/open.aqp";
+        app.comboPoolPath = folder.path();
+        app.poolLoaded = true;
+        populateFoodList(app);
+        app.lstPoolFood.onUserCheck = [this](int row, bool) { foodTickedByUser(app, row); };
+    }
+    std::vector<bool> ticks() const {
+        std::vector<bool> t;
+        for (int i = 0; i < app.lstPoolFood.count(); ++i) t.push_back(app.lstPoolFood.checked(i));
+        return t;
+    }
+    FoodBit& f(int i) { return app.openPool.food[static_cast<std::size_t>(i)]; }
+};
+
+}  // namespace
+
+TEST(FoodList, LinesInHexAndShortNumbers) {
+    EXPECT_EQ(FoodLineText(bit(1, 50, 86.60254f)), "{1} Food bit @ 50X, 86.60254Y. ");
+    EXPECT_EQ(FoodLineText(bit(3, -100, 5.358979e-06f)), "{3} Food bit @ -100X, 5.358979E-06Y. ");
+    EXPECT_EQ(FoodLineText(bit(255, 0, 0)), "{FF} Food bit @ 0X, 0Y. ");
+    EXPECT_EQ(FoodLineText(bit(10, 0.5f, 0)), "{A} Food bit @ .5X, 0Y. ");
+    FoodTab t({bit(1, 0, 0), bit(2, 0, 0), bit(3, 0, 0)});
+    t.app.lstPoolFood.setChecked(0, true);
+    t.app.openPool.foodCount = 1;
+    populateFoodList(t.app);
+    EXPECT_EQ(t.app.lstPoolFood.count(), 1);
+    EXPECT_TRUE(t.app.lstPoolFood.checked(0));
+}
+
+TEST(FoodGroup, ATickSpreadsByMode) {
+    struct Case {
+        const char* name;
+        int mode;
+        int position;  // of scrollFoodThreshold
+        int row;
+        std::vector<bool> ticks;
+    } cases[] = {
+        {"individual", 0, 888, 0, {true, false, false, false, false}},
+        {"family", 1, 888, 0, {true, false, true, false, false}},
+        {"proximity at 100: the same x only, whatever y", 2, 1000, 1, {false, true, false, true, false}},
+        {"proximity at 0: the whole pool", 2, 0, 4, {true, true, true, true, true}},
+        {"proximity at 88.8: about 1267 either side", 2, 888, 0, {true, true, false, true, false}},
+    };
+    for (const Case& c : cases) {
+        FoodTab t({bit(1, -1000, 0), bit(2, 200, 5), bit(1, 2000, 0), bit(3, 200, -3000), bit(4, 3999, 3999)});
+        t.app.comboFoodGroup = c.mode;
+        setFoodThresholdPosition(t.app, c.position);
+        t.app.lstPoolFood.userCheck(c.row, true);
+        EXPECT_EQ(t.ticks(), c.ticks) << c.name;
+        EXPECT_EQ(t.app.lstPoolFood.currentIndex(), c.row);
+        EXPECT_FALSE(t.app.uiBusy);
+        // Unticking takes the whole group away again.
+        t.app.lstPoolFood.userCheck(c.row, false);
+        EXPECT_EQ(t.ticks(), std::vector<bool>(5, false)) << c.name;
+    }
+}
+
+TEST(FoodGroup, InvertAndTheProgramsOwnTicks) {
+    FoodTab t({bit(1, 0, 0), bit(1, 10, 0), bit(2, 20, 0)});
+    InvertFoodSelection(t.app);
+    EXPECT_EQ(t.ticks(), std::vector<bool>(3, true));
+    EXPECT_EQ(t.app.SliderFoodWidth.value, 20);  // the sliders follow: W = 20
+    EXPECT_TRUE(t.app.SliderFoodWidth.visible);
+    t.app.lstPoolFood.setChecked(0, false);  // a change by the program does not spread
+    EXPECT_EQ(t.ticks(), (std::vector<bool>{false, true, true}));
+}
+
+TEST(FoodThreshold, TypedTexts) {
+    struct Case {
+        const char* typed;
+        int position;
+        float threshold;
+        const char* canonical;
+    } cases[] = {
+        {"95%", 950, 95.0f, " 95"}, {" 95 ", 950, 95.0f, " 95"}, {"abc", 0, 0.0f, " 0"},
+        {"-5", 1000, 100.0f, " 100"}, {"12.34", 123, 12.3f, " 12.3"},
+    };
+    for (const Case& c : cases) {
+        ScriptedUi ui;
+        ManualClock clock;
+        App app(ui, clock);
+        typeFoodThreshold(app, c.typed);
+        MultiTask task;
+        for (int t = 0; t < 6; ++t) tmrMultiTaskTick(app, task, {true, false});
+        EXPECT_EQ(app.scrollFoodThreshold, c.position) << c.typed;
+        EXPECT_FLOAT_EQ(app.foodThreshold, c.threshold) << c.typed;
+        EXPECT_EQ(app.txtFoodThreshold, c.typed);
+        typeFoodThreshold(app, c.typed);
+        clock.advance(6);
+        for (int t = 0; t < 6; ++t) tmrMultiTaskTick(app, task, {true, false});
+        EXPECT_EQ(app.txtFoodThreshold, c.canonical) << c.typed;
+    }
+}
+
+TEST(FoodBox, SlidersMovesAndStretches) {
+    struct Case {
+        const char* name;
+        std::vector<FoodBit> ticked;
+        int xMin, xMax, xValue, widthMax;
+        bool xShown, widthShown;
+    } cases[] = {
+        {"nothing", {}, -8000, 8000, 0, 8000, true, false},
+        {"one bit", {bit(1, 321, -45)}, -4000, 4000, 321, 7358, true, false},
+        {"two at -1000 and 1000", {bit(1, -1000, 0), bit(1, 1000, 0)}, -3000, 3000, 0, 8000, true, true},
+        {"centre at 3000", {bit(1, 2000, 0), bit(1, 4000, 0)}, -3000, 3000, 3000, 2000, true, true},
+        {"spanning the pool", {bit(1, -4000, 0), bit(1, 4000, 0)}, 0, 0, 0, 8000, false, true},
+    };
+    for (const Case& c : cases) {
+        std::vector<FoodBit> food{bit(9, 77, 77)};
+        food.insert(food.end(), c.ticked.begin(), c.ticked.end());
+        FoodTab t(food);
+        for (int i = 1; i < static_cast<int>(food.size()); ++i) t.app.lstPoolFood.setChecked(i, true);
+        setFoodSliders(t.app);
+        SCOPED_TRACE(c.name);
+        EXPECT_EQ(t.app.SliderFoodX.min, c.xMin);
+        EXPECT_EQ(t.app.SliderFoodX.max, c.xMax);
+        EXPECT_EQ(t.app.SliderFoodX.value, c.xValue);
+        EXPECT_EQ(t.app.SliderFoodWidth.max, c.widthMax);
+        EXPECT_EQ(t.app.SliderFoodX.visible, c.xShown);
+        EXPECT_EQ(t.app.lblFoodX, c.xShown);
+        EXPECT_EQ(t.app.SliderFoodWidth.visible, c.widthShown);
+    }
+    // One bit moves to exactly the slider's position; the unticked one stays.
+    FoodTab one({bit(1, 321, -45), bit(2, 5, 5)});
+    one.app.lstPoolFood.setChecked(0, true);
+    setFoodSliders(one.app);
+    MoveFoodBox(one.app, Axis::X, -2500);
+    MoveFoodBox(one.app, Axis::Y, 1234);
+    EXPECT_EQ(one.f(0).x, -2500.0f);
+    EXPECT_EQ(one.f(0).y, 1234.0f);
+    EXPECT_EQ(one.f(0).carried1[0], 0xAB);
+    EXPECT_EQ(one.f(1).x, 5.0f);
+    EXPECT_EQ(one.app.lstPoolFood.text(0), "{1} Food bit @ -2500X, 1234Y. ");
+    EXPECT_FALSE(one.app.poolChanged);
+
+    FoodTab two({bit(1, -1000, 0), bit(1, 1000, 0)});
+    two.app.lstPoolFood.setChecked(0, true);
+    two.app.lstPoolFood.setChecked(1, true);
+    setFoodSliders(two.app);
+    StretchFoodBox(two.app, Axis::X, 4000);
+    EXPECT_EQ(two.f(0).x, -2000.0f);
+    EXPECT_EQ(two.f(1).x, 2000.0f);
+    EXPECT_EQ(two.app.SliderFoodX.min, -2000);
+    two.app.uiBusy = true;
+    StretchFoodBox(two.app, Axis::X, 100);
+    EXPECT_EQ(two.f(1).x, 2000.0f);
+}
+
+TEST(FoodDelete, QuestionsAndOutcomes) {
+    const std::string question =
+        "You are about to delete the 2 selected food bits. These food bits can be saved to a pool file before deletion "
+        "if you answer YES to the following question. If you answer NO, they will simply be deleted from the open "
+        "pool.\r\n\r\nSave the  selected food bits before deletion?";
+    const std::string clone =
+        "If you answer NO to the following question, the generated pool file will not have any drifters in it.\r\n\r\n"
+        "Would you like the drifters copied from the open pool to the pool file where the selected food bits are being "
+        "saved?";
+    TempDir dir;
+    struct Case {
+        Answer answer;
+        std::string path;
+        int left;
+    } cases[] = {{Answer::Cancel, "", 3}, {Answer::No, "", 1}, {Answer::Yes, "", 1}, {Answer::Yes, dir.file("f.aqp"), 1}};
+    for (const Case& c : cases) {
+        FoodTab t({bit(1, 0, 0), bit(2, 1, 1), bit(3, 2, 2)});
+        t.app.lstPoolFood.setChecked(0, true);
+        t.app.lstPoolFood.setChecked(2, true);
+        t.ui.ask("yesnocancel", question, kAppTitle, c.answer);
+        if (c.answer == Answer::Yes) {
+            t.ui.ask("yesno", clone, "Clone Drifters into New Pool", Answer::No);
+            t.ui.file("save", "Save New Pool with Selected Food Bits", c.path, t.folder.path() + "||aqp|Pool Files");
+        }
+        mSelectFoodDelete(t.app);
+        EXPECT_TRUE(t.ui.done()) << t.ui.report();
+        EXPECT_EQ(t.app.openPool.foodCount, c.left);
+        EXPECT_EQ(t.app.lstPoolFood.count(), c.left);
+        EXPECT_EQ(t.app.poolChanged, c.left != 3);
+        if (c.left == 1) {
+            EXPECT_EQ(t.f(0).family, 2);
+        }
+        EXPECT_EQ(t.app.openPool.drifterCount, 2);
+        if (!c.path.empty()) {
+            Pool p;
+            ASSERT_EQ(readPool(c.path, p).status, PoolReadStatus::Ok);
+            EXPECT_EQ(p.foodCount, 2);
+            EXPECT_EQ(p.food[1].family, 3);
+            EXPECT_EQ(p.drifterCount, 0);
+        }
+    }
+    FoodTab none({bit(1, 0, 0)});
+    none.ui.message("No Food Selected");
+    mSelectFoodDelete(none.app);
+    none.ui.message("Nothing Selected");
+    saveSelectedFood(none.app);
+    EXPECT_TRUE(none.ui.done()) << none.ui.report();
+
+    // Deleting all food leaves none, and a save writes no food records.
+    FoodTab all({bit(1, 0, 0), bit(2, 0, 0)});
+    InvertFoodSelection(all.app);
+    all.ui.ask("yesnocancel", question, kAppTitle, Answer::No);
+    mSelectFoodDelete(all.app);
+    EXPECT_EQ(all.app.openPool.foodCount, 0);
+    EXPECT_EQ(all.app.lstPoolFood.count(), 0);
+    std::string bytes = poolBytes(all.app.openPool);
+    Pool back;
+    ASSERT_EQ(parsePool({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()}, back).status,
+              PoolReadStatus::Ok);
+    EXPECT_EQ(back.foodCount, 0);
+    EXPECT_EQ(bytes.size(), back.fileSize());
+}
