@@ -1,6 +1,8 @@
 // The species pass over a DNA folder, its prefixes, the group ticks and the threshold range.
 #include <gtest/gtest.h>
 
+#include "support/RecordingNotice.h"
+
 #include "dnaeditor/DnaFixture.h"
 
 namespace {
@@ -172,8 +174,9 @@ TEST(DrifterSpecies, SlowPassesShowTheNoticeWithGrowingPatience) {
         std::string bytes(1000, static_cast<char>(i));
         aqtest::writeBytes(dir.file("f" + std::to_string(100 + i) + ".dna"), bytes);
     }
-    std::vector<std::string> notices;
-    app.showNotice = [&](const std::string& text) { notices.push_back(text); };
+    aqtest::RecordingNotice recorder;
+    app.notice = &recorder;
+    std::vector<std::string>& notices = recorder.shown;
     app.comboDrifterPath = dir.path();
     aq::initiateLoadDrifterArchive(app);
     auto runPass = [&] {

@@ -70,18 +70,6 @@ TEST(GenerateCommand, ExtendedSpeciesModeHoldsTheListUntilSpeciesAreKnown) {
     EXPECT_FALSE(f.app.lstSpeciatePool.enabled());
 }
 
-TEST(GenerateCommand, OldTicksGoWithTheOldPool) {
-    Fixture f;
-    f.openChangedPool("");
-    f.ui.ask("yesnocancel", kChanged, "File Has Changed", aq::Answer::No);
-    aq::generateStartupPool(f.app, aq::StartupSettings{});
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
-    EXPECT_EQ(f.app.lstSpeciatePool.count(), 120);
-    EXPECT_EQ(f.app.lstSpeciatePool.checkedCount(), 0);
-    EXPECT_EQ(f.app.lstPoolFood.count(), 400);
-    EXPECT_TRUE(f.app.poolChanged);
-}
-
 TEST(GenerateCommand, CancelKeepsTheChangedPool) {
     Fixture f;
     f.openChangedPool(f.dir.file("open.aqp"));

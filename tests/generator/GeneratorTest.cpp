@@ -320,12 +320,4 @@ TEST(GenerateStartupPool, DoubleWallsAreTurnedHalfRound) {
     EXPECT_EQ(vertical.walls[1].bottom, -d[0].top);
 }
 
-TEST(GenerateStartupPool, AnEmptyDefaultPoolMakesNothing) {
-    aq::Pool empty;
-    aq::Pool out = aqtest::makePool(2, 2);
-    std::string before = aq::poolBytes(out);
-    EXPECT_FALSE(aq::buildStartupPool(empty, aq::StartupSettings{}, out));
-    EXPECT_EQ(aq::poolBytes(out), before);
-}
-
 }  // namespace

@@ -102,23 +102,4 @@ TEST(MoveDrifter, AfterResetEveryPointStandsAtTheNewPlace) {
     }
 }
 
-TEST(MoveDrifter, ToItsOwnPlaceChangesNothing) {
-    aq::Pool p = poolWithBody(5);
-    aq::DrifterRec before = p.drifters[0];
-    aq::MoveDrifter(p, 0, before.x, before.y);
-    EXPECT_EQ(std::memcmp(&p.drifters[0], &before, sizeof before), 0);
-}
-
-TEST(MoveDrifter, ABadSegmentCountMovesNoSegment) {
-    aq::Pool p = poolWithBody(1);
-    p.drifters[0].segmentCount = -3;
-    aq::DrifterRec before = p.drifters[0];
-    aq::MoveDrifter(p, 0, 0, 0);
-    aq::ResetDrifter(p, 0, 0, 0);
-    EXPECT_EQ(std::memcmp(p.drifters[0].segments, before.segments, sizeof before.segments), 0);
-    p.drifters[0].segmentCount = 99;
-    aq::MoveDrifter(p, 0, 5, 5);  // stays within the sixteen slots
-    EXPECT_EQ(p.drifters[0].segments[15].point1X, 31.0f);
-}
-
 }  // namespace

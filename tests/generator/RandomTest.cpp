@@ -41,17 +41,6 @@ TEST(RandomStream, ReseedKeepsOnlyTheLowByte) {
     }
 }
 
-TEST(RandomStream, ValuesStayBelowOne) {
-    aq::setRandomState(0x123456);
-    for (int i = 0; i < 1 << 16; ++i) {
-        float v = aq::RandomNext();
-        ASSERT_GE(v, 0.0f);
-        ASSERT_LT(v, 1.0f);
-    }
-    aq::setRandomState(0x1FFFFFF);
-    EXPECT_EQ(aq::randomState(), 0xFFFFFFu);
-}
-
 TEST(RandomizeSettings, DrawsFifteenValuesInTheTabsOrder) {
     const struct {
         double seconds;
@@ -81,17 +70,6 @@ TEST(RandomizeSettings, DrawsFifteenValuesInTheTabsOrder) {
         EXPECT_EQ(s.splitPool, c.split);
         EXPECT_EQ(aq::randomState(), c.stateAfter);
     }
-}
-
-TEST(RandomizeSettings, TimeOfDayIsTakenAsAFloat) {
-    // 45296.3 and the float nearest to it reseed alike.
-    aq::setRandomState(aq::kRandomStartState);
-    aq::StartupSettings a = aq::randomizeStartupSettings(45296.3, 49);
-    std::uint32_t afterA = aq::randomState();
-    aq::setRandomState(aq::kRandomStartState);
-    aq::StartupSettings b = aq::randomizeStartupSettings(static_cast<double>(45296.3f), 49);
-    EXPECT_EQ(afterA, aq::randomState());
-    EXPECT_EQ(a.seed, b.seed);
 }
 
 }  // namespace

@@ -93,19 +93,6 @@ TEST(StartupHelp, EachControlHasItsText) {
               "\r\nIf you select Default wall placement, the generated startup pool will have one vertical wall  and "
               "one horizontal wall.\r\nIf you select Double Horizontal wall placement, the generated startup pool "
               "will have two horizontal walls.");
-    std::string drifters = aq::startupHelpText("optDrifterPlace(0)");
-    EXPECT_EQ(drifters.substr(drifters.rfind("\r\n")),
-              "\r\nThese settings will take effect when the Generate Pool Now button is clicked to generate a new "
-              "Startup Pool.");
-    std::string food = aq::startupHelpText("optFoodPlace(4)");
-    EXPECT_EQ(food.rfind("\r\nIf you select Peripheral food placement", 0), std::string::npos);
-    EXPECT_NE(food.find("pool when the Startup Pool is generated.\r\nIf you select Centrally Scattered, the food will "
-                        "be scattered near the center of the pool, when the new Startup Pool is generated.\r\n"),
-              std::string::npos);
-    for (const char* name :
-         {"chkStartupSplitPool", "chkStartupExtraFood", "chkStartupExtraDrifters", "txtSeedNumber", "cmdStartupRnd",
-          "frStartupFoodPlace", "frStartupPoolType", "frStartupWallPlace", "frStartupDrifterPlace"})
-        EXPECT_FALSE(aq::startupHelpText(name).empty()) << name;
     EXPECT_EQ(aq::startupHelpText("cmdDecSeed"), "");
     EXPECT_EQ(aq::startupHelpText("optPool"), "");
 }

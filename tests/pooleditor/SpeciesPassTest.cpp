@@ -1,7 +1,7 @@
 // The species pass in slices, the threshold controls and the range command.
 #include <gtest/gtest.h>
 
-#include "shell/Notice.h"
+#include "support/RecordingNotice.h"
 
 #include <cstring>
 
@@ -148,10 +148,7 @@ TEST(SpeciesPass, TheNoticeComesOnceForASlowPassAndPatienceGrows) {
     Editor e(p);
     e.app.comboSpeciatePoolGroup0 = 2;
     e.app.lastHelpMove = e.clock.seconds - 100;
-    struct Recorder : Notice {
-        std::vector<std::string> shown;
-        void show(const std::string& t) override { shown.push_back(t); }
-    } recorder;
+    aqtest::RecordingNotice recorder;
     e.app.notice = &recorder;
     std::vector<std::string>& notices = recorder.shown;
     e.clock.step = 0.9;  // two drifters a slice: slow enough for every notice
