@@ -5,6 +5,7 @@
 #include <random>
 
 #include "pool/PoolFile.h"
+#include "pooleditor/DrifterKey.h"
 #include "series/Grouping.h"
 #include "series/Harvest.h"
 #include "series/PrepareSteps.h"
@@ -82,6 +83,7 @@ Folder& folder() {
 }
 
 void ReadFolder50x2000(benchmark::State& state) {
+    folder();  // made once, outside the timing
     aq::Pool pool;
     for (auto _ : state)
         for (int k = 0; k < 50; ++k)
@@ -89,6 +91,7 @@ void ReadFolder50x2000(benchmark::State& state) {
 }
 
 void HarvestFolder50x2000(benchmark::State& state) {
+    folder();
     QuietUi ui;
     aqtest::ManualClock clock;
     aq::App app(ui, clock);
@@ -100,6 +103,13 @@ void HarvestFolder50x2000(benchmark::State& state) {
         benchmark::DoNotOptimize(app.openPool.drifterCount);
     }
     state.counters["harvested"] = app.openPool.drifterCount;
+}
+
+// The part of the harvest that is the morphology keys: one pair per drifter.
+void KeyPairs2000(benchmark::State& state) {
+    folder();
+    for (auto _ : state)
+        for (int i = 0; i < 2000; ++i) benchmark::DoNotOptimize(aq::DrifterKeyPair(folder().sample, i));
 }
 
 void ApplyPlague2000(benchmark::State& state) {
@@ -122,6 +132,7 @@ void OrderBySimilarity2000(benchmark::State& state) {
 
 BENCHMARK(ReadFolder50x2000)->Unit(benchmark::kMillisecond);
 BENCHMARK(HarvestFolder50x2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(KeyPairs2000)->Unit(benchmark::kMillisecond);
 BENCHMARK(ApplyPlague2000)->Unit(benchmark::kMillisecond);
 BENCHMARK(OrderBySimilarity2000)->Arg(100)->Arg(1000)->Unit(benchmark::kMillisecond);
 BENCHMARK_MAIN();

@@ -33,6 +33,11 @@ std::size_t at(int i) { return static_cast<std::size_t>(i); }
 
 HarvestList::HarvestList(const Pool& start, int maxN) : maxN_(std::clamp(maxN, 1, kMaxDrifters)) {
     slots_.resize(at(maxN_ + 1));
+    // A folder of evolved pools brings thousands of distinct key lines.
+    ids0_.reserve(1 << 14);
+    ids1_.reserve(1 << 14);
+    tally0_.reserve(1 << 14);
+    tally1_.reserve(1 << 14);
     // The places hold the start pool's records, and empty ones beyond its count.
     start_.assign(slots_.size(), DrifterRec{});
     for (int k = 0; k <= maxN_; ++k) {
