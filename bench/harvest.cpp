@@ -1,5 +1,7 @@
 // The harvest of a folder of 50 pools of 2000 drifters, next to only reading those
 // files; the plague and the similarity chain on one such pool.
+#include "series/Harvest.h"
+
 #include <benchmark/benchmark.h>
 
 #include <random>
@@ -7,7 +9,6 @@
 #include "pool/PoolFile.h"
 #include "pooleditor/DrifterKey.h"
 #include "series/Grouping.h"
-#include "series/Harvest.h"
 #include "series/PrepareSteps.h"
 #include "support/ManualClock.h"
 #include "support/PoolFixtures.h"

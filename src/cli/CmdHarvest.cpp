@@ -207,11 +207,23 @@ int runPrepare(const Args& a) {
     return writeOrFail(out, pool);
 }
 
-Register regScores({"scores", "print the pool's success norm and each drifter's success score", "aqfm scores FILE",
-                    runScores, {}, {}});
-Register regHarvest({"harvest", "gather the best drifter of each body shape from a folder of pool files",
-                     "aqfm harvest FOLDER [--open POOL] [--max N] -o OUT", runHarvest, {"--open", "--max", "-o"}, {}});
-Register regPrepare({"prepare", "run the series' preparation steps on a pool file, in the order given",
-                     "aqfm prepare FILE STEP... [--state HEX] -o OUT", runPrepare, {"--state", "-o"}, {}});
+Register regScores({"scores",
+                    "print the pool's success norm and each drifter's success score",
+                    "aqfm scores FILE",
+                    runScores,
+                    {},
+                    {}});
+Register regHarvest({"harvest",
+                     "gather the best drifter of each body shape from a folder of pool files",
+                     "aqfm harvest FOLDER [--open POOL] [--max N] -o OUT",
+                     runHarvest,
+                     {"--open", "--max", "-o"},
+                     {}});
+Register regPrepare({"prepare",
+                     "run the series' preparation steps on a pool file, in the order given",
+                     "aqfm prepare FILE STEP... [--state HEX] -o OUT",
+                     runPrepare,
+                     {"--state", "-o"},
+                     {}});
 
 }  // namespace

@@ -82,8 +82,8 @@ void mFeedColorClick(App& app) {
     std::string prompt = "Please select one of the following options, and enter the corresponding number.";
     for (int m = 0; m < 4; ++m)
         prompt += "\r\n" + std::to_string(m + 1) + " = " + kModeLabels[m][0] + kColorNames[color] + kModeLabels[m][1];
-    std::string reply = trimmed(
-        app.ui.AskText(prompt, "Select Color Feeding Mode", std::to_string(std::abs(app.feedMode) + 1)));
+    std::string reply =
+        trimmed(app.ui.AskText(prompt, "Select Color Feeding Mode", std::to_string(std::abs(app.feedMode) + 1)));
     int mode = static_cast<int>(std::nearbyint(leadingNumber(reply) - 1));
     if (mode > 3) mode = -1;
     if (mode >= 0) {

@@ -58,8 +58,7 @@ Ring ringOf(int n) {
     return r;
 }
 
-bool positionOf(const DrifterRec& d, int i, int n, int mode, const Ring& ring, double shrink, double& px,
-                double& py) {
+bool positionOf(const DrifterRec& d, int i, int n, int mode, const Ring& ring, double shrink, double& px, double& py) {
     switch (mode) {
         case 0: {
             int g = n <= 10 ? n / 3 : n / 4;
@@ -183,7 +182,8 @@ void orderBySimilarity(Pool& pool, int depth) {
                 pick = j;
             }
         }
-        if (pick != i + 1 && pick < n) std::rotate(order.begin() + i + 1, order.begin() + pick, order.begin() + pick + 1);
+        if (pick != i + 1 && pick < n)
+            std::rotate(order.begin() + i + 1, order.begin() + pick, order.begin() + pick + 1);
     }
     reorder(pool, order);
 }

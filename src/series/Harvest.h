@@ -39,8 +39,7 @@ private:
     bool same(const Slot& s, std::int32_t l0, std::int32_t l1) const {
         return s.line0 >= 0 && (s.line0 == l0 || s.line1 == l1);
     }
-    std::int32_t intern(std::unordered_map<std::string, std::int32_t>& ids, std::vector<int>& tally,
-                        std::string line);
+    std::int32_t intern(std::unordered_map<std::string, std::int32_t>& ids, std::vector<int>& tally, std::string line);
     void tallyRange(int from, int to, int delta);
     std::int32_t storeRecord(const DrifterRec& d);
     void compactStore();

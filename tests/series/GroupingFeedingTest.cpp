@@ -39,16 +39,13 @@ TEST(Grouping, RingOfModeThree) {
         double radius, angle;
     } cases[] = {
         {5, 0, false, 0, 1000, 0},  // skip 0, ring 2: two points, angle 0 and pi
-        {5, 0, false, 1, 1000, kPi},
-        {5, 0, false, 4, 1000, 4 * kPi},
-        {8, 0, false, 0, 0, 0},  // skip 2: drifters 0 and 1 at the centre
-        {8, 0, false, 1, 0, 0},
-        {8, 0, false, 2, 1000, 2 * 2 * kPi / 3},  // ring 3
-        {30, 0, false, 1, 0, 0},
-        {30, 0, false, 9, 1000, 9 * 2 * kPi / 7},  // ring 7
-        {5, 0, true, 0, 900, 0},                  // gravity shrinks once
-        {5, 3, false, 0, 729, 0},                 // three retries
-        {3, 0, false, 2, 0, 0},                   // fewer than 4: all at the centre
+        {5, 0, false, 1, 1000, kPi}, {5, 0, false, 4, 1000, 4 * kPi},
+        {8, 0, false, 0, 0, 0},                                                // skip 2: drifters 0 and 1 at the centre
+        {8, 0, false, 1, 0, 0},      {8, 0, false, 2, 1000, 2 * 2 * kPi / 3},  // ring 3
+        {30, 0, false, 1, 0, 0},     {30, 0, false, 9, 1000, 9 * 2 * kPi / 7},  // ring 7
+        {5, 0, true, 0, 900, 0},                                                // gravity shrinks once
+        {5, 3, false, 0, 729, 0},                                               // three retries
+        {3, 0, false, 2, 0, 0},                                                 // fewer than 4: all at the centre
     };
     for (const Case& c : cases) {
         aq::Pool p = poolOfN(c.n);
@@ -185,7 +182,8 @@ TEST(Grouping, PromptSetsModeCheckAndCaption) {
 
 const std::string kModePromptBlue =
     "Please select one of the following options, and enter the corresponding number.\r\n1 = Feed Completely Blue "
-    "Drifters\r\n2 = Feed Blue Headed Drifters\r\n3 = Feed Drifters with Blue Parts\r\n4 = Feed Partially Blue Drifters";
+    "Drifters\r\n2 = Feed Blue Headed Drifters\r\n3 = Feed Drifters with Blue Parts\r\n4 = Feed Partially Blue "
+    "Drifters";
 
 TEST(Feeding, ColorPrompts) {
     struct Case {
@@ -248,18 +246,12 @@ TEST(Feeding, FeedByColorConditionsAndGifts) {
         int mode;
         float expected;
     } cases[] = {
-        {"mode 0, all red", colored({0, 0}), 0, 90},
-        {"mode 0, red and blue", colored({0, 4}), 0, 40},
-        {"mode 1 as mode 2", colored({4, 0}), 1, 90},
-        {"mode 2, one red part", colored({4, 4, 0}), 2, 90},
-        {"mode 2, no red", colored({4, 4}), 2, 40},
-        {"mode 3, partly red", colored({4, 0}), 3, 90},
-        {"mode 3, one red segment", colored({0}), 3, 40},
-        {"mode 4 feeds nobody", colored({0}), 4, 40},
-        {"energy 100", colored({0}, 0, 0, 100), 2, 100},
-        {"at 3880, 0", colored({0}, 3880, 0), 2, 50},
-        {"at 0, 3950", colored({0}, 0, 3950), 2, 50},
-        {"at -3950, 0", colored({0}, -3950, 0), 2, 90},
+        {"mode 0, all red", colored({0, 0}), 0, 90},        {"mode 0, red and blue", colored({0, 4}), 0, 40},
+        {"mode 1 as mode 2", colored({4, 0}), 1, 90},       {"mode 2, one red part", colored({4, 4, 0}), 2, 90},
+        {"mode 2, no red", colored({4, 4}), 2, 40},         {"mode 3, partly red", colored({4, 0}), 3, 90},
+        {"mode 3, one red segment", colored({0}), 3, 40},   {"mode 4 feeds nobody", colored({0}), 4, 40},
+        {"energy 100", colored({0}, 0, 0, 100), 2, 100},    {"at 3880, 0", colored({0}, 3880, 0), 2, 50},
+        {"at 0, 3950", colored({0}, 0, 3950), 2, 50},       {"at -3950, 0", colored({0}, -3950, 0), 2, 90},
         {"beyond 4100", colored({0}, -3000, -3000), 2, 65},
     };
     for (const Case& c : cases) {
@@ -279,12 +271,9 @@ TEST(Feeding, FeedPoolGifts) {
         bool hungry, fed;
         float expected;
     } cases[] = {
-        {"hungry and fed", 0, 0, 40, 1, true, true, 140},
-        {"hungry only", 0, 0, 40, 1, true, false, 90},
-        {"not hungry", 0, 0, 50, 0, true, true, 50},
-        {"at 3880, 0", 3880, 0, 40, 0, true, false, 70},
-        {"at 0, 3950", 0, 3950, 40, 0, true, false, 50},
-        {"fed at 2000", 0, 0, 2000, 3, false, true, 2000},
+        {"hungry and fed", 0, 0, 40, 1, true, true, 140}, {"hungry only", 0, 0, 40, 1, true, false, 90},
+        {"not hungry", 0, 0, 50, 0, true, true, 50},      {"at 3880, 0", 3880, 0, 40, 0, true, false, 70},
+        {"at 0, 3950", 0, 3950, 40, 0, true, false, 50},  {"fed at 2000", 0, 0, 2000, 3, false, true, 2000},
     };
     for (const Case& c : cases) {
         aq::Pool p = poolOfN(1, c.energy);

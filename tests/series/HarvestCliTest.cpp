@@ -25,9 +25,9 @@ TEST(HarvestCli, ScoresHarvestAndPrepare) {
     for (int i = 0; i < def.drifterCount; ++i) expected += aq::NumberText(aq::SuccessScore(def, i)) + "\n";
     EXPECT_EQ(scores.out, expected);
 
-    ASSERT_EQ(runCli("harvest '" + dir.file("f") + "' --open '" + pool + "' --max 3 -o '" + dir.file("h.aqp") + "'")
-                  .status,
-              0);
+    ASSERT_EQ(
+        runCli("harvest '" + dir.file("f") + "' --open '" + pool + "' --max 3 -o '" + dir.file("h.aqp") + "'").status,
+        0);
     aq::Pool harvested;
     ASSERT_EQ(aq::readPool(dir.file("h.aqp"), harvested).status, aq::PoolReadStatus::Ok);
     EXPECT_EQ(harvested.drifterCount, 3);

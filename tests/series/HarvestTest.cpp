@@ -1,5 +1,3 @@
-#include "series/Harvest.h"
-
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -9,6 +7,7 @@
 #include "generator/Random.h"
 #include "pool/PoolFile.h"
 #include "pooleditor/DrifterKey.h"
+#include "series/Harvest.h"
 #include "series/Success.h"
 #include "support/ManualClock.h"
 #include "support/PoolFixtures.h"
@@ -170,8 +169,9 @@ TEST(Harvest, SameMorphLineByLine) {
         std::string a, b;
         bool same;
     } cases[] = {
-        {"1A\r\n1B", "1A\r\n2B", true}, {"1A\r\n1B", "2A\r\n1B", true}, {"1A\r\n1B", "1B\r\n1A", false},
-        {"", "", false},                {"1A", "1A\r\n2B", true},        {"\r\n", "\r\n", true},
+        {"1A\r\n1B", "1A\r\n2B", true},  {"1A\r\n1B", "2A\r\n1B", true},
+        {"1A\r\n1B", "1B\r\n1A", false}, {"", "", false},
+        {"1A", "1A\r\n2B", true},        {"\r\n", "\r\n", true},
     };
     for (const Case& c : cases) EXPECT_EQ(aq::SameMorph(c.a, c.b), c.same) << c.a << " / " << c.b;
 }
@@ -218,19 +218,36 @@ TEST(Harvest, ListCases) {
         {"the better of a shape replaces it", 10, {candidate(1, 3, 0, 4), candidate(2, 3, 0, 6)}, {2}},
         // A better new shape inside the list pushes the last entry out, even with room to spare.
         {"a better new shape", 10, {candidate(1, 3, 0, 4), candidate(2, 4, 0, 6), candidate(3, 5, 0, 5)}, {2, 3}},
-        {"worse shapes are appended", 10, {candidate(1, 5, 0, 6), candidate(2, 4, 0, 5), candidate(3, 3, 0, 4)},
+        {"worse shapes are appended",
+         10,
+         {candidate(1, 5, 0, 6), candidate(2, 4, 0, 5), candidate(3, 3, 0, 4)},
          {1, 2, 3}},
-        {"maxN 1: every better shape takes the place", 1,
-         {candidate(1, 3, 0, 4), candidate(2, 4, 0, 6), candidate(3, 5, 0, 5), candidate(4, 6, 0, 9)}, {4}},
+        {"maxN 1: every better shape takes the place",
+         1,
+         {candidate(1, 3, 0, 4), candidate(2, 4, 0, 6), candidate(3, 5, 0, 5), candidate(4, 6, 0, 9)},
+         {4}},
         // 3 and 1 share the plain key line, not the detailed one: one place for both.
-        {"shared key line, lower", 10, {candidate(1, 3, 0, 5), candidate(2, 4, 0, 2), tapered(candidate(3, 3, 0, 3))},
+        {"shared key line, lower",
+         10,
+         {candidate(1, 3, 0, 5), candidate(2, 4, 0, 2), tapered(candidate(3, 3, 0, 3))},
          {1, 2}},
-        {"shared key line, higher", 10,
-         {candidate(1, 3, 0, 5), candidate(2, 4, 0, 2), tapered(candidate(3, 3, 0, 9))}, {3, 2}},
+        {"shared key line, higher",
+         10,
+         {candidate(1, 3, 0, 5), candidate(2, 4, 0, 2), tapered(candidate(3, 3, 0, 9))},
+         {3, 2}},
         // 3 takes the place of 1 (plain line) and removes 2 (detailed line) below it.
-        {"every shape-mate goes", 10, {candidate(1, 3, 0, 5), longer(tapered(candidate(2, 3, 0, 3))),
-         tapered(candidate(3, 3, 0, 9))}, {3}},
-        {"dead and newborn", 10, {[] { auto d = candidate(1, 3, 0, 9); d.age = 0; return d; }()}, {}},
+        {"every shape-mate goes",
+         10,
+         {candidate(1, 3, 0, 5), longer(tapered(candidate(2, 3, 0, 3))), tapered(candidate(3, 3, 0, 9))},
+         {3}},
+        {"dead and newborn",
+         10,
+         {[] {
+             auto d = candidate(1, 3, 0, 9);
+             d.age = 0;
+             return d;
+         }()},
+         {}},
     };
     for (const Case& c : cases) {
         aq::Pool p = makePool(0, 0);
@@ -371,40 +388,6 @@ TEST(Harvest, RandomDraw) {
         EXPECT_EQ(r.app.lstSpeciatePool.count(), 0);
         EXPECT_EQ(r.app.openPoolPath, "/somewhere/open.aqp");
     }
-}
-
-TEST(Harvest, KeysOfSimpleBodies) {
-    aq::Pool p = makePool(0, 0);
-    aq::DrifterRec dot = makeDrifter(0, 1, 0);
-    dot.totalLength = 10;
-    dot.mass = 20;
-    dot.segments[0].width = dot.segments[0].length = 5;
-    aq::DrifterRec worm = makeDrifter(1, 4, 0);
-    const int colors[] = {0, 0, 1, 1};
-    const int branches[] = {3, 1, 1, 0};
-    const float widths[] = {8, 4, 2, 2};
-    for (int s = 0; s < 4; ++s) {
-        worm.segments[s].color = colors[s];
-        worm.segments[s].branchCount = branches[s];
-        worm.segments[s].width = widths[s];
-        worm.segments[s].length = 10;
-    }
-    worm.totalLength = 400;
-    worm.mass = 40;
-    p.drifters = {dot, worm};
-    p.drifterCount = 2;
-    EXPECT_EQ(aq::DrifterKey(p, 0, true, true, false), "10{}");
-    EXPECT_EQ(aq::DrifterKey(p, 0, false, true, false), "10{}21");
-    EXPECT_EQ(aq::DrifterKey(p, 1, true, false, false), "401{110}");
-    // length 100: 10 + 3.33 = D; mass 10: 0.27 + 0.63 = 0
-    EXPECT_EQ(aq::DrifterKey(p, 1, false, false, false), "401{110}D0");
-    EXPECT_EQ(aq::DrifterKey(p, 1, false, true, false), "401{1}D0");
-    // detailed: colour 0 and 2 colours; length 100/27 + 0.5 + 2 = 6; mass 0.2 + 0.5 + 0.24 = 0;
-    // taper: wider twice (written once), equal, then narrower than the first
-    EXPECT_EQ(aq::DrifterKey(p, 1, false, false, true), "402{110}60>=<");
-    EXPECT_EQ(aq::DrifterKeyPair(p, 1), "401{1}D0\r\n402{1}60>=<");
-    EXPECT_EQ(aq::DrifterKey(p, 2, false, true, false), "");
-    EXPECT_EQ(aq::CompressKey("11{0020}3"), "1{02}3");
 }
 
 }  // namespace

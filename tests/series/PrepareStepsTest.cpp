@@ -1,11 +1,10 @@
-#include "series/PrepareSteps.h"
-
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <functional>
 
 #include "generator/Random.h"
+#include "series/PrepareSteps.h"
 #include "support/PoolFixtures.h"
 
 using namespace aqtest;
@@ -30,11 +29,11 @@ TEST(PrepareSteps, DrainNearTheEdge) {
     struct Case {
         float x, y, energy, expected;
     } cases[] = {
-        {4000, 0, 40, 15},     // the drain of sqrt(3000) is cut to half the energy plus 5
-        {4000, 0, 6, 6},       // 8 + 5 is not below 6: unchanged
+        {4000, 0, 40, 15},  // the drain of sqrt(3000) is cut to half the energy plus 5
+        {4000, 0, 6, 6},    // 8 + 5 is not below 6: unchanged
         {-4000, 0, 200, 200 - static_cast<float>(std::sqrt(3000.0))},
         {0, 3800, 100, 100 - static_cast<float>(std::sqrt(1000.0))},
-        {3699, 0, 100, 100},   // 301 from the edge
+        {3699, 0, 100, 100},  // 301 from the edge
         {4500, 0, 100, 100 - static_cast<float>(std::sqrt(3000.0))},
         {3700.05f, 0, 100, 100},  // a drain of 1 or less is not taken
     };
@@ -50,12 +49,9 @@ TEST(PrepareSteps, RestoreYouthByDistanceAndSegments) {
         float x, y;
         int segments, age, expected;
     } cases[] = {
-        {3900, 0, 1, 300, 300},  // exactly at the distance: unchanged
-        {0, -3899, 1, 300, 100},
-        {3000, 0, 2, 300, 38},   // 37.5 rounds to even
-        {100, 100, 3, 300, 20},
-        {100, 100, 16, 45, 3},
-        {5000, 5000, 3, 300, 300},
+        {3900, 0, 1, 300, 300},                          // exactly at the distance: unchanged
+        {0, -3899, 1, 300, 100}, {3000, 0, 2, 300, 38},  // 37.5 rounds to even
+        {100, 100, 3, 300, 20},  {100, 100, 16, 45, 3}, {5000, 5000, 3, 300, 300},
     };
     for (const Case& c : cases) {
         aq::Pool p = poolOf({at(c.x, c.y, 100, c.age, c.segments)});
@@ -234,12 +230,17 @@ TEST(PrepareSteps, LimitsCountingAndStarters) {
 TEST(PrepareSteps, EmptyPoolPassesEveryStep) {
     aq::Pool p = makePool(0, 0);
     const aq::Pool before = p;
-    std::vector<std::function<void(aq::Pool&)>> steps = {
-        aq::markStillborns, [](aq::Pool& q) { aq::ensureMinimumDrifters(q, 1); },
-        [](aq::Pool& q) { aq::limitLiveDrifters(q, 1); }, [](aq::Pool& q) { aq::deleteDeadDrifters(q); },
-        [](aq::Pool& q) { aq::sortDrifters(q); }, aq::restoreYouth, aq::drainEdgeEnergy, aq::halveAges,
-        [](aq::Pool& q) { aq::prepareHarvest(q, 2500); }, [](aq::Pool& q) { aq::deleteStarters(q, 0); },
-        aq::applyPlague};
+    std::vector<std::function<void(aq::Pool&)>> steps = {aq::markStillborns,
+                                                         [](aq::Pool& q) { aq::ensureMinimumDrifters(q, 1); },
+                                                         [](aq::Pool& q) { aq::limitLiveDrifters(q, 1); },
+                                                         [](aq::Pool& q) { aq::deleteDeadDrifters(q); },
+                                                         [](aq::Pool& q) { aq::sortDrifters(q); },
+                                                         aq::restoreYouth,
+                                                         aq::drainEdgeEnergy,
+                                                         aq::halveAges,
+                                                         [](aq::Pool& q) { aq::prepareHarvest(q, 2500); },
+                                                         [](aq::Pool& q) { aq::deleteStarters(q, 0); },
+                                                         aq::applyPlague};
     for (auto& step : steps) step(p);
     EXPECT_EQ(p.drifterCount, 0);
     EXPECT_EQ(p.foodCount, before.foodCount);
