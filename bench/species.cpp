@@ -97,7 +97,22 @@ void EqualBytesEveryPair(benchmark::State& state) {
 
 }  // namespace
 
-BENCHMARK(SpeciesPass)->ArgNames({"depth", "evolved"})->Args({1000, 0})->Args({100, 0})->Args({1000, 1})->Args({100, 1})->Unit(benchmark::kMillisecond);
-BENCHMARK(SpeciesSlice)->ArgNames({"depth", "evolved"})->Args({1000, 0})->Args({1000, 1})->Unit(benchmark::kMillisecond);
-BENCHMARK(EqualBytesEveryPair)->ArgNames({"depth", "evolved"})->Args({1000, 0})->Args({100, 0})->Args({1000, 1})->Unit(benchmark::kMillisecond);
+BENCHMARK(SpeciesPass)
+    ->ArgNames({"depth", "evolved"})
+    ->Args({1000, 0})
+    ->Args({100, 0})
+    ->Args({1000, 1})
+    ->Args({100, 1})
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(SpeciesSlice)
+    ->ArgNames({"depth", "evolved"})
+    ->Args({1000, 0})
+    ->Args({1000, 1})
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(EqualBytesEveryPair)
+    ->ArgNames({"depth", "evolved"})
+    ->Args({1000, 0})
+    ->Args({100, 0})
+    ->Args({1000, 1})
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK_MAIN();

@@ -76,6 +76,7 @@ MainWindow::MainWindow(aq::Ui& ui, aq::Clock& clock, const QString& programFolde
     splitter->addWidget(mapPanel_);
     splitter->setStretchFactor(0, 3);
     splitter->setStretchFactor(1, 2);
+    splitter->setSizes({760, 500});
     auto* mapToggle = new QToolButton(tabs_);
     mapToggle->setObjectName("cmdShowMap");
     mapToggle->setText("Map");
@@ -143,7 +144,7 @@ void MainWindow::updateMenuState() {
 
 void MainWindow::refreshAll() {
     for (TabFrame* f : frames_) f->refresh();
-    mapPanel_->map()->update();
+    mapPanel_->poolChanged();
     if (pathFrame_) pathFrame_->refresh();
 }
 

@@ -4,10 +4,33 @@
 #include <QAbstractSlider>
 #include <QListView>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "app/MainWindow.h"
 
 namespace aqapp {
+
+namespace {
+
+// The box the four sliders move and stretch: around the positions of the ticked
+// drifters or food bits.
+std::optional<aq::WorldRect> tickedBox(const aq::Pool& pool, const aq::CheckList& list, bool drifters) {
+    std::optional<aq::WorldRect> box;
+    int n = std::min(list.count(), drifters ? pool.drifterCount : pool.foodCount);
+    for (int i = 0; i < n; ++i) {
+        if (!list.checked(i)) continue;
+        float x = drifters ? pool.drifters[std::size_t(i)].x : pool.food[std::size_t(i)].x;
+        float y = drifters ? pool.drifters[std::size_t(i)].y : pool.food[std::size_t(i)].y;
+        if (!box) box = aq::WorldRect{x, y, x, y};
+        box->left = std::min(box->left, x);
+        box->right = std::max(box->right, x);
+        box->bottom = std::min(box->bottom, y);
+        box->top = std::max(box->top, y);
+    }
+    return box;
+}
+
+}  // namespace
 
 MapPanel::MapPanel(MainWindow& window) : window_(window), map_(new PoolMap(this)) {
     setObjectName("MapPanel");
@@ -40,6 +63,24 @@ void MapPanel::followTab(int tab) {
     setVisible(wanted_ && shows);
     map_->setTicks(tab == 3 ? &app.lstSpeciatePool : nullptr, tab == 4 ? &app.lstPoolFood : nullptr);
     map_->setPicks(tab == 3 ? PoolMap::Picks::Drifters : tab == 4 ? PoolMap::Picks::Food : PoolMap::Picks::None);
+    map_->setBoxProvider([this, tab]() -> std::optional<aq::WorldRect> {
+        aq::App& a = window_.app();
+        if (tab == 3) return tickedBox(a.openPool, a.lstSpeciatePool, true);
+        if (tab == 4) return tickedBox(a.openPool, a.lstPoolFood, false);
+        return std::nullopt;
+    });
+}
+
+void MapPanel::poolChanged() {
+    const aq::App& app = window_.app();
+    const aq::Pool& p = app.openPool;
+    std::string id = app.openPoolPath + "|" + std::to_string(p.drifterCount) + "|" + std::to_string(p.foodCount) + "|" +
+                     std::to_string(p.clock) + "|" + std::to_string(app.poolLoaded);
+    if (id != shownPool_) {
+        shownPool_ = id;
+        map_->fit();
+    }
+    map_->update();
 }
 
 void MapPanel::setWanted(bool on) {

@@ -3,6 +3,7 @@
 // tabs, highlights the ticked rows of the tab's list, and turns a click on the map
 // into the list's current row (Ctrl ticks it, as a tick in the list would).
 #include <QWidget>
+#include <string>
 
 #include "app/PoolMap.h"
 
@@ -22,6 +23,8 @@ public:
     // Watches the lists and the sliders of the editing tabs, once they exist.
     void watchControls();
     bool wanted() const { return wanted_; }
+    // Redraws; a pool that was loaded, generated or merged since is fitted anew.
+    void poolChanged();
     void setWanted(bool on);
 
 private:
@@ -30,6 +33,7 @@ private:
     PoolMap* map_;
     int tab_ = 1;
     bool wanted_ = true;
+    std::string shownPool_;  // what identifies the pool last fitted
 };
 
 }  // namespace aqapp

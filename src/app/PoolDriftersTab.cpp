@@ -90,7 +90,8 @@ public:
             refresh();
         });
         // Picks up what the timer's background phases changed, once they have run.
-        connect(&w.multiTaskTimer(), &QTimer::timeout, this, [this] { refresh(); }, Qt::QueuedConnection);
+        connect(
+            &w.multiTaskTimer(), &QTimer::timeout, this, [this] { refresh(); }, Qt::QueuedConnection);
         refresh();
     }
 
@@ -115,7 +116,7 @@ private:
     // The sentence above the list: Group0 Bool0 Group1 Bool1 Group2 Bool2 Group3.
     QHBoxLayout* buildSentence() {
         auto* row = new QHBoxLayout;
-        const char* names[7] = {"comboSpeciatePoolGroup0", "comboSpeciatePoolBool0", "comboSpeciatePoolGroup1",
+        const char* names[7] = {"comboSpeciatePoolGroup0", "comboSpeciatePoolBool0",  "comboSpeciatePoolGroup1",
                                 "comboSpeciatePoolBool1",  "comboSpeciatePoolGroup2", "comboSpeciatePoolBool2",
                                 "comboSpeciatePoolGroup3"};
         for (int k = 0; k < 7; ++k) {
@@ -124,7 +125,9 @@ private:
             // Long item texts must not widen the tab: the boxes share the row.
             box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
             box->setMinimumContentsLength(k % 2 == 1 ? 3 : 8);
-            const auto& items = k == 0 ? aq::poolGroup0Items() : k % 2 == 1 ? aq::poolBoolItems() : aq::poolGroupSlotItems();
+            const auto& items = k == 0       ? aq::poolGroup0Items()
+                                : k % 2 == 1 ? aq::poolBoolItems()
+                                             : aq::poolGroupSlotItems();
             for (const auto& item : items) box->addItem(QString::fromStdString(item));
             box->setCurrentIndex(aq::poolSentenceIndex(app_, k));
             connect(box, &QComboBox::currentIndexChanged, this, [this, k](int index) {

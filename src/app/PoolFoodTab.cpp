@@ -90,7 +90,8 @@ public:
             aq::mSelectFoodDelete(app_);
             refresh();
         });
-        connect(&w.multiTaskTimer(), &QTimer::timeout, this, [this] { refresh(); }, Qt::QueuedConnection);
+        connect(
+            &w.multiTaskTimer(), &QTimer::timeout, this, [this] { refresh(); }, Qt::QueuedConnection);
         refresh();
     }
 

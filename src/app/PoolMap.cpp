@@ -51,16 +51,39 @@ void PoolMap::setSelectionBox(std::optional<aq::WorldRect> box) {
 }
 
 void PoolMap::fit() {
-    double left = -4000, right = 4000, bottom = -4000, top = 4000;
-    if (pool_ && pool_->maxX > pool_->minX && pool_->maxY > pool_->minY) {
-        left = pool_->minX;
-        right = pool_->maxX;
-        bottom = pool_->minY;
-        top = pool_->maxY;
+    // Everything that is in the pool (bodies, food, walls), else the world's bounds.
+    double left = 1e30, right = -1e30, bottom = 1e30, top = -1e30;
+    auto take = [&](double x, double y) {
+        if (!std::isfinite(x) || !std::isfinite(y)) return;
+        left = std::min(left, x), right = std::max(right, x);
+        bottom = std::min(bottom, y), top = std::max(top, y);
+    };
+    if (pool_) {
+        int drifters = std::min<int>(pool_->drifterCount, static_cast<int>(pool_->drifters.size()));
+        for (int i = 0; i < drifters; ++i) {
+            aq::WorldRect r = aq::drifterBounds(pool_->drifters[static_cast<std::size_t>(i)]);
+            take(r.left, r.bottom);
+            take(r.right, r.top);
+        }
+        int foods = std::min<int>(pool_->foodCount, static_cast<int>(pool_->food.size()));
+        for (int i = 0; i < foods; ++i) take(pool_->food[static_cast<std::size_t>(i)].x, pool_->food[static_cast<std::size_t>(i)].y);
+        for (const aq::GreatWall& w : pool_->walls)
+            if (w.right > w.left && w.top > w.bottom) {
+                take(w.left, w.bottom);
+                take(w.right, w.top);
+            }
     }
+    if (right - left < 1 || top - bottom < 1) {
+        left = pool_ && pool_->maxX > pool_->minX ? pool_->minX : -4000;
+        right = pool_ && pool_->maxX > pool_->minX ? pool_->maxX : 4000;
+        bottom = pool_ && pool_->maxY > pool_->minY ? pool_->minY : -4000;
+        top = pool_ && pool_->maxY > pool_->minY ? pool_->maxY : 4000;
+    }
+    double margin = 0.05 * std::max(right - left, top - bottom);
+    left -= margin, right += margin, bottom -= margin, top += margin;
     centerX_ = (left + right) / 2;
     centerY_ = (bottom + top) / 2;
-    double w = std::max(1, width() - 8), h = std::max(1, height() - 8);
+    double w = std::max(1, width()), h = std::max(1, height());
     scale_ = std::min(w / (right - left), h / (top - bottom));
     fitted_ = width() > 0 && height() > 0;
     update();
@@ -107,31 +130,36 @@ void PoolMap::paintPool(QPainter& painter) const {
             painter.drawEllipse(toScreen(f.x, f.y), dot, dot);
         }
 
-    // Drifters: their segments' quadrilaterals; a ticked body gets a dark outline.
+    // Drifters: their segments' quadrilaterals. A ticked body first gets a wide halo,
+    // then is filled in its own colours like the others.
     int drifters = std::min<int>(pool.drifterCount, static_cast<int>(pool.drifters.size()));
     QPointF quad[4];
-    for (int i = 0; i < drifters; ++i) {
-        const aq::DrifterRec& d = pool.drifters[static_cast<std::size_t>(i)];
-        bool hi = ticked(drifterTicks_, i);
-        painter.setPen(hi ? QPen(Qt::black, 2) : QPen(QColor(60, 60, 60, 120), 0));
+    auto drawBody = [&](const aq::DrifterRec& d, bool halo) {
         int used = std::clamp(d.segmentCount, 0, aq::kSegmentSlots);
         for (int s = 0; s < used; ++s) {
             const aq::Segment& g = d.segments[s];
             auto q = aq::segmentQuad(g);
             for (int k = 0; k < 4; ++k) quad[k] = toScreen(q[static_cast<std::size_t>(k)][0], q[static_cast<std::size_t>(k)][1]);
-            painter.setBrush(d.alive == 0 ? kDead : colorOf(g.color));
+            if (!halo) painter.setBrush(d.alive == 0 ? kDead : colorOf(g.color));
             painter.drawPolygon(quad, 4);
         }
         if (used == 0 || scale_ < 0.05) {  // too small to see: a dot at its place
-            painter.setBrush(d.alive == 0 ? kDead : colorOf(used ? d.segments[0].color : -1));
-            painter.drawEllipse(toScreen(d.x, d.y), 2.0, 2.0);
+            if (!halo) painter.setBrush(d.alive == 0 ? kDead : colorOf(used ? d.segments[0].color : -1));
+            painter.drawEllipse(toScreen(d.x, d.y), halo ? 4.0 : 2.0, halo ? 4.0 : 2.0);
         }
-    }
+    };
+    painter.setPen(QPen(QColor(230, 0, 150, 170), 5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(QColor(230, 0, 150, 170));
+    for (int i = 0; i < drifters; ++i)
+        if (ticked(drifterTicks_, i)) drawBody(pool.drifters[static_cast<std::size_t>(i)], true);
+    painter.setPen(QPen(QColor(60, 60, 60, 120), 0));
+    for (int i = 0; i < drifters; ++i) drawBody(pool.drifters[static_cast<std::size_t>(i)], false);
 
-    if (box_) {
+    std::optional<aq::WorldRect> box = boxProvider_ ? boxProvider_() : box_;
+    if (box) {
         painter.setBrush(Qt::NoBrush);
         painter.setPen(QPen(QColor(200, 0, 120), 1, Qt::DashLine));
-        painter.drawRect(QRectF(toScreen(box_->left, box_->top), toScreen(box_->right, box_->bottom)));
+        painter.drawRect(QRectF(toScreen(box->left, box->top), toScreen(box->right, box->bottom)));
     }
 }
 

@@ -2,6 +2,7 @@
 // A map of a pool: its bounds, walls, food bits and drifter bodies. Zoom with the
 // wheel, pan by dragging, double click to fit. A click picks a drifter or food bit.
 #include <QWidget>
+#include <functional>
 #include <optional>
 
 #include "pool/PoolGeometry.h"
@@ -25,6 +26,8 @@ public:
     // Ticked rows are drawn highlighted (row i is record i).
     void setTicks(const aq::CheckList* drifters, const aq::CheckList* food);
     void setSelectionBox(std::optional<aq::WorldRect> box);
+    // Asked at every drawing for the selection box to outline (overrides setSelectionBox).
+    void setBoxProvider(std::function<std::optional<aq::WorldRect>()> provider) { boxProvider_ = std::move(provider); }
     void setPicks(Picks p) { picks_ = p; }
     // Shows the whole world.
     void fit();
@@ -54,6 +57,7 @@ private:
     const aq::CheckList* drifterTicks_ = nullptr;
     const aq::CheckList* foodTicks_ = nullptr;
     std::optional<aq::WorldRect> box_;
+    std::function<std::optional<aq::WorldRect>()> boxProvider_;
     Picks picks_ = Picks::None;
     double scale_ = 0.1, centerX_ = 0, centerY_ = 0;
     bool fitted_ = false;

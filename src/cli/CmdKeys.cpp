@@ -62,10 +62,17 @@ int runMinorities(const Args& a) {
     return 0;
 }
 
-Register regKeys({"keys", "print the morphology key of each drifter",
-                  "aqfm keys FILE [--short] [--compressed] [--detailed] | --pair", runKeys, {},
+Register regKeys({"keys",
+                  "print the morphology key of each drifter",
+                  "aqfm keys FILE [--short] [--compressed] [--detailed] | --pair",
+                  runKeys,
+                  {},
                   {"--short", "--compressed", "--detailed", "--pair"}});
-Register regMinorities({"minorities", "print the indices of the drifters whose body plan is a minority",
-                        "aqfm minorities FILE --by LIST [--count-still]", runMinorities, {"--by"}, {"--count-still"}});
+Register regMinorities({"minorities",
+                        "print the indices of the drifters whose body plan is a minority",
+                        "aqfm minorities FILE --by LIST [--count-still]",
+                        runMinorities,
+                        {"--by"},
+                        {"--count-still"}});
 
 }  // namespace

@@ -33,7 +33,11 @@ int runMerge(const Args& a) {
     return 0;
 }
 
-Register regMerge({"merge", "merge the drifters and/or food of OTHER into BASE (at most 2000 of each)",
-                   "aqfm merge BASE OTHER [--drifters] [--food] -o OUT", runMerge, {"-o"}, {"--drifters", "--food"}});
+Register regMerge({"merge",
+                   "merge the drifters and/or food of OTHER into BASE (at most 2000 of each)",
+                   "aqfm merge BASE OTHER [--drifters] [--food] -o OUT",
+                   runMerge,
+                   {"-o"},
+                   {"--drifters", "--food"}});
 
 }  // namespace

@@ -31,9 +31,17 @@ int runRange(const Args& a) {
     return 0;
 }
 
-Register regSpecies({"species", "print the species number of each drifter after a complete pass",
-                     "aqfm species FILE [--threshold T] [--depth D]", runSpecies, {"--threshold", "--depth"}, {}});
-Register regRange({"range", "print the lowest and highest share of equal genes over all pairs of drifters",
-                   "aqfm range FILE [--depth D]", runRange, {"--depth"}, {}});
+Register regSpecies({"species",
+                     "print the species number of each drifter after a complete pass",
+                     "aqfm species FILE [--threshold T] [--depth D]",
+                     runSpecies,
+                     {"--threshold", "--depth"},
+                     {}});
+Register regRange({"range",
+                   "print the lowest and highest share of equal genes over all pairs of drifters",
+                   "aqfm range FILE [--depth D]",
+                   runRange,
+                   {"--depth"},
+                   {}});
 
 }  // namespace

@@ -4,8 +4,8 @@
 
 #include "foodeditor/FoodList.h"
 #include "pool/PoolOps.h"
-#include "shell/FileNames.h"
 #include "pooleditor/TickedRecords.h"
+#include "shell/FileNames.h"
 #include "shell/NumberText.h"
 
 namespace aq {

@@ -4,8 +4,8 @@
 
 #include "foodeditor/FoodList.h"
 #include "pool/PoolOps.h"
-#include "shell/FileNames.h"
 #include "pooleditor/DrifterList.h"
+#include "shell/FileNames.h"
 
 namespace aq {
 
@@ -84,8 +84,7 @@ void mergePoolFile(App& app, bool mergeDrifters, bool mergeFood, std::string pat
     auto baseFood = static_cast<std::size_t>(std::max(base.foodCount, 0));
     auto baseDrifters = static_cast<std::size_t>(std::max(base.drifterCount, 0));
     if (out.foodCount > 0) out.food.resize(std::max(static_cast<std::size_t>(out.foodCount), baseFood));
-    if (out.drifterCount > 0)
-        out.drifters.resize(std::max(static_cast<std::size_t>(out.drifterCount), baseDrifters));
+    if (out.drifterCount > 0) out.drifters.resize(std::max(static_cast<std::size_t>(out.drifterCount), baseDrifters));
 
     for (std::size_t i = baseDrifters; i < static_cast<std::size_t>(std::max(out.drifterCount, 0)); ++i)
         out.drifters[i] = other.drifters[i - baseDrifters];

@@ -4,9 +4,9 @@
 
 #include "foodeditor/FoodList.h"
 #include "pool/PoolOps.h"
-#include "shell/FileNames.h"
 #include "pooleditor/DrifterList.h"
 #include "pooleditor/TickedRecords.h"
+#include "shell/FileNames.h"
 #include "shell/NumberText.h"
 
 namespace aq {
@@ -71,10 +71,9 @@ private:
 };
 
 BoxControls drifterSliders(App& app) {
-    return {app.SliderSpeciatePoolDrifterX,     app.SliderSpeciatePoolDrifterY,
-            app.SliderSpeciatePoolDrifterWidth, app.SliderSpeciatePoolDrifterHeight,
-            app.lblSpeciatePoolDrifterX,        app.lblSpeciatePoolDrifterY,
-            app.lblSpeciatePoolDrifterWidth,    app.lblSpeciatePoolDrifterHeight};
+    return {app.SliderSpeciatePoolDrifterX,      app.SliderSpeciatePoolDrifterY,  app.SliderSpeciatePoolDrifterWidth,
+            app.SliderSpeciatePoolDrifterHeight, app.lblSpeciatePoolDrifterX,     app.lblSpeciatePoolDrifterY,
+            app.lblSpeciatePoolDrifterWidth,     app.lblSpeciatePoolDrifterHeight};
 }
 
 SliderState& slider(App& app, Axis axis, bool size) {

@@ -72,9 +72,12 @@ std::vector<std::string> characters(const std::string& text) {
     for (std::size_t i = 0; i < text.size();) {
         std::size_t len = 1;
         auto c = static_cast<unsigned char>(text[i]);
-        if (c >= 0xF0) len = 4;
-        else if (c >= 0xE0) len = 3;
-        else if (c >= 0xC0) len = 2;
+        if (c >= 0xF0)
+            len = 4;
+        else if (c >= 0xE0)
+            len = 3;
+        else if (c >= 0xC0)
+            len = 2;
         out.push_back(text.substr(i, len));
         i += len;
     }
@@ -110,11 +113,12 @@ std::string DrifterKey(const Pool& pool, int index, bool shortKey, bool compress
 
     double perLength = static_cast<double>(d.totalLength / static_cast<float>(n));
     double perMass = static_cast<double>(d.mass / static_cast<float>(n));
-    auto length = classOf(detailed ? perLength / 27 + 0.5 + std::sqrt(perLength) / 5
-                                   : perLength / 10 + std::sqrt(perLength) / 3);
+    auto length =
+        classOf(detailed ? perLength / 27 + 0.5 + std::sqrt(perLength) / 5 : perLength / 10 + std::sqrt(perLength) / 3);
     if (!length) return key;
     key += *length;
-    auto mass = classOf(detailed ? perMass / 50 + 0.5 + std::sqrt(perMass) / 13 : perMass / 37 + std::sqrt(perMass) / 5);
+    auto mass =
+        classOf(detailed ? perMass / 50 + 0.5 + std::sqrt(perMass) / 13 : perMass / 37 + std::sqrt(perMass) / 5);
     if (!mass) return key;
     key += *mass;
 

@@ -86,8 +86,8 @@ void UpdatePoolGroupControls(App& app, bool fromGroup0) {
 
 GroupContext groupContext(const App& app) {
     double t = app.poolThreshold;
-    return {app.openPool, app.lstSpeciatePool, app.poolThreshold, app.similarityDepth,
-            1 - (100 - t) / 100,  1 + (100 - t) / 100};
+    return {app.openPool,        app.lstSpeciatePool, app.poolThreshold,
+            app.similarityDepth, 1 - (100 - t) / 100, 1 + (100 - t) / 100};
 }
 
 namespace {
@@ -133,11 +133,16 @@ bool CriterionHolds(const GroupContext& g, int slot, int index, int k, int c) {
         return static_cast<float>(cv * g.low) <= kv && static_cast<float>(cv * g.high) >= kv;
     };
     switch (index) {
-        case 1: return GenomesSimilar(K.genes, C.genes, g.threshold, g.depth);
-        case 2: return g.list.tag(c) == g.list.tag(k);
-        case 3: return C.age * g.low <= K.age && C.age * g.high >= K.age;
-        case 4: return similarFloat(C.totalLength, K.totalLength);
-        case 5: return similarFloat(C.mass, K.mass);
+        case 1:
+            return GenomesSimilar(K.genes, C.genes, g.threshold, g.depth);
+        case 2:
+            return g.list.tag(c) == g.list.tag(k);
+        case 3:
+            return C.age * g.low <= K.age && C.age * g.high >= K.age;
+        case 4:
+            return similarFloat(C.totalLength, K.totalLength);
+        case 5:
+            return similarFloat(C.mass, K.mass);
         case 6: {
             Colors sk = colorSummary(K), sc = colorSummary(C);
             if (sk.k != sc.k) return false;
@@ -145,33 +150,54 @@ bool CriterionHolds(const GroupContext& g, int slot, int index, int k, int c) {
                 if (!sc.has(sk.c[i])) return false;
             return true;
         }
-        case 7: return C.segments[0].color == K.segments[0].color;
+        case 7:
+            return C.segments[0].color == K.segments[0].color;
         case 8: {
             Colors sk = colorSummary(K), sc = colorSummary(C);
             for (int i = 0; i < std::min(sk.k, sc.k); ++i)
                 if (sk.c[i] != sc.c[i]) return false;
             return true;
         }
-        case 9: return colorSummary(C).k == colorSummary(K).k;
-        case 10: return c == k || sameColorSequence(K, C);
-        case 11: return C.age >= K.age;
-        case 12: return C.age <= K.age;
-        case 13: return C.totalLength >= K.totalLength;
-        case 14: return C.totalLength <= K.totalLength;
-        case 15: return C.mass >= K.mass;
-        case 16: return C.mass <= K.mass;
-        case 17: return C.energy >= K.energy;
-        case 18: return C.energy <= K.energy;
-        case 19: return C.energyEfficiency >= K.energyEfficiency;
-        case 20: return C.energyEfficiency <= K.energyEfficiency;
-        case 21: return C.maternalOffspring >= K.maternalOffspring;
-        case 22: return C.maternalOffspring <= K.maternalOffspring;
-        case 23: return C.paternalOffspring >= K.paternalOffspring;
-        case 24: return C.paternalOffspring <= K.paternalOffspring;
-        case 25: return C.mealsEaten >= K.mealsEaten;
-        case 26: return C.mealsEaten <= K.mealsEaten;
-        case 27: return C.segmentCount == K.segmentCount;
-        default: return false;
+        case 9:
+            return colorSummary(C).k == colorSummary(K).k;
+        case 10:
+            return c == k || sameColorSequence(K, C);
+        case 11:
+            return C.age >= K.age;
+        case 12:
+            return C.age <= K.age;
+        case 13:
+            return C.totalLength >= K.totalLength;
+        case 14:
+            return C.totalLength <= K.totalLength;
+        case 15:
+            return C.mass >= K.mass;
+        case 16:
+            return C.mass <= K.mass;
+        case 17:
+            return C.energy >= K.energy;
+        case 18:
+            return C.energy <= K.energy;
+        case 19:
+            return C.energyEfficiency >= K.energyEfficiency;
+        case 20:
+            return C.energyEfficiency <= K.energyEfficiency;
+        case 21:
+            return C.maternalOffspring >= K.maternalOffspring;
+        case 22:
+            return C.maternalOffspring <= K.maternalOffspring;
+        case 23:
+            return C.paternalOffspring >= K.paternalOffspring;
+        case 24:
+            return C.paternalOffspring <= K.paternalOffspring;
+        case 25:
+            return C.mealsEaten >= K.mealsEaten;
+        case 26:
+            return C.mealsEaten <= K.mealsEaten;
+        case 27:
+            return C.segmentCount == K.segmentCount;
+        default:
+            return false;
     }
 }
 
@@ -200,11 +226,20 @@ void ApplyPoolGroup(App& app) {
             if (!app.poolSentenceEnabled[boolControl] || !app.poolSentenceEnabled[groupControl]) continue;
             bool m = CriterionHolds(g, slot, poolSentenceIndex(app, groupControl), k, c);
             switch (poolSentenceIndex(app, boolControl)) {
-                case 1: result = result && m; break;
-                case 2: result = result || m; break;
-                case 3: result = result != m; break;
-                case 4: result = result == m; break;
-                default: break;
+                case 1:
+                    result = result && m;
+                    break;
+                case 2:
+                    result = result || m;
+                    break;
+                case 3:
+                    result = result != m;
+                    break;
+                case 4:
+                    result = result == m;
+                    break;
+                default:
+                    break;
             }
         }
         if (result) list.setChecked(c, tick);

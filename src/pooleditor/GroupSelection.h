@@ -9,9 +9,9 @@
 namespace aq {
 
 // The item lists of the sentence's combo boxes.
-const std::vector<std::string>& poolGroup0Items();      // 28 items
-const std::vector<std::string>& poolGroupSlotItems();   // 14 items, the first empty
-const std::vector<std::string>& poolBoolItems();        // "", "And", "Or", "Xor", "Eqv"
+const std::vector<std::string>& poolGroup0Items();     // 28 items
+const std::vector<std::string>& poolGroupSlotItems();  // 14 items, the first empty
+const std::vector<std::string>& poolBoolItems();       // "", "And", "Or", "Xor", "Eqv"
 
 // The selected index of sentence control k: 0 Group0, 1 Bool0, 2 Group1, ... 6 Group3.
 int poolSentenceIndex(const App& app, int k);

@@ -34,10 +34,14 @@ enum class Stage { SegmentCount, Branching, ColorOrder, Colors };
 
 Key stageKey(const DrifterRec& d, Stage stage) {
     switch (stage) {
-        case Stage::SegmentCount: return {d.segmentCount};
-        case Stage::Branching: return runs(d, &Segment::branchCount);
-        case Stage::ColorOrder: return runs(d, &Segment::color);
-        case Stage::Colors: return colorSet(d);
+        case Stage::SegmentCount:
+            return {d.segmentCount};
+        case Stage::Branching:
+            return runs(d, &Segment::branchCount);
+        case Stage::ColorOrder:
+            return runs(d, &Segment::color);
+        case Stage::Colors:
+            return colorSet(d);
     }
     return {};
 }
@@ -90,6 +94,20 @@ void runStage(App& app, Stage stage, bool kill, bool select, bool deselect, doub
 }
 
 }  // namespace
+
+int distinctMinorityKeys(const Pool& pool, MutantStages stage) {
+    Stage which = stage.bySegmentCount ? Stage::SegmentCount
+                  : stage.byBranching  ? Stage::Branching
+                  : stage.byColorOrder ? Stage::ColorOrder
+                                       : Stage::Colors;
+    std::vector<Key> keys;
+    int n = std::min(pool.drifterCount, static_cast<int>(pool.drifters.size()));
+    for (int i = 0; i < n; ++i)
+        if (pool.drifters[static_cast<std::size_t>(i)].alive != 0)
+            keys.push_back(stageKey(pool.drifters[static_cast<std::size_t>(i)], which));
+    std::sort(keys.begin(), keys.end());
+    return static_cast<int>(std::unique(keys.begin(), keys.end()) - keys.begin());
+}
 
 void poolMutants(App& app, bool kill, bool select, bool countStill, MutantStages stages, bool deselect) {
     int current = -1;

@@ -15,6 +15,9 @@ struct MutantStages {
 // unticks the drifters of every minority key of the stages asked for.
 void poolMutants(App& app, bool kill, bool select, bool countStill, MutantStages stages, bool deselect);
 
+// How many distinct keys the living drifters have in the first stage asked for.
+int distinctMinorityKeys(const Pool& pool, MutantStages stage);
+
 // The five Minorities commands.
 void mSelectMutantsBySegmentCount(App& app);
 void mSelectMutantsByBranching(App& app);

@@ -25,8 +25,8 @@ void selectionCommand(App& app, Work work) {
 }
 
 int rowsWithDrifters(const App& app) {
-    return std::min({app.lstSpeciatePool.count(), app.openPool.drifterCount,
-                     static_cast<int>(app.openPool.drifters.size())});
+    return std::min(
+        {app.lstSpeciatePool.count(), app.openPool.drifterCount, static_cast<int>(app.openPool.drifters.size())});
 }
 
 }  // namespace
@@ -63,25 +63,29 @@ void SelectRecordHolders(App& app, const std::function<double(const DrifterRec&)
 }
 
 void mSelectOldest(App& app) {
-    SelectRecordHolders(app, [](const DrifterRec& d) { return d.age; }, -1);
+    SelectRecordHolders(
+        app, [](const DrifterRec& d) { return d.age; }, -1);
 }
 void mSelectMostProlithic(App& app) {
-    SelectRecordHolders(app, [](const DrifterRec& d) { return double(d.maternalOffspring) + d.paternalOffspring; }, -1);
+    SelectRecordHolders(
+        app, [](const DrifterRec& d) { return double(d.maternalOffspring) + d.paternalOffspring; }, -1);
 }
 void mSelectMaternal(App& app) {
-    SelectRecordHolders(app, [](const DrifterRec& d) { return double(d.maternalOffspring) - d.paternalOffspring; },
-                        -1000);
+    SelectRecordHolders(
+        app, [](const DrifterRec& d) { return double(d.maternalOffspring) - d.paternalOffspring; }, -1000);
 }
 void mSelectPaternal(App& app) {
-    SelectRecordHolders(app, [](const DrifterRec& d) { return double(d.paternalOffspring) - d.maternalOffspring; },
-                        -1000);
+    SelectRecordHolders(
+        app, [](const DrifterRec& d) { return double(d.paternalOffspring) - d.maternalOffspring; }, -1000);
 }
 void mSelectBiggestEater(App& app) {
-    SelectRecordHolders(app, [](const DrifterRec& d) { return d.mealsEaten; }, -1);
+    SelectRecordHolders(
+        app, [](const DrifterRec& d) { return d.mealsEaten; }, -1);
 }
 void mSelectHeaviest(App& app) {
     // A float measure compares as the float it is.
-    SelectRecordHolders(app, [](const DrifterRec& d) { return static_cast<double>(d.mass); }, -1.0);
+    SelectRecordHolders(
+        app, [](const DrifterRec& d) { return static_cast<double>(d.mass); }, -1.0);
 }
 
 void ToggleQuickSpeciate(App& app) {

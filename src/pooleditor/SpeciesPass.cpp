@@ -202,7 +202,8 @@ ThresholdRange poolThresholdRange(const Pool& pool, int depth, const std::functi
 std::string thresholdRangeMessage(const ThresholdRange& r) {
     auto percent = [](int thousandths) { return " " + NumberText(thousandths / 10.0); };
     if (r.high == r.low)
-        return "Zero range found.  Listed drifters all match " + percent(r.low) + "% of each other's genetic sequences.";
+        return "Zero range found.  Listed drifters all match " + percent(r.low) +
+               "% of each other's genetic sequences.";
     return "Range found.  Listed drifters all match from" + percent(r.low) + "% to " + percent(r.high) +
            "% of each other's genetic sequences.";
 }

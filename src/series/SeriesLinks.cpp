@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "generator/Random.h"
+#include "pool/PoolMerge.h"
 #include "pool/PoolOps.h"
 #include "pooleditor/Minorities.h"
 #include "series/Feeding.h"
@@ -31,30 +32,8 @@ std::string locateDestFile(App& app, const std::string& folder, const std::strin
     return aq::locateDestFile(app, folder, name, extension, description, title);
 }
 
-// The pool file's drifters and food go behind those of workPool, up to 2000 of each,
-// and every drifter's id becomes its index. A file that can't be read merges workPool
-// with itself, as the reader leaves it in place.
 void mergePoolFile(App& app, bool mergeDrifters, bool mergeFood, const std::string& path) {
-    constexpr int kLimit = 2000;
-    Pool base = std::move(app.workPool);
-    app.workPool = Pool{};
-    const bool loaded = loadPoolFile(app, path, false);
-    const Pool& other = loaded ? app.workPool : base;
-    const int baseDrifters = std::max(0, base.drifterCount), baseFood = std::max(0, base.foodCount);
-    const int addDrifters = mergeDrifters ? std::max(0, other.drifterCount) : 0;
-    const int addFood = mergeFood ? std::max(0, other.foodCount) : 0;
-    const int nd = mergeDrifters ? std::min(baseDrifters + addDrifters, kLimit) : baseDrifters;
-    const int nf = mergeFood ? std::min(baseFood + addFood, kLimit) : baseFood;
-    if (base.drifters.size() < static_cast<std::size_t>(nd)) base.drifters.resize(static_cast<std::size_t>(nd));
-    for (int i = baseDrifters, k = 0; i < nd && k < addDrifters; ++i, ++k)
-        base.drifters[static_cast<std::size_t>(i)] = other.drifters[static_cast<std::size_t>(k)];
-    for (int i = 0; i < nd; ++i) base.drifters[static_cast<std::size_t>(i)].id = i;
-    if (base.food.size() < static_cast<std::size_t>(nf)) base.food.resize(static_cast<std::size_t>(nf));
-    for (int i = baseFood, k = 0; i < nf && k < addFood; ++i, ++k)
-        base.food[static_cast<std::size_t>(i)] = other.food[static_cast<std::size_t>(k)];
-    base.drifterCount = nd;
-    base.foodCount = nf;
-    app.workPool = std::move(base);
+    aq::mergePoolFile(app, mergeDrifters, mergeFood, path, false);
 }
 
 void applyPlague(App& app) { aq::applyPlague(app.workPool); }

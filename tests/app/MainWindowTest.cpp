@@ -126,6 +126,12 @@ private slots:
         QVERIFY(!w.app().lstSpeciatePool.checked(7));
         emit panel->map()->drifterPicked(7, true);
         QVERIFY(w.app().lstSpeciatePool.checked(7));
+        if (!qEnvironmentVariableIsEmpty("AQ_SHOTS")) {
+            w.app().lstSpeciatePool.setChecked(20, true);
+            w.resize(1400, 800);
+            w.refreshAll();
+            w.grab().save(qEnvironmentVariable("AQ_SHOTS") + "/window-drifters.png");
+        }
         w.findChild<QToolButton*>("cmdShowMap")->click();
         QVERIFY(!panel->isVisible());
         w.app().poolChanged = false;

@@ -54,7 +54,8 @@ private slots:
         auto* x = w.findChild<QSlider*>("SliderSpeciatePoolDrifterX");
         auto* width = w.findChild<QSlider*>("SliderSpeciatePoolDrifterWidth");
         QVERIFY(list && x && width);
-        QCOMPARE(w.findChild<QLabel*>("lblPoolPer")->toolTip(), QString("Click here to calculate Species Threshold range"));
+        QCOMPARE(w.findChild<QLabel*>("lblPoolPer")->toolTip(),
+                 QString("Click here to calculate Species Threshold range"));
 
         // The user ticks rows 0 and 1: the box spans -1000 .. 1000.
         list->model()->setData(list->model()->index(0, 0), Qt::Checked, Qt::CheckStateRole);
@@ -114,7 +115,7 @@ private slots:
         aq::App& app = w.app();
         auto* list = w.findChild<QListView*>("lstSpeciatePool");
         QComboBox* combo[7];
-        const char* names[7] = {"comboSpeciatePoolGroup0", "comboSpeciatePoolBool0", "comboSpeciatePoolGroup1",
+        const char* names[7] = {"comboSpeciatePoolGroup0", "comboSpeciatePoolBool0",  "comboSpeciatePoolGroup1",
                                 "comboSpeciatePoolBool1",  "comboSpeciatePoolGroup2", "comboSpeciatePoolBool2",
                                 "comboSpeciatePoolGroup3"};
         for (int k = 0; k < 7; ++k) QVERIFY(combo[k] = w.findChild<QComboBox*>(names[k]));
@@ -136,7 +137,8 @@ private slots:
         int expected = 0;
         for (int i = 0; i < app.openPool.drifterCount; ++i) {
             int same = 0;
-            for (int g = 0; g < 100; ++g) same += app.openPool.drifters[i].genes[g] == app.openPool.drifters[0].genes[g];
+            for (int g = 0; g < 100; ++g)
+                same += app.openPool.drifters[i].genes[g] == app.openPool.drifters[0].genes[g];
             bool want = same >= 44;
             expected += want;
             QCOMPARE(app.lstSpeciatePool.checked(i), want);

@@ -24,8 +24,9 @@ private slots:
         map.setPool(&pool);
         map.setPicks(PoolMap::Picks::Drifters);
         // Zoom onto the crowd around the centre so bodies are several pixels wide.
-        for (int i = 0; i < 20; ++i) {
-            QWheelEvent wheel(QPointF(400, 400), map.mapToGlobal(QPointF(400, 400)), {}, QPoint(0, 120), Qt::NoButton,
+        const QPointF centre = map.toScreen(0, 0);
+        for (int i = 0; i < 14; ++i) {
+            QWheelEvent wheel(centre, map.mapToGlobal(centre), {}, QPoint(0, 120), Qt::NoButton,
                               Qt::NoModifier, Qt::NoScrollPhase, false);
             QApplication::sendEvent(&map, &wheel);
         }

@@ -108,7 +108,7 @@ TEST(FoodThreshold, TypedTexts) {
         float threshold;
         const char* canonical;
     } cases[] = {
-        {"95%", 950, 95.0f, " 95"}, {" 95 ", 950, 95.0f, " 95"}, {"abc", 0, 0.0f, " 0"},
+        {"95%", 950, 95.0f, " 95"},   {" 95 ", 950, 95.0f, " 95"},    {"abc", 0, 0.0f, " 0"},
         {"-5", 1000, 100.0f, " 100"}, {"12.34", 123, 12.3f, " 12.3"},
     };
     for (const Case& c : cases) {
@@ -196,7 +196,8 @@ TEST(FoodDelete, QuestionsAndOutcomes) {
         Answer answer;
         std::string path;
         int left;
-    } cases[] = {{Answer::Cancel, "", 3}, {Answer::No, "", 1}, {Answer::Yes, "", 1}, {Answer::Yes, dir.file("f.aqp"), 1}};
+    } cases[] = {
+        {Answer::Cancel, "", 3}, {Answer::No, "", 1}, {Answer::Yes, "", 1}, {Answer::Yes, dir.file("f.aqp"), 1}};
     for (const Case& c : cases) {
         FoodTab t({bit(1, 0, 0), bit(2, 1, 1), bit(3, 2, 2)});
         t.app.lstPoolFood.setChecked(0, true);

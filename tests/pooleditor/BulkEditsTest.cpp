@@ -213,7 +213,7 @@ TEST(BulkEdits, FeedingBudget) {
         {"a full pool still gives 50 / n", 4000, {10, 10, 10, 10}, {0, 1, 2, 3}, {22.5f, 22.5f, 22.5f, 22.5f}},
         {"1000 energy, no food, one ticked", 0, {500, 500}, {0}, {550, 500}},
         {"just below 2000 goes over", 0, {1999, 2000, 2500}, {0, 1, 2}, {2049, 2000, 2500}},
-        {"budget shared", 3990, {400, 0, 0}, {1, 2}, {400, 50, 50}},  // 500 - 400 = 100, 100 / 2 = 50
+        {"budget shared", 3990, {400, 0, 0}, {1, 2}, {400, 50, 50}},                // 500 - 400 = 100, 100 / 2 = 50
         {"budget below 50 per drifter", 3995, {200, 0, 0}, {1, 2}, {200, 25, 25}},  // 250 - 200 = 50 -> 25 each
         {"dead drifters eat too", 0, {0}, {0}, {50}},
     };
@@ -227,7 +227,8 @@ TEST(BulkEdits, FeedingBudget) {
         Editor e(ds, c.food);
         for (int r : c.ticked) e.app.lstSpeciatePool.setChecked(r, true);
         mSelectPoolFeed(e.app);
-        for (std::size_t i = 0; i < c.after.size(); ++i) EXPECT_EQ(e.d(static_cast<int>(i)).energy, c.after[i]) << c.name;
+        for (std::size_t i = 0; i < c.after.size(); ++i)
+            EXPECT_EQ(e.d(static_cast<int>(i)).energy, c.after[i]) << c.name;
         EXPECT_TRUE(e.app.poolChanged);
     }
     // A drifter fed past 2000 takes no more.

@@ -90,15 +90,16 @@ TEST(GroupCriteria, MeasuresOfBothDrifters) {
     struct Case {
         int index;
         bool holds;
-    } cases[] = {{4, false}, {5, true},  {13, false}, {14, true}, {15, true},  {16, false}, {17, true},
-                 {18, false}, {19, false}, {20, true}, {21, true}, {22, true}, {23, false}, {24, true},
-                 {25, true},  {26, false}, {1, true}};  // identical (zero) genes
+    } cases[] = {{4, false},  {5, true},   {13, false}, {14, true},  {15, true}, {16, false},
+                 {17, true},  {18, false}, {19, false}, {20, true},  {21, true}, {22, true},
+                 {23, false}, {24, true},  {25, true},  {26, false}, {1, true}};  // identical (zero) genes
     for (const Case& c2 : cases) EXPECT_EQ(p.holds(0, c2.index), c2.holds) << c2.index;
     // The slot lists map to the same tests; index 0 never holds.
     struct Slot {
         int index;
         int group0;
-    } slots[] = {{1, 3}, {2, 4}, {3, 5}, {4, 6}, {5, 7}, {6, 8}, {7, 9}, {8, 10}, {9, 11}, {10, 12}, {11, 15}, {12, 16}, {13, 27}};
+    } slots[] = {{1, 3},  {2, 4},  {3, 5},   {4, 6},   {5, 7},   {6, 8},  {7, 9},
+                 {8, 10}, {9, 11}, {10, 12}, {11, 15}, {12, 16}, {13, 27}};
     for (const Slot& s : slots) EXPECT_EQ(p.holds(2, s.index), p.holds(0, s.group0)) << s.index;
     EXPECT_FALSE(p.holds(1, 0));
     EXPECT_FALSE(p.holds(1, -1));

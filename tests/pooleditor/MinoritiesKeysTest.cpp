@@ -141,7 +141,8 @@ TEST(DrifterKeys, FieldsAndCompression) {
     // and equal segments give one "=".
     EXPECT_EQ(DrifterKey(p, 3, false, false, true), "321{00}10=");
     EXPECT_EQ(DrifterKey(p, 3, false, true, true), "321{}10=");
-    EXPECT_EQ(DrifterKeyPair(p, 3), DrifterKey(p, 3, false, true, false) + "\r\n" + DrifterKey(p, 3, false, true, true));
+    EXPECT_EQ(DrifterKeyPair(p, 3),
+              DrifterKey(p, 3, false, true, false) + "\r\n" + DrifterKey(p, 3, false, true, true));
     EXPECT_EQ(DrifterKey(p, 4, false, false, false), "");
     EXPECT_EQ(DrifterKey(p, -1, false, false, false), "");
 }
@@ -151,11 +152,8 @@ TEST(DrifterKeys, TaperSymbols) {
         float w0, l0, w1, l1;
         const char* field;  // two segments: 0 against 1, then 1 against 0
     } cases[] = {
-        {4, 10, 4, 10, "="},
-        {5, 10, 4, 10, "><"},
-        {5, 12, 4, 10, "\u00BB\u00AB"},
-        {3, 12, 4, 10, "*."},
-        {4, 10, 4.002f, 10.001f, "="},  // within a thousandth
+        {4, 10, 4, 10, "="},  {5, 10, 4, 10, "><"},          {5, 12, 4, 10, "\u00BB\u00AB"},
+        {3, 12, 4, 10, "*."}, {4, 10, 4.002f, 10.001f, "="},  // within a thousandth
     };
     for (const Case& c : cases) {
         Pool p = makePool(0, 0);

@@ -28,9 +28,9 @@ TEST(Similarity, NeedRoundsHalfToEvenAndCountsBackWhenNegative) {
         float threshold;
         int need;
     } cases[] = {
-        {100, 96.5f, 96}, {1000, 96.5f, 965}, {100, 44.4f, 44}, {1000, 44.4f, 444}, {100, 0.5f, 0},
-        {100, 1.5f, 2},   {100, 0.0f, 0},     {1000, 100.0f, 1000}, {100, -3.5f, 96}, {1000, -55.6f, 444},
-        {100, -100.0f, 0}, {100, -250.0f, -150},
+        {100, 96.5f, 96}, {1000, 96.5f, 965},  {100, 44.4f, 44},  {1000, 44.4f, 444},
+        {100, 0.5f, 0},   {100, 1.5f, 2},      {100, 0.0f, 0},    {1000, 100.0f, 1000},
+        {100, -3.5f, 96}, {1000, -55.6f, 444}, {100, -100.0f, 0}, {100, -250.0f, -150},
     };
     for (const Case& c : cases) EXPECT_EQ(aq::similarityNeed(c.n, c.threshold), c.need) << c.n << " " << c.threshold;
 }
@@ -43,20 +43,20 @@ TEST(Similarity, ThresholdsAtBothDepths) {
         bool similar;
     } cases[] = {
         // Depth 100: the first 100 genes only.
-        {96, 96.5f, 100, true},   // 96.5 -> need 96
+        {96, 96.5f, 100, true},  // 96.5 -> need 96
         {95, 96.5f, 100, false},
         {44, 44.4f, 100, true},
         {43, 44.4f, 100, false},
-        {0, 0.0f, 100, true},     // everything is similar at 0
+        {0, 0.0f, 100, true},  // everything is similar at 0
         {99, 100.0f, 100, false},
         {100, 100.0f, 100, true},
-        {96, -3.5f, 100, true},   // counts back from 100%: need 96
+        {96, -3.5f, 100, true},  // counts back from 100%: need 96
         {95, -3.5f, 100, false},
         // Depth 1000: the pattern repeats per hundred, so `same` of 100 gives 10 x `same` of 1000.
-        {97, 96.5f, 1000, true},  // 970 >= 965
-        {96, 96.5f, 1000, false}, // 960 < 965
-        {45, 44.4f, 1000, true},  // 450 >= 444
-        {44, 44.4f, 1000, false}, // 440 < 444
+        {97, 96.5f, 1000, true},   // 970 >= 965
+        {96, 96.5f, 1000, false},  // 960 < 965
+        {45, 44.4f, 1000, true},   // 450 >= 444
+        {44, 44.4f, 1000, false},  // 440 < 444
         {100, 100.0f, 1000, true},
         {99, 100.0f, 1000, false},
         {0, 0.0f, 1000, true},
@@ -116,16 +116,6 @@ TEST(Similarity, AgreesWithAPlainByteCount) {
             }
         }
     }
-}
-
-TEST(Similarity, MinNonZeroAndMaxOf) {
-    EXPECT_EQ(aq::MinNonZero(1000, 100), 100);
-    EXPECT_EQ(aq::MinNonZero(1000, 0), 1000);
-    EXPECT_EQ(aq::MinNonZero(0, 5), 5);
-    EXPECT_EQ(aq::MinNonZero(-2, 5), -2);
-    EXPECT_EQ(aq::MaxOf(-2, 5), 5);
-    EXPECT_EQ(aq::similarityDepthFor(true), 100);
-    EXPECT_EQ(aq::similarityDepthFor(false), 1000);
 }
 
 }  // namespace
