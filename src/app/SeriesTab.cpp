@@ -18,6 +18,9 @@
 #include "app/MainWindow.h"
 #include "app/TabFrame.h"
 #include "series/EvolveSeries.h"
+#include "series/Feeding.h"
+#include "series/Grouping.h"
+#include "series/Harvest.h"
 
 namespace aqapp {
 
@@ -49,7 +52,6 @@ struct MenuOption {
 const MenuOption kMenuOptions[] = {
     {"mNoStill", &aq::SeriesOptions::mNoStill},
     {"mNoOld", &aq::SeriesOptions::mNoOld},
-    {"mSeriesGroup", &aq::SeriesOptions::mSeriesGroup},
     {"mSeriesFeedAll", &aq::SeriesOptions::mSeriesFeedAll},
     {"mSeriesFeedHungry", &aq::SeriesOptions::mSeriesFeedHungry},
     {"mSeriesFeedFed", &aq::SeriesOptions::mSeriesFeedFed},
@@ -148,6 +150,15 @@ public:
             connect(action, &QAction::toggled, this,
                     [this, field = m.field](bool on) { app_.series.options.*field = on; });
         }
+        // These two ask what to do; their check and caption follow the answer.
+        promptItem(w, "mSeriesGroup", aq::mSeriesGroupClick, &aq::SeriesOptions::mSeriesGroup,
+                   &aq::SeriesOptions::mSeriesGroupCaption);
+        promptItem(w, "mFeedColor", aq::mFeedColorClick, &aq::SeriesOptions::mFeedColor,
+                   &aq::SeriesOptions::mFeedColorCaption);
+        w.onMenu("mGetSuc", [this, &w] {
+            aq::GetSuccessfulCommand(app_);
+            w.refreshAll();
+        });
         readOptions();
         for (QAbstractButton* b : {static_cast<QAbstractButton*>(plague_), static_cast<QAbstractButton*>(getSuc_),
                                    static_cast<QAbstractButton*>(branching_), static_cast<QAbstractButton*>(prompt_),
@@ -203,6 +214,21 @@ private:
         r->setObjectName(name);
         box->addWidget(r);
         return r;
+    }
+
+    void promptItem(MainWindow& w, const char* name, void (*ask)(aq::App&), bool aq::SeriesOptions::*checked,
+                    std::string aq::SeriesOptions::*caption) {
+        QAction* action = w.menuItem(name);
+        if (!action) return;
+        auto show = [this, action, checked, caption] {
+            action->setChecked(app_.series.options.*checked);
+            action->setText(QString::fromStdString(app_.series.options.*caption));
+        };
+        show();
+        connect(action, &QAction::triggered, this, [this, ask, show] {
+            ask(app_);
+            show();
+        });
     }
 
     void readOptions() {

@@ -1,9 +1,12 @@
 #include "cli/CliSupport.h"
 
+#include <charconv>
 #include <cmath>
 #include <iostream>
+#include <string_view>
 
 #include "cli/Cli.h"
+#include "generator/Random.h"
 #include "pool/PoolFile.h"
 
 namespace aqcli {
@@ -34,6 +37,18 @@ float thresholdOption(const Args& a, const std::string& name, float fallback) {
     double t = numberOption(a, name, fallback);
     if (!std::isfinite(t) || std::fabs(t) > 1e6) throw UsageError{"option " + name + " needs a percentage"};
     return static_cast<float>(t);
+}
+
+std::uint32_t stateOption(const Args& a) {
+    auto text = a.value("--state");
+    if (!text) return aq::kRandomStartState;
+    std::string_view s = *text;
+    if (s.rfind("0x", 0) == 0 || s.rfind("0X", 0) == 0) s.remove_prefix(2);
+    std::uint32_t v = 0;
+    auto [end, ec] = std::from_chars(s.data(), s.data() + s.size(), v, 16);
+    if (s.empty() || ec != std::errc() || end != s.data() + s.size() || v > 0xFFFFFF)
+        throw UsageError{"option --state needs a hexadecimal number up to FFFFFF, got \"" + *text + "\""};
+    return v;
 }
 
 }  // namespace aqcli

@@ -1,5 +1,6 @@
 #pragma once
 // Helpers the commands share.
+#include <cstdint>
 #include <string>
 
 #include "pool/Records.h"
@@ -41,5 +42,8 @@ int depthOption(const Args& a, int fallback);
 
 // The --threshold or --species option: a percentage, a finite number.
 float thresholdOption(const Args& a, const std::string& name, float fallback);
+
+// The --state option: the 24-bit random state in hexadecimal (default the state at start).
+std::uint32_t stateOption(const Args& a);
 
 }  // namespace aqcli

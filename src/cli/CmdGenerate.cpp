@@ -1,5 +1,4 @@
 // aqfm generate, food: a new startup pool, and the food list of a pool file.
-#include <charconv>
 #include <iostream>
 
 #include "cli/Cli.h"
@@ -19,18 +18,6 @@ std::int16_t choice(const Args& a, const std::string& name, int fallback, int la
     if (v < 0 || v > last)
         throw UsageError{"option " + name + " must be 0 to " + std::to_string(last) + ", got " + std::to_string(v)};
     return static_cast<std::int16_t>(v);
-}
-
-std::uint32_t stateOption(const Args& a) {
-    auto text = a.value("--state");
-    if (!text) return aq::kRandomStartState;
-    std::string_view s = *text;
-    if (s.rfind("0x", 0) == 0 || s.rfind("0X", 0) == 0) s.remove_prefix(2);
-    std::uint32_t v = 0;
-    auto [end, ec] = std::from_chars(s.data(), s.data() + s.size(), v, 16);
-    if (s.empty() || ec != std::errc() || end != s.data() + s.size() || v > 0xFFFFFF)
-        throw UsageError{"option --state needs a hexadecimal number up to FFFFFF, got \"" + *text + "\""};
-    return v;
 }
 
 int runGenerate(const Args& a) {

@@ -21,16 +21,17 @@ void mergePoolFile(App& app, bool mergeDrifters, bool mergeFood, const std::stri
 
 // Steps between runs, on workPool.
 void applyPlague(App& app);
-void HarvestSuccessful(App& app, const std::string& folder, int from, int count, bool a, bool b);
+void HarvestSuccessful(App& app, const std::string& folder, int reserved, int maxCount, bool keepBest,
+                       bool drawAtRandom);
 void prepareHarvest(App& app, double radius);
-void gravitateToCenter(App& app, double strength, bool a, bool b);
+void gravitateToCenter(App& app, double percent, bool moveDrifters, bool moveFood);
 void halveAges(App& app);
 void markStillborns(App& app);
 void ensureMinimumDrifters(App& app, int count);
-void deleteDeadDrifters(App& app, bool fromOpen);
-void sortDrifters(App& app, bool openPool);
+void deleteDeadDrifters(App& app, bool useOpen);
+void sortDrifters(App& app, bool useOpen);
 void limitLiveDrifters(App& app, int count);
-void feedPool(App& app, bool hungry, bool fed, bool addFood, bool a, bool b);
+void feedPool(App& app, bool hungry, bool fed, bool addFood, bool graded, bool useOpen);
 void feedByColor(App& app, int color, int mode);
 void groupDriftersAtStart(App& app, bool group, bool feedAll, bool gatherFood, int extinctionRetries, int groupMode);
 void restoreYouth(App& app);

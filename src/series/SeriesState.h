@@ -22,6 +22,9 @@ struct SeriesOptions {
     bool mNoStill = true;
     bool mNoOld = false;
     bool mSeriesGroup = false;
+    std::string mSeriesGroupCaption = "&Group Drifters at Start";
+    bool mFeedColor = false;
+    std::string mFeedColorCaption = "Feed D&rifters by Color";
     bool mSeriesFeedAll = false;
     bool mSeriesFeedHungry = false;
     bool mSeriesFeedFed = false;

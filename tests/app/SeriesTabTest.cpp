@@ -11,6 +11,8 @@
 
 #include "app/MainWindow.h"
 #include "pool/PoolFile.h"
+#include "series/Feeding.h"
+#include "series/Grouping.h"
 #include "series/SeriesFakes.h"
 #include "support/PoolFixtures.h"
 #include "support/TempDir.h"
@@ -71,6 +73,43 @@ private slots:
         QEvent enter(QEvent::Enter);
         QCoreApplication::sendEvent(w.findChild<QPushButton*>("cmdCreateSeriesStop"), &enter);
         QCOMPARE(help->text(), QString("Click the Stop button to terminate the pool series production."));
+    }
+
+    void promptingItemsFollowTheAnswers() {
+        aqtest::ManualClock clock;
+        aqtest::ScriptedUi ui;
+        MainWindow w(ui, clock, "/tmp");
+        QAction* group = w.menuItem("mSeriesGroup");
+        QAction* feed = w.menuItem("mFeedColor");
+        ui.text(aq::kGroupPrompt, "Select Drifter Grouping Mode", "2");
+        group->trigger();
+        QVERIFY(group->isChecked());
+        QCOMPARE(group->text(), QString("&Group Drifters by Segment Count"));
+        QVERIFY(w.app().series.options.mSeriesGroup);
+        ui.text(aq::kGroupPrompt, "Select Drifter Grouping Mode", "");  // cancelled: as it was
+        group->trigger();
+        QVERIFY(group->isChecked());
+        ui.text(aq::kGroupPrompt, "Select Drifter Grouping Mode", "None");
+        group->trigger();
+        QVERIFY(!group->isChecked());
+        QCOMPARE(group->text(), QString("&Group Drifters at Start"));
+
+        ui.text(aq::kFeedColorPrompt, "Choose Color", "green");
+        ui.text("*", "Select Color Feeding Mode", "3");
+        ui.script.back().text =
+            "Please select one of the following options, and enter the corresponding number.\r\n1 = Feed Completely "
+            "Green Drifters\r\n2 = Feed Green Headed Drifters\r\n3 = Feed Drifters with Green Parts\r\n4 = Feed "
+            "Partially Green Drifters";
+        feed->trigger();
+        QVERIFY(feed->isChecked());
+        QCOMPARE(feed->text(), QString("Feed D&rifters with Green Parts"));
+        QCOMPARE(w.app().feedColor, 3);
+        QVERIFY2(ui.done(), ui.report().c_str());
+
+        // Any other item just flips its mark.
+        QAction* youth = w.menuItem("mRestoreYouth");
+        youth->trigger();
+        QVERIFY(youth->isChecked() && w.app().series.options.mRestoreYouth);
     }
 
     void runsASeriesFromTheButtonsUntilStop() {

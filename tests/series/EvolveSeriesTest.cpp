@@ -209,6 +209,7 @@ TEST(EvolveSeries, PoolWithoutFoodGetsTheFoodOfTheChosenFile) {
     Rig r;
     aq::Pool hungry = makePool(4, 0);
     r.save("pool0.aqp", hungry);
+    r.app.series.options.mSeriesAddFood = false;  // its own food would come on top
     r.stopAtStart = 2;
     r.choose(r.seriesFile);
     r.run();
@@ -282,4 +283,67 @@ TEST(EvolveSeries, LostSimulatorOnAnotherTabDoesNotEndTheSeries) {
     ASSERT_TRUE(r.has("pool0.aqp"));
     EXPECT_EQ(r.load("pool0.aqp").clock, 77);
     EXPECT_TRUE(r.app.series.controls.nowEnabled);
+}
+
+namespace {
+
+aq::DrifterRec bodyOf(int segments, int meals) {
+    aq::DrifterRec d = makeDrifter(0, segments, 2);
+    d.totalLength = 10.0f * static_cast<float>(segments);
+    d.mealsEaten = meals;
+    d.age = 100;
+    d.energy = 500;
+    d.velocityX = 1;
+    return d;
+}
+
+}  // namespace
+
+TEST(EvolveSeries, PlagueAndHarvestHappenInTheCycle) {
+    // 50 of the most successful form in 120: the plague takes them on load.
+    {
+        aq::Pool first = makePool(0, 6);
+        for (int i = 0; i < 120; ++i) first.drifters.push_back(bodyOf(i < 50 ? 3 : 2, i < 50 ? 9 : 1));
+        first.drifterCount = 120;
+        Rig r(first);
+        r.app.series.options.chkBranchingSeries = false;
+        r.app.series.options.chkPlague = true;
+        std::vector<int> handedOver;
+        r.sim.evolve = [&](aq::Pool& p) {
+            handedOver.push_back(p.drifterCount);
+            p.clock += 100;
+        };
+        r.stopAtStart = 1;
+        r.choose(r.seriesFile);
+        r.run();
+        r.expectFinished();
+        ASSERT_EQ(handedOver.size(), 1u);
+        EXPECT_EQ(handedOver[0], 70);
+    }
+    // The pool dies out: the next cycle starts from 200 drifters drawn by the harvest,
+    // with the file's own drifters merged in once for the retry.
+    {
+        aq::Pool first = makePool(0, 6);
+        for (int i = 0; i < 4; ++i) first.drifters.push_back(bodyOf(1 + i, 1 + i));
+        first.drifterCount = 4;
+        Rig r(first);
+        r.app.series.options.chkBranchingSeries = false;
+        r.app.series.options.chkGetSuc = true;
+        std::vector<int> handedOver;
+        r.sim.evolve = [&](aq::Pool& p) {
+            handedOver.push_back(p.drifterCount);
+            if (handedOver.size() == 1) {
+                killAll(p);
+            } else {
+                p.clock += 100;
+            }
+        };
+        r.stopAtStart = 2;
+        r.choose(r.seriesFile);
+        r.run();
+        r.expectFinished();
+        ASSERT_EQ(handedOver.size(), 2u);
+        EXPECT_EQ(handedOver[0], 4);
+        EXPECT_EQ(handedOver[1], 204);
+    }
 }

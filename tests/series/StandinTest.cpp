@@ -132,6 +132,9 @@ TEST(Standin, ShortPlainSeriesLeavesEvolvedFilesOnDisk) {
     app.comboAquariumPath = dir.file("sim");
     app.comboPoolPath = dir.file("pools");
     app.series.options.chkBranchingSeries = false;
+    // Every drifter of the chosen pool keeps its place: no stillborns removed, no sort for the food.
+    app.series.options.mNoStill = false;
+    app.series.options.mSeriesAddFood = false;
     app.series.controls.frameVisible = true;
     app.series.controls.sliderTimeDelay = 7;
     ui.file("open", "Select Pool File", dir.file("pools") + "/pool.aqp");

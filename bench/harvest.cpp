@@ -1,0 +1,139 @@
+// The harvest of a folder of 50 pools of 2000 drifters, next to only reading those
+// files; the plague and the similarity chain on one such pool.
+#include "series/Harvest.h"
+
+#include <benchmark/benchmark.h>
+
+#include <random>
+
+#include "pool/PoolFile.h"
+#include "pooleditor/DrifterKey.h"
+#include "series/Grouping.h"
+#include "series/PrepareSteps.h"
+#include "support/ManualClock.h"
+#include "support/PoolFixtures.h"
+#include "support/TempDir.h"
+
+namespace {
+
+class QuietUi : public aq::Ui {
+public:
+    void ShowMessage(const std::string&, const std::string&) override {}
+    aq::Answer AskYesNo(const std::string&, const std::string&) override { return aq::Answer::No; }
+    aq::Answer AskYesNoCancel(const std::string&, const std::string&) override { return aq::Answer::Cancel; }
+    aq::Answer AskOkCancel(const std::string&, const std::string&) override { return aq::Answer::Cancel; }
+    aq::Answer AskRetryCancel(const std::string&, const std::string&) override { return aq::Answer::Cancel; }
+    std::string AskText(const std::string&, const std::string&, const std::string&) override { return ""; }
+    std::string ChooseOpenFile(const std::string&, const std::string&, const std::string&, const std::string&,
+                               const std::string&) override {
+        return "";
+    }
+    std::string ChooseSaveFile(const std::string&, const std::string&, const std::string&, const std::string&,
+                               const std::string&) override {
+        return "";
+    }
+    void YieldToUi() override {}
+    void SetWaitCursor(bool) override {}
+};
+
+// Evolved-looking drifters: bodies of 1 to 16 segments in a handful of colours and
+// branchings, so that many shapes recur across the folder.
+aq::Pool evolvedPool(std::mt19937& rng) {
+    auto pick = [&](int n) { return static_cast<int>(rng() % static_cast<unsigned>(n)); };
+    aq::Pool p = aqtest::makePool(0, 500);
+    p.drifters.resize(2000);
+    p.drifterCount = 2000;
+    for (int i = 0; i < 2000; ++i) {
+        aq::DrifterRec d = aqtest::makeDrifter(i, 1 + pick(8) + pick(9));
+        for (int s = 0; s < d.segmentCount; ++s) {
+            d.segments[s].color = pick(3) == 0 ? pick(6) : s % 2;
+            d.segments[s].branchCount = s == 0 ? d.segmentCount - 1 : pick(2);
+            d.segments[s].width = static_cast<float>(2 + pick(3));
+            d.segments[s].length = static_cast<float>(8 + pick(3));
+        }
+        d.totalLength = static_cast<float>(9 * d.segmentCount + pick(40));
+        d.mass = static_cast<float>(20 * d.segmentCount + pick(200));
+        d.alive = pick(5) != 0;
+        d.age = pick(20000);
+        d.mealsEaten = pick(10);
+        d.maternalOffspring = pick(4);
+        d.paternalOffspring = pick(4);
+        d.velocityX = pick(3) ? 0.001f : 0;
+        for (int g = 0; g < aq::kGeneCount; ++g) d.genes[g] = static_cast<std::uint8_t>(pick(4));
+        p.drifters[static_cast<std::size_t>(i)] = d;
+    }
+    return p;
+}
+
+struct Folder {
+    aqtest::TempDir dir;
+    aq::Pool sample;
+    Folder() {
+        std::mt19937 rng(2026);
+        for (int k = 0; k < 50; ++k) {
+            aq::Pool p = evolvedPool(rng);
+            aq::writePool(dir.file("pool_" + std::to_string(k) + ".aqp"), p);
+            if (k == 0) sample = p;
+        }
+    }
+};
+
+Folder& folder() {
+    static Folder f;
+    return f;
+}
+
+void ReadFolder50x2000(benchmark::State& state) {
+    folder();  // made once, outside the timing
+    aq::Pool pool;
+    for (auto _ : state)
+        for (int k = 0; k < 50; ++k)
+            benchmark::DoNotOptimize(aq::readPool(folder().dir.file("pool_" + std::to_string(k) + ".aqp"), pool));
+}
+
+void HarvestFolder50x2000(benchmark::State& state) {
+    folder();
+    QuietUi ui;
+    aqtest::ManualClock clock;
+    aq::App app(ui, clock);
+    app.uiBusy = true;
+    for (auto _ : state) {
+        app.openPool = folder().sample;
+        app.poolLoaded = true;
+        aq::HarvestSuccessful(app, folder().dir.path(), 0, 2000, true, false);
+        benchmark::DoNotOptimize(app.openPool.drifterCount);
+    }
+    state.counters["harvested"] = app.openPool.drifterCount;
+}
+
+// The part of the harvest that is the morphology keys: one pair per drifter.
+void KeyPairs2000(benchmark::State& state) {
+    folder();
+    for (auto _ : state)
+        for (int i = 0; i < 2000; ++i) benchmark::DoNotOptimize(aq::DrifterKeyPair(folder().sample, i));
+}
+
+void ApplyPlague2000(benchmark::State& state) {
+    for (auto _ : state) {
+        aq::Pool p = folder().sample;
+        aq::applyPlague(p);
+        benchmark::DoNotOptimize(p.drifterCount);
+    }
+}
+
+void OrderBySimilarity2000(benchmark::State& state) {
+    for (auto _ : state) {
+        aq::Pool p = folder().sample;
+        aq::orderBySimilarity(p, static_cast<int>(state.range(0)));
+        benchmark::DoNotOptimize(p.drifters[1].id);
+    }
+}
+
+}  // namespace
+
+BENCHMARK(ReadFolder50x2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(HarvestFolder50x2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(KeyPairs2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(ApplyPlague2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(OrderBySimilarity2000)->Arg(100)->Arg(1000)->Unit(benchmark::kMillisecond);
+BENCHMARK_MAIN();

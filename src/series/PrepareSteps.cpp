@@ -1,0 +1,209 @@
+#include "series/PrepareSteps.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <numeric>
+#include <vector>
+
+#include "generator/Placement.h"
+#include "generator/Random.h"
+
+namespace aq {
+
+namespace {
+
+std::size_t at(int i) { return static_cast<std::size_t>(i); }
+
+int liveCount(const Pool& pool) {
+    int live = 0;
+    for (int i = 0; i < pool.drifterCount; ++i) live += pool.drifters[at(i)].alive != 0;
+    return live;
+}
+
+std::int32_t rounded(double v) { return static_cast<std::int32_t>(std::nearbyint(v)); }
+
+}  // namespace
+
+void markStillborns(Pool& pool) {
+    for (int i = 0; i < pool.drifterCount; ++i) {
+        DrifterRec& d = pool.drifters[at(i)];
+        if (!(std::fabs(d.velocityX) < 0.00004f && static_cast<double>(d.energy) + 200 < d.age)) continue;
+        d.alive = 0;
+        d.x = d.y = d.prevX = d.prevY = 0;
+        for (int s = 0; s < usedSegmentCount(d); ++s) {
+            Segment& g = d.segments[s];
+            g.point1X = g.point1Y = g.point2X = g.point2Y = 0;
+            g.point3X = g.point3Y = g.point4X = g.point4Y = 0;
+        }
+    }
+}
+
+void ensureMinimumDrifters(Pool& pool, int n) {
+    const int target = std::clamp(std::abs(n), 2, 200);
+    const int count = pool.drifterCount;
+    if (count <= 0) return;
+    if (count >= target) {
+        int live = 0;
+        for (int i = 0; i < count && live < target; ++i) live += pool.drifters[at(i)].alive != 0;
+        for (int i = 0; i < count && live < target; ++i) {
+            DrifterRec& d = pool.drifters[at(i)];
+            if (d.alive == 0) {
+                d.alive = 1;
+                ++live;
+            }
+        }
+        return;
+    }
+    std::vector<DrifterRec> copies(at(target));
+    for (int k = 0; k < target; ++k) {
+        DrifterRec& d = copies[at(k)] = pool.drifters[at(k % count)];
+        d.alive = 1;
+        if (d.energy < 50) d.energy += (d.x > 3900 || d.y > 3900) ? 10.0f : 50.0f;
+    }
+    pool.drifters = std::move(copies);
+    pool.drifterCount = target;
+}
+
+void limitLiveDrifters(Pool& pool, int n) {
+    const int limit = std::clamp(std::abs(n), 2, 2000);
+    int live = 0;
+    for (int i = 0; i < pool.drifterCount; ++i) {
+        DrifterRec& d = pool.drifters[at(i)];
+        if (d.alive == 0) continue;
+        if (++live > limit) d.alive = 0;
+    }
+}
+
+void deleteDeadDrifters(Pool& pool) {
+    const int live = liveCount(pool);
+    if (live == pool.drifterCount) return;
+    std::vector<DrifterRec> kept;
+    kept.reserve(at(live));
+    for (int i = 0; i < pool.drifterCount; ++i)
+        if (pool.drifters[at(i)].alive != 0) kept.push_back(pool.drifters[at(i)]);
+    pool.drifters = std::move(kept);
+    pool.drifterCount = live;
+}
+
+void deleteDeadDrifters(App& app, bool useOpen) {
+    Pool& pool = useOpen ? app.openPool : app.workPool;
+    if (liveCount(pool) == pool.drifterCount) return;
+    deleteDeadDrifters(pool);
+    if (useOpen) app.poolChanged = true;
+}
+
+void sortDrifters(Pool& pool) {
+    const int n = pool.drifterCount;
+    // The passes run on the ages and an index per record; the records move once at the end.
+    std::vector<std::int32_t> age(at(std::max(n, 0)));
+    std::vector<int> order(age.size());
+    for (int i = 0; i < n; ++i) age[at(i)] = pool.drifters[at(i)].age;
+    std::iota(order.begin(), order.end(), 0);
+    for (int gap = n / 2; gap >= 1; gap /= 2) {
+        for (int pass = 1;; ++pass) {
+            bool swapped = false;
+            for (int j = 0; j <= n - 1 - gap * pass; j += gap) {
+                if (age[at(j + gap)] < age[at(j)]) {
+                    std::swap(age[at(j + gap)], age[at(j)]);
+                    std::swap(order[at(j + gap)], order[at(j)]);
+                    swapped = true;
+                }
+            }
+            if (!swapped) break;
+        }
+    }
+    std::vector<DrifterRec> sorted(pool.drifters.size());
+    for (int i = 0; i < n; ++i) sorted[at(i)] = pool.drifters[at(order[at(i)])];
+    for (std::size_t i = at(std::max(n, 0)); i < sorted.size(); ++i) sorted[i] = pool.drifters[i];
+    pool.drifters = std::move(sorted);
+}
+
+void sortDrifters(App& app, bool useOpen) { sortDrifters(useOpen ? app.openPool : app.workPool); }
+
+void restoreYouth(Pool& pool) {
+    for (int i = 0; i < pool.drifterCount; ++i) {
+        DrifterRec& d = pool.drifters[at(i)];
+        if (!(std::sqrt(static_cast<double>(d.x) * d.x + static_cast<double>(d.y) * d.y) < 3900)) continue;
+        const double divisor = d.segmentCount < 2 ? 3 : d.segmentCount == 2 ? 8 : 15;
+        d.age = rounded(d.age / divisor);
+    }
+}
+
+void resetCounters(Pool& pool, bool meals, bool maternal, bool paternal) {
+    for (int i = 0; i < pool.drifterCount; ++i) {
+        DrifterRec& d = pool.drifters[at(i)];
+        if (meals) d.mealsEaten = 0;
+        if (maternal) d.maternalOffspring = 0;
+        if (paternal) d.paternalOffspring = 0;
+    }
+}
+
+void drainEdgeEnergy(Pool& pool) {
+    for (int i = 0; i < pool.drifterCount; ++i) {
+        DrifterRec& d = pool.drifters[at(i)];
+        const double e = d.energy;
+        // The edge is taken at 4000 whatever the pool's own size.
+        double m = std::min(4000 - std::fabs(static_cast<double>(d.y)), 4000 - std::fabs(static_cast<double>(d.x)));
+        if (m < 0) m = 0;
+        double drain = m <= 300 ? std::sqrt((300 - m) * 10) : 0;
+        if (e / 2 + 5 < drain) drain = e / 2 + 5;
+        if (drain + 5 < e && drain > 1) d.energy = static_cast<float>(e - drain);
+    }
+}
+
+void gravitateToCenter(Pool& pool, float percent, bool moveDrifters, bool moveFood) {
+    const float w = 1.0f - percent / 100.0f;
+    const float f = std::fabs(w - std::floor(w));
+    if (moveFood)
+        for (int k = 0; k < pool.foodCount; ++k) {
+            pool.food[at(k)].x *= f;
+            pool.food[at(k)].y *= f;
+        }
+    if (moveDrifters)
+        for (int i = 0; i < pool.drifterCount; ++i) {
+            const DrifterRec& d = pool.drifters[at(i)];
+            MoveDrifter(pool, static_cast<std::int16_t>(i), f * d.x, f * d.y);
+        }
+}
+
+void halveAges(Pool& pool) {
+    for (int i = 0; i < pool.drifterCount; ++i) pool.drifters[at(i)].age = rounded(pool.drifters[at(i)].age / 2.0);
+}
+
+void prepareHarvest(Pool& pool, float radius) {
+    float r = radius;
+    if (pool.drifterCount < 250) r = r / 250 * static_cast<float>(pool.drifterCount);
+    for (int i = 0; i < pool.drifterCount; ++i) {
+        DrifterRec& d = pool.drifters[at(i)];
+        d.age = rounded(d.age / 75.0 + 150);
+        d.mealsEaten = d.maternalOffspring = d.paternalOffspring = 0;
+        d.energy = 50.0f;
+        if (!(radius > 0)) continue;
+        float px = 0, py = 0;
+        // A pool whose edges hold no point of the circle would draw for ever: after many
+        // draws the last point is taken.
+        for (int tries = 0; tries < 1000000; ++tries) {
+            const float u = RandomNext();
+            const float v = RandomNext();
+            px = u * (pool.maxX - pool.minX) + pool.minX;
+            py = v * (pool.maxY - pool.minY) + pool.minY;
+            if (std::sqrt(static_cast<double>(px) * px + static_cast<double>(py) * py) <= r) break;
+        }
+        MoveDrifter(pool, static_cast<std::int16_t>(i), px, py);
+    }
+}
+
+std::int16_t countYoungerThan(const Pool& pool, float limit) {
+    int n = 0;
+    for (int i = 0; i < pool.drifterCount; ++i) n += static_cast<double>(pool.drifters[at(i)].age) < limit;
+    return static_cast<std::int16_t>(n);
+}
+
+void deleteStarters(Pool& pool, float limit) {
+    for (int i = 0; i < pool.drifterCount; ++i)
+        if (static_cast<double>(pool.drifters[at(i)].age) > limit) pool.drifters[at(i)].alive = 0;
+    deleteDeadDrifters(pool);
+}
+
+}  // namespace aq

@@ -1,0 +1,19 @@
+#pragma once
+// How successful a drifter was: its score, and the norm that makes scores of
+// different pools comparable.
+#include <string>
+
+#include "pool/Records.h"
+
+namespace aq {
+
+// Length alone for the dead; for the living, meals, offspring and age, less for
+// short and motionless bodies.
+float SuccessScore(const Pool& pool, int index);
+// The best of a per-drifter figure over the pool, at least 1; -1 when a record has no segments.
+float SuccessNorm(const Pool& pool);
+// Two keys of one or more lines count as one body shape when any line matches its
+// counterpart; an empty key matches nothing.
+bool SameMorph(const std::string& keyA, const std::string& keyB);
+
+}  // namespace aq

@@ -1,0 +1,343 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "series/Feeding.h"
+#include "series/Grouping.h"
+#include "support/ManualClock.h"
+#include "support/PoolFixtures.h"
+#include "support/ScriptedUi.h"
+
+using namespace aqtest;
+
+namespace {
+
+constexpr double kPi = 3.14159265358979;
+
+aq::Pool poolOfN(int n, float energy = 100) {
+    aq::Pool p = makePool(0, 2);
+    for (int i = 0; i < n; ++i) {
+        aq::DrifterRec d = makeDrifter(i, 1, 0, 100.0f * static_cast<float>(i), 50);
+        d.energy = energy;
+        p.drifters.push_back(d);
+    }
+    p.drifterCount = n;
+    return p;
+}
+
+void expectAt(const aq::DrifterRec& d, double x, double y, const std::string& what) {
+    EXPECT_NEAR(d.x, x, 0.01) << what;
+    EXPECT_NEAR(d.y, y, 0.01) << what;
+    EXPECT_NEAR(d.prevX, x, 0.01) << what << " (the body moves along)";
+}
+
+TEST(Grouping, RingOfModeThree) {
+    struct Case {
+        int n, retries;
+        bool gravity;
+        int index;
+        double radius, angle;
+    } cases[] = {
+        {5, 0, false, 0, 1000, 0},  // skip 0, ring 2: two points, angle 0 and pi
+        {5, 0, false, 1, 1000, kPi}, {5, 0, false, 4, 1000, 4 * kPi},
+        {8, 0, false, 0, 0, 0},                                                // skip 2: drifters 0 and 1 at the centre
+        {8, 0, false, 1, 0, 0},      {8, 0, false, 2, 1000, 2 * 2 * kPi / 3},  // ring 3
+        {30, 0, false, 1, 0, 0},     {30, 0, false, 9, 1000, 9 * 2 * kPi / 7},  // ring 7
+        {5, 0, true, 0, 900, 0},                                                // gravity shrinks once
+        {5, 3, false, 0, 729, 0},                                               // three retries
+        {3, 0, false, 2, 0, 0},                                                 // fewer than 4: all at the centre
+    };
+    for (const Case& c : cases) {
+        aq::Pool p = poolOfN(c.n);
+        aq::groupDriftersAtStart(p, true, false, false, c.retries, 3, c.gravity, 100);
+        std::string what = "n " + std::to_string(c.n) + " drifter " + std::to_string(c.index);
+        expectAt(p.drifters[static_cast<std::size_t>(c.index)], c.radius * std::sin(c.angle),
+                 c.radius * std::cos(c.angle), what);
+    }
+}
+
+TEST(Grouping, ModesOneTwoAndZero) {
+    // Mode 2: the colours' hues, halved below the limit.
+    aq::Pool p = poolOfN(10);
+    p.drifters[3].segmentCount = 16;
+    for (auto& s : p.drifters[3].segments) s.color = 0;
+    p.drifters[4].segmentCount = 2;
+    p.drifters[4].segments[1].color = 3;  // red and green
+    aq::groupDriftersAtStart(p, true, false, false, 0, 2, false, 100);
+    expectAt(p.drifters[0], 1250, 0, "one red segment");
+    expectAt(p.drifters[3], 2500, 0, "sixteen red segments");
+    expectAt(p.drifters[4], 0, 0, "red and green cancel");
+
+    // Mode 1: sorted by length, equal lengths on one spot.
+    aq::Pool q = poolOfN(3);
+    q.drifters[0].segmentCount = 4;
+    q.drifters[1].segmentCount = 3;
+    q.drifters[2].segmentCount = 3;
+    aq::groupDriftersAtStart(q, true, false, false, 0, 1, false, 100);
+    EXPECT_EQ(q.drifters[0].id, 1);
+    EXPECT_EQ(q.drifters[1].id, 2);
+    EXPECT_EQ(q.drifters[2].id, 0);
+    double a3 = 3 * 11 * 0.41887902119724, a4 = 4 * 11 * 0.41887902119724;
+    expectAt(q.drifters[0], 2500 * std::sin(a3), 2500 * std::cos(a3), "3 segments");
+    expectAt(q.drifters[1], 2500 * std::sin(a3), 2500 * std::cos(a3), "3 segments");
+    expectAt(q.drifters[2], 2500 * std::sin(a4), 2500 * std::cos(a4), "4 segments");
+
+    // Mode 0 with 12 drifters: 3 sectors of 4 neighbours.
+    aq::Pool r = poolOfN(12);
+    aq::groupDriftersAtStart(r, true, false, false, 0, 0, false, 100);
+    expectAt(r.drifters[3], 0, 2000, "first sector");
+    expectAt(r.drifters[4], 2000 * std::sin(2 * kPi / 3), 2000 * std::cos(2 * kPi / 3), "second sector");
+    // Two drifters make one group.
+    aq::Pool two = poolOfN(2);
+    aq::groupDriftersAtStart(two, true, false, false, 0, 0, false, 100);
+    expectAt(two.drifters[0], 0, 2000, "pair");
+    expectAt(two.drifters[1], 0, 2000, "pair");
+}
+
+TEST(Grouping, SingleDrifterFeedingAndGathering) {
+    aq::Pool one = poolOfN(1);
+    aq::groupDriftersAtStart(one, false, false, false, 0, 3, false, 100);
+    ASSERT_EQ(one.drifterCount, 2);
+    EXPECT_EQ(0, std::memcmp(&one.drifters[0], &one.drifters[1], sizeof(aq::DrifterRec)));
+
+    aq::Pool p = poolOfN(10);
+    p.drifters[5].energy = 500;
+    p.food[0].x = 900;
+    p.food[0].y = -600;
+    p.food[1].x = 100;
+    p.food[1].y = 100;
+    aq::groupDriftersAtStart(p, false, true, true, 0, 3, false, 100);
+    EXPECT_FLOAT_EQ(p.drifters[0].energy, 670);
+    EXPECT_FLOAT_EQ(p.drifters[1].energy, 170);
+    EXPECT_FLOAT_EQ(p.drifters[5].energy, 500);
+    EXPECT_FLOAT_EQ(p.drifters[1].x, 100);  // not grouped: stays
+    EXPECT_FLOAT_EQ(p.food[0].x, 310);
+    EXPECT_FLOAT_EQ(p.food[0].y, -210);
+    EXPECT_FLOAT_EQ(p.food[1].x, 100);
+    EXPECT_FLOAT_EQ(p.food[1].y, 100);
+}
+
+TEST(Grouping, SimilarityChainTakesTheNearestLaterDrifter) {
+    aq::Pool p = poolOfN(4);
+    auto genes = [&](int i, int differing) {
+        std::memset(p.drifters[static_cast<std::size_t>(i)].genes, 0, aq::kGeneCount);
+        for (int g = 0; g < differing; ++g) p.drifters[static_cast<std::size_t>(i)].genes[g] = 9;
+    };
+    genes(0, 0);
+    genes(1, 50);
+    genes(2, 10);
+    genes(3, 10);  // as near as 2: the first of equals is taken
+    aq::orderBySimilarity(p, 100);
+    EXPECT_EQ(p.drifters[0].id, 0);
+    EXPECT_EQ(p.drifters[1].id, 2);
+    EXPECT_EQ(p.drifters[2].id, 3);
+    EXPECT_EQ(p.drifters[3].id, 1);
+
+    // Nothing nearer than 100 differing genes: the order stays.
+    aq::Pool q = poolOfN(3);
+    for (int i = 0; i < 3; ++i) std::memset(q.drifters[static_cast<std::size_t>(i)].genes, i, aq::kGeneCount);
+    aq::orderBySimilarity(q, 100);
+    EXPECT_EQ(q.drifters[1].id, 1);
+}
+
+struct PromptRig {
+    ManualClock clock;
+    ScriptedUi ui;
+    aq::App app{ui, clock};
+};
+
+TEST(Grouping, PromptSetsModeCheckAndCaption) {
+    struct Case {
+        std::string answer;
+        bool checked;
+        std::string caption;
+        int mode;
+    } cases[] = {
+        {"4", true, "&Group Drifters at Start", 3},
+        {"1", true, "&Group Drifters by Genetic Similarity", 0},
+        {" 2 ", true, "&Group Drifters by Segment Count", 1},
+        {"3", true, "&Group Drifters by Color", 2},
+        {"5", false, "&Group Drifters at Start", -1},
+        {"None", false, "&Group Drifters at Start", -1},
+        {"0", false, "&Group Drifters at Start", -1},
+        {"", true, "&Group Drifters by Color", 2},  // cancelled: as it was
+    };
+    for (const Case& c : cases) {
+        PromptRig r;
+        r.app.groupMode = 2;
+        r.app.series.options.mSeriesGroup = true;
+        r.app.series.options.mSeriesGroupCaption = "&Group Drifters by Color";
+        r.ui.text(aq::kGroupPrompt, "Select Drifter Grouping Mode", c.answer);
+        aq::mSeriesGroupClick(r.app);
+        EXPECT_TRUE(r.ui.done()) << r.ui.report();
+        EXPECT_EQ(r.app.series.options.mSeriesGroup, c.checked) << c.answer;
+        EXPECT_EQ(r.app.series.options.mSeriesGroupCaption, c.caption) << c.answer;
+        EXPECT_EQ(r.app.groupMode, c.mode) << c.answer;
+    }
+    EXPECT_EQ(std::string(aq::kGroupPrompt),
+              "Please select one of the following options, and enter the corresponding number.\r\n1 = Group Drifters "
+              "by Genetic Similarity (Slow)\r\n2 = Group Drifters by Segment Count\r\n3 = Group Drifters by "
+              "Color\r\n4 = Group Arbitrarily (Fastest)");
+}
+
+const std::string kModePromptBlue =
+    "Please select one of the following options, and enter the corresponding number.\r\n1 = Feed Completely Blue "
+    "Drifters\r\n2 = Feed Blue Headed Drifters\r\n3 = Feed Drifters with Blue Parts\r\n4 = Feed Partially Blue "
+    "Drifters";
+
+TEST(Feeding, ColorPrompts) {
+    struct Case {
+        std::string colorAnswer;
+        int feedModeBefore;
+        std::string modeDefault;  // empty: no mode prompt
+        std::string modeAnswer;
+        bool checked;
+        std::string caption;
+        int color, mode;
+    } cases[] = {
+        {"Blue sky", -1, "2", "1", true, "Feed Completely Blue D&rifters", 4, 0},
+        {"4", 1, "2", "3", true, "Feed D&rifters with Blue Parts", 4, 2},
+        {" b", 3, "4", "2", true, "Feed Blue Headed D&rifters", 4, 1},
+        {"B", 0, "1", "4", true, "Feed Partially Blue D&rifters", 4, 3},
+        {"blue", 0, "1", "", false, "Feed D&rifters by Color", 4, -1},  // cancelled mode
+        {"blue", 0, "1", "7", false, "Feed D&rifters by Color", 4, -1},
+        {"", 2, "", "", false, "Feed D&rifters by Color", -1, 2},  // cancelled colour: off, mode kept
+        {"none", 2, "", "", false, "Feed D&rifters by Color", -1, 2},
+    };
+    for (const Case& c : cases) {
+        PromptRig r;
+        r.app.feedMode = c.feedModeBefore;
+        r.app.feedColor = 1;
+        r.ui.text(aq::kFeedColorPrompt, "Choose Color", c.colorAnswer);
+        if (!c.modeDefault.empty()) r.ui.text(kModePromptBlue, "Select Color Feeding Mode", c.modeAnswer);
+        aq::mFeedColorClick(r.app);
+        EXPECT_TRUE(r.ui.done()) << c.colorAnswer << "\n" << r.ui.report();
+        EXPECT_EQ(r.app.series.options.mFeedColor, c.checked) << c.colorAnswer;
+        EXPECT_EQ(r.app.series.options.mFeedColorCaption, c.caption) << c.colorAnswer;
+        EXPECT_EQ(r.app.feedColor, c.color) << c.colorAnswer;
+        EXPECT_EQ(r.app.feedMode, c.mode) << c.colorAnswer;
+    }
+    EXPECT_EQ(std::string(aq::kFeedColorPrompt),
+              "Feed drifters containing what color?\r\n(enter one of... red, orange, yellow, green, blue, purple, or "
+              "none to turn off.)");
+}
+
+TEST(Feeding, ModePromptDefaultFollowsTheLastMode) {
+    PromptRig r;
+    r.app.feedMode = 1;
+    r.ui.text(aq::kFeedColorPrompt, "Choose Color", "blue");
+    r.ui.text(kModePromptBlue, "Select Color Feeding Mode", "=default");
+    aq::mFeedColorClick(r.app);
+    EXPECT_TRUE(r.ui.done()) << r.ui.report();
+    EXPECT_EQ(r.app.feedMode, 1);  // the default "2" chosen again
+}
+
+aq::DrifterRec colored(std::vector<int> colors, float x = 0, float y = 0, float energy = 40) {
+    aq::DrifterRec d = makeDrifter(0, static_cast<int>(colors.size()), 0, x, y);
+    for (std::size_t s = 0; s < colors.size(); ++s) d.segments[s].color = colors[s];
+    d.energy = energy;
+    return d;
+}
+
+TEST(Feeding, FeedByColorConditionsAndGifts) {
+    struct Case {
+        const char* what;
+        aq::DrifterRec d;
+        int mode;
+        float expected;
+    } cases[] = {
+        {"mode 0, all red", colored({0, 0}), 0, 90},        {"mode 0, red and blue", colored({0, 4}), 0, 40},
+        {"mode 1 as mode 2", colored({4, 0}), 1, 90},       {"mode 2, one red part", colored({4, 4, 0}), 2, 90},
+        {"mode 2, no red", colored({4, 4}), 2, 40},         {"mode 3, partly red", colored({4, 0}), 3, 90},
+        {"mode 3, one red segment", colored({0}), 3, 40},   {"mode 4 feeds nobody", colored({0}), 4, 40},
+        {"energy 100", colored({0}, 0, 0, 100), 2, 100},    {"at 3880, 0", colored({0}, 3880, 0), 2, 50},
+        {"at 0, 3950", colored({0}, 0, 3950), 2, 50},       {"at -3950, 0", colored({0}, -3950, 0), 2, 90},
+        {"beyond 4100", colored({0}, -3000, -3000), 2, 65},
+    };
+    for (const Case& c : cases) {
+        aq::Pool p = poolOfN(0);
+        p.drifters = {c.d};
+        p.drifterCount = 1;
+        aq::feedByColor(p, 0, c.mode);
+        EXPECT_FLOAT_EQ(p.drifters[0].energy, c.expected) << c.what;
+    }
+}
+
+TEST(Feeding, FeedPoolGifts) {
+    struct Case {
+        const char* what;
+        float x, y, energy;
+        int meals;
+        bool hungry, fed;
+        float expected;
+    } cases[] = {
+        {"hungry and fed", 0, 0, 40, 1, true, true, 140}, {"hungry only", 0, 0, 40, 1, true, false, 90},
+        {"not hungry", 0, 0, 50, 0, true, true, 50},      {"at 3880, 0", 3880, 0, 40, 0, true, false, 70},
+        {"at 0, 3950", 0, 3950, 40, 0, true, false, 50},  {"fed at 2000", 0, 0, 2000, 3, false, true, 2000},
+    };
+    for (const Case& c : cases) {
+        aq::Pool p = poolOfN(1, c.energy);
+        p.drifters[0].x = c.x;
+        p.drifters[0].y = c.y;
+        p.drifters[0].mealsEaten = c.meals;
+        aq::feedPool(p, c.hungry, c.fed, false, false);
+        EXPECT_FLOAT_EQ(p.drifters[0].energy, c.expected) << c.what;
+    }
+}
+
+TEST(Feeding, AddFoodBesideTheYoungest) {
+    aq::Pool p = poolOfN(3);
+    p.foodCount = 6;
+    p.food.resize(6);
+    for (int k = 0; k < 6; ++k) p.food[static_cast<std::size_t>(k)].family = static_cast<std::uint8_t>(k);
+    p.drifters[0].age = 30;
+    p.drifters[1].age = 10;
+    p.drifters[2].age = 20;
+    p.drifters[1].x = -500;
+    p.drifters[1].y = 0;
+    aq::feedPool(p, false, false, true, false);
+    ASSERT_EQ(p.foodCount, 100);
+    ASSERT_EQ(p.food.size(), 100u);
+    EXPECT_EQ(p.drifters[0].id, 1);  // sorted, youngest first
+    EXPECT_EQ(p.food[6].family, 0);
+    EXPECT_FLOAT_EQ(p.food[6].x, -460);
+    EXPECT_FLOAT_EQ(p.food[6].y, 0);
+    EXPECT_FLOAT_EQ(p.food[7].x, 160);  // drifter 2 at (200, 50)
+    EXPECT_FLOAT_EQ(p.food[7].y, 10);
+    EXPECT_EQ(p.food[9].family, 3);
+    EXPECT_FLOAT_EQ(p.food[9].x, -460);
+
+    // No drifters: the new bits are copies of the old ones; no food at all: one at the centre first.
+    aq::Pool q = poolOfN(0);
+    q.foodCount = 0;
+    q.food.clear();
+    aq::feedPool(q, false, false, true, false);
+    ASSERT_EQ(q.foodCount, 100);
+    EXPECT_FLOAT_EQ(q.food[99].x, 0);
+
+    aq::Pool full = poolOfN(1);
+    full.foodCount = 1990;
+    full.food.resize(1990);
+    aq::feedPool(full, false, false, true, false);
+    EXPECT_EQ(full.foodCount, 2000);
+}
+
+TEST(Feeding, GradedWedge) {
+    aq::Pool one = poolOfN(1, 100);
+    aq::feedPool(one, false, false, false, true);
+    EXPECT_FLOAT_EQ(one.drifters[0].energy, 100);  // half rounds to 0
+
+    aq::Pool two = poolOfN(2, 100);
+    aq::feedPool(two, false, false, false, true);
+    EXPECT_FLOAT_EQ(two.drifters[0].energy, 100 + 2000.0f / 3);
+    EXPECT_FLOAT_EQ(two.drifters[1].energy, 100);
+
+    aq::Pool five = poolOfN(5, 100);
+    five.drifters[1].energy = 3000;
+    aq::feedPool(five, false, false, false, true);  // allot 333.3, half 2
+    EXPECT_FLOAT_EQ(five.drifters[0].energy, 100 + 2000.0f / 6);
+    EXPECT_FLOAT_EQ(five.drifters[1].energy, 3000);
+    EXPECT_FLOAT_EQ(five.drifters[2].energy, 100);
+}
+
+}  // namespace

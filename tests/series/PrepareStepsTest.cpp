@@ -1,0 +1,284 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+
+#include "generator/Random.h"
+#include "series/PrepareSteps.h"
+#include "support/PoolFixtures.h"
+
+using namespace aqtest;
+
+namespace {
+
+aq::Pool poolOf(std::vector<aq::DrifterRec> drifters) {
+    aq::Pool p = makePool(0, 3);
+    p.drifterCount = static_cast<int>(drifters.size());
+    p.drifters = std::move(drifters);
+    return p;
+}
+
+aq::DrifterRec at(float x, float y, float energy = 100, int age = 0, int segments = 1) {
+    aq::DrifterRec d = makeDrifter(0, segments, 0, x, y);
+    d.energy = energy;
+    d.age = age;
+    return d;
+}
+
+TEST(PrepareSteps, DrainNearTheEdge) {
+    struct Case {
+        float x, y, energy, expected;
+    } cases[] = {
+        {4000, 0, 40, 15},  // the drain of sqrt(3000) is cut to half the energy plus 5
+        {4000, 0, 6, 6},    // 8 + 5 is not below 6: unchanged
+        {-4000, 0, 200, 200 - static_cast<float>(std::sqrt(3000.0))},
+        {0, 3800, 100, 100 - static_cast<float>(std::sqrt(1000.0))},
+        {3699, 0, 100, 100},  // 301 from the edge
+        {4500, 0, 100, 100 - static_cast<float>(std::sqrt(3000.0))},
+        {3700.05f, 0, 100, 100},  // a drain of 1 or less is not taken
+    };
+    for (const Case& c : cases) {
+        aq::Pool p = poolOf({at(c.x, c.y, c.energy)});
+        aq::drainEdgeEnergy(p);
+        EXPECT_FLOAT_EQ(p.drifters[0].energy, c.expected) << c.x << "," << c.y << " energy " << c.energy;
+    }
+}
+
+TEST(PrepareSteps, RestoreYouthByDistanceAndSegments) {
+    struct Case {
+        float x, y;
+        int segments, age, expected;
+    } cases[] = {
+        {3900, 0, 1, 300, 300},                          // exactly at the distance: unchanged
+        {0, -3899, 1, 300, 100}, {3000, 0, 2, 300, 38},  // 37.5 rounds to even
+        {100, 100, 3, 300, 20},  {100, 100, 16, 45, 3}, {5000, 5000, 3, 300, 300},
+    };
+    for (const Case& c : cases) {
+        aq::Pool p = poolOf({at(c.x, c.y, 100, c.age, c.segments)});
+        aq::restoreYouth(p);
+        EXPECT_EQ(p.drifters[0].age, c.expected) << c.x << "," << c.y;
+    }
+}
+
+TEST(PrepareSteps, GravityFactorKeepsTheBody) {
+    struct Case {
+        float percent, factor;
+    } cases[] = {{10, 0.9f}, {100, 0}, {150, 0.5f}, {0, 0}};
+    for (const Case& c : cases) {
+        aq::Pool p = poolOf({at(1000, -2000)});
+        p.drifters[0].prevX = 1010;
+        p.drifters[0].segments[0].point3Y = -1990;
+        p.food[0].x = 400;
+        p.food[0].y = -800;
+        aq::gravitateToCenter(p, c.percent, true, true);
+        const aq::DrifterRec& d = p.drifters[0];
+        EXPECT_FLOAT_EQ(d.x, 1000 * c.factor) << c.percent;
+        EXPECT_FLOAT_EQ(d.y, -2000 * c.factor) << c.percent;
+        EXPECT_NEAR(d.prevX - d.x, 10, 1e-3) << c.percent;
+        EXPECT_NEAR(d.segments[0].point3Y - d.y, 10, 1e-3) << c.percent;
+        EXPECT_FLOAT_EQ(p.food[0].x, 400 * c.factor);
+        EXPECT_FLOAT_EQ(p.food[0].y, -800 * c.factor);
+    }
+    aq::Pool p = poolOf({at(1000, 1000)});
+    p.food[0].x = 400;
+    aq::gravitateToCenter(p, 50, false, true);
+    EXPECT_FLOAT_EQ(p.drifters[0].x, 1000);
+    EXPECT_FLOAT_EQ(p.food[0].x, 200);
+}
+
+TEST(PrepareSteps, PrepareHarvestShrinksTheCircleForSmallPools) {
+    aq::setRandomState(0x123456);
+    std::vector<aq::DrifterRec> ds;
+    for (int i = 0; i < 125; ++i) {
+        aq::DrifterRec d = at(3000, 3000, 7, 7500 + i);
+        d.mealsEaten = 4;
+        d.maternalOffspring = 2;
+        d.paternalOffspring = 1;
+        ds.push_back(d);
+    }
+    aq::Pool p = poolOf(ds);
+    aq::prepareHarvest(p, 2500.0f);
+    float widest = 0;
+    for (const aq::DrifterRec& d : p.drifters) {
+        float r = std::sqrt(d.x * d.x + d.y * d.y);
+        EXPECT_LE(r, 1250.0f);
+        widest = std::max(widest, r);
+        EXPECT_FLOAT_EQ(d.energy, 50);
+        EXPECT_EQ(d.mealsEaten + d.maternalOffspring + d.paternalOffspring, 0);
+    }
+    EXPECT_GT(widest, 900.0f);
+    EXPECT_EQ(p.drifters[0].age, 250);    // 7500 / 75 + 150
+    EXPECT_EQ(p.drifters[1].age, 250);    // 100.01 + 150
+    EXPECT_EQ(p.drifters[124].age, 252);  // 101.65 + 150
+
+    // No radius: nothing is moved and no random number is used.
+    aq::Pool q = poolOf({at(3000, 3000)});
+    std::uint32_t before = aq::randomState();
+    aq::prepareHarvest(q, 0);
+    EXPECT_FLOAT_EQ(q.drifters[0].x, 3000);
+    EXPECT_EQ(aq::randomState(), before);
+}
+
+TEST(PrepareSteps, StillbornsAndMinimumDrifters) {
+    // One stillborn: killed, then two live copies, nothing left to delete.
+    aq::DrifterRec still = at(500, 500, 10, 300, 2);
+    still.velocityX = 0.00003f;
+    still.segments[1].point2X = 77;
+    aq::Pool p = poolOf({still});
+    aq::markStillborns(p);
+    EXPECT_EQ(p.drifters[0].alive, 0);
+    EXPECT_FLOAT_EQ(p.drifters[0].x, 0);
+    EXPECT_FLOAT_EQ(p.drifters[0].segments[1].point2X, 0);
+    aq::ensureMinimumDrifters(p, 1);
+    ASSERT_EQ(p.drifterCount, 2);
+    for (const aq::DrifterRec& d : p.drifters) {
+        EXPECT_EQ(d.alive, 1);
+        EXPECT_FLOAT_EQ(d.energy, 60);  // below 50: fed 50
+    }
+    aq::deleteDeadDrifters(p);
+    EXPECT_EQ(p.drifterCount, 2);
+
+    // A moving one, or one with energy for its age, stays as it is.
+    aq::DrifterRec moving = still;
+    moving.velocityX = -0.00005f;
+    aq::DrifterRec fed = still;
+    fed.energy = 100;
+    aq::Pool q = poolOf({moving, fed});
+    aq::markStillborns(q);
+    EXPECT_EQ(q.drifters[0].alive, 1);
+    EXPECT_EQ(q.drifters[1].alive, 1);
+
+    // Enough records: dead ones are revived in order until two live, the rest left alone.
+    aq::Pool r = poolOf({at(0, 0), at(0, 0), at(0, 0)});
+    for (auto& d : r.drifters) d.alive = 0;
+    aq::ensureMinimumDrifters(r, 1);
+    EXPECT_EQ(r.drifters[0].alive, 1);
+    EXPECT_EQ(r.drifters[1].alive, 1);
+    EXPECT_EQ(r.drifters[2].alive, 0);
+
+    // A copy near the edge gets less.
+    aq::Pool e = poolOf({at(3950, 0, 20)});
+    aq::ensureMinimumDrifters(e, -5);
+    ASSERT_EQ(e.drifterCount, 5);
+    EXPECT_FLOAT_EQ(e.drifters[4].energy, 30);
+}
+
+TEST(PrepareSteps, SortThenLimitKeepsTheYoungest) {
+    std::vector<aq::DrifterRec> ds;
+    for (int i = 0; i < 1500; ++i) {
+        aq::DrifterRec d = at(0, 0, 100, (i * 7919) % 1500);
+        d.id = i;
+        ds.push_back(d);
+    }
+    aq::Pool p = poolOf(ds);
+    aq::sortDrifters(p);
+    for (int i = 1; i < 1500; ++i) ASSERT_LE(p.drifters[i - 1].age, p.drifters[i].age);
+    aq::limitLiveDrifters(p, 1000);
+    aq::deleteDeadDrifters(p);
+    ASSERT_EQ(p.drifterCount, 1000);
+    EXPECT_EQ(p.drifters.back().age, 999);
+}
+
+TEST(PrepareSteps, SortLeavesEqualAgesInThePassesOrder) {
+    // The first gap moves the 0 over the first 1, which reverses the two 1s.
+    struct Case {
+        std::vector<int> ages;
+        std::vector<int> ids;
+    } cases[] = {
+        {{1, 1, 0, 5}, {2, 1, 0, 3}},
+        {{3, 1, 2, 1}, {1, 3, 2, 0}},
+        {{2, 2, 2}, {0, 1, 2}},
+        {{}, {}},
+    };
+    for (const Case& c : cases) {
+        std::vector<aq::DrifterRec> ds;
+        for (std::size_t i = 0; i < c.ages.size(); ++i) {
+            ds.push_back(at(0, 0, 100, c.ages[i]));
+            ds.back().id = static_cast<int>(i);
+        }
+        aq::Pool p = poolOf(ds);
+        aq::sortDrifters(p);
+        std::vector<int> ids;
+        for (const auto& d : p.drifters) ids.push_back(d.id);
+        EXPECT_EQ(ids, c.ids);
+    }
+}
+
+TEST(PrepareSteps, LimitsCountingAndStarters) {
+    aq::Pool p = poolOf({at(0, 0, 1, 10), at(0, 0, 1, 11), at(0, 0, 1, 12), at(0, 0, 1, 9)});
+    EXPECT_EQ(aq::countYoungerThan(p, 11), 2);  // 11 itself does not count
+    EXPECT_EQ(aq::countYoungerThan(p, 11.5f), 3);
+    aq::deleteStarters(p, 11);  // 11 stays
+    ASSERT_EQ(p.drifterCount, 3);
+    EXPECT_EQ(p.drifters[1].age, 11);
+    EXPECT_EQ(p.drifters[2].age, 9);
+
+    aq::Pool h = poolOf({at(0, 0, 1, 3), at(0, 0, 1, 5), at(0, 0, 1, 7), at(0, 0, 1, -3)});
+    aq::halveAges(h);
+    EXPECT_EQ(h.drifters[0].age, 2);
+    EXPECT_EQ(h.drifters[1].age, 2);
+    EXPECT_EQ(h.drifters[2].age, 4);
+    EXPECT_EQ(h.drifters[3].age, -2);
+
+    aq::Pool c = poolOf({at(0, 0)});
+    c.drifters[0].mealsEaten = c.drifters[0].maternalOffspring = c.drifters[0].paternalOffspring = 3;
+    aq::resetCounters(c, false, true, true);
+    EXPECT_EQ(c.drifters[0].mealsEaten, 3);
+    EXPECT_EQ(c.drifters[0].maternalOffspring + c.drifters[0].paternalOffspring, 0);
+}
+
+TEST(PrepareSteps, EmptyPoolPassesEveryStep) {
+    aq::Pool p = makePool(0, 0);
+    const aq::Pool before = p;
+    std::vector<std::function<void(aq::Pool&)>> steps = {aq::markStillborns,
+                                                         [](aq::Pool& q) { aq::ensureMinimumDrifters(q, 1); },
+                                                         [](aq::Pool& q) { aq::limitLiveDrifters(q, 1); },
+                                                         [](aq::Pool& q) { aq::deleteDeadDrifters(q); },
+                                                         [](aq::Pool& q) { aq::sortDrifters(q); },
+                                                         aq::restoreYouth,
+                                                         aq::drainEdgeEnergy,
+                                                         aq::halveAges,
+                                                         [](aq::Pool& q) { aq::prepareHarvest(q, 2500); },
+                                                         [](aq::Pool& q) { aq::deleteStarters(q, 0); },
+                                                         aq::applyPlague};
+    for (auto& step : steps) step(p);
+    EXPECT_EQ(p.drifterCount, 0);
+    EXPECT_EQ(p.foodCount, before.foodCount);
+}
+
+// Drifters of one body plan; `length` sets the length class of the full key.
+aq::DrifterRec shaped(int segments, float lengthPerSegment, int meals) {
+    aq::DrifterRec d = makeDrifter(0, segments, 2);
+    d.totalLength = lengthPerSegment * static_cast<float>(segments);
+    d.mealsEaten = meals;
+    d.age = 100;
+    d.velocityX = 1;
+    return d;
+}
+
+TEST(PrepareSteps, PlagueStrikesTheCommonestSuccessfulForm) {
+    struct Case {
+        const char* what;
+        std::vector<std::pair<int, aq::DrifterRec>> groups;
+        int survivors;
+    } cases[] = {
+        // Pass 1 takes the best's full key (50 of 120 > a quarter); the 70 left share one key.
+        {"full key", {{50, shaped(3, 100, 9)}, {70, shaped(2, 100, 1)}}, 70},
+        // Pass 2 then takes the plan (45 of 55 > three quarters).
+        {"then the plan", {{45, shaped(3, 100, 9)}, {45, shaped(3, 1000, 5)}, {10, shaped(2, 100, 1)}}, 10},
+        // All share the key: no plague.
+        {"all alike", {{110, shaped(3, 100, 9)}}, 110},
+        // The best form is too rare in both passes.
+        {"rare best", {{20, shaped(3, 100, 9)}, {90, shaped(2, 100, 1)}}, 110},
+    };
+    for (const Case& c : cases) {
+        std::vector<aq::DrifterRec> ds;
+        for (const auto& [n, d] : c.groups)
+            for (int i = 0; i < n; ++i) ds.push_back(d);
+        aq::Pool p = poolOf(ds);
+        aq::applyPlague(p);
+        EXPECT_EQ(p.drifterCount, c.survivors) << c.what;
+    }
+}
+
+}  // namespace
