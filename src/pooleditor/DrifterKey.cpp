@@ -3,18 +3,27 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <cstdio>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 namespace aq {
 
 namespace {
 
+// Upper-case hexadecimal without a prefix; built by hand since keys are made by the
+// thousand in a harvest.
 std::string hex(std::int64_t n) {
-    char buf[24];
-    std::snprintf(buf, sizeof buf, "%X", static_cast<unsigned>(static_cast<std::uint32_t>(n)));
-    return buf;
+    auto v = static_cast<std::uint32_t>(n);
+    char buf[8];
+    int len = 0;
+    do {
+        buf[len++] = "0123456789ABCDEF"[v & 15];
+        v >>= 4;
+    } while (v != 0);
+    std::string out(static_cast<std::size_t>(len), '0');
+    for (int i = 0; i < len; ++i) out[static_cast<std::size_t>(i)] = buf[len - 1 - i];
+    return out;
 }
 
 std::string colorField(const DrifterRec& d, int n, bool detailed) {
@@ -66,36 +75,23 @@ const char* taperSymbol(char width, char length) {
     return ".";
 }
 
-// Splits UTF-8 text into its characters, so "»" counts as one.
-std::vector<std::string> characters(const std::string& text) {
-    std::vector<std::string> out;
-    for (std::size_t i = 0; i < text.size();) {
-        std::size_t len = 1;
-        auto c = static_cast<unsigned char>(text[i]);
-        if (c >= 0xF0)
-            len = 4;
-        else if (c >= 0xE0)
-            len = 3;
-        else if (c >= 0xC0)
-            len = 2;
-        out.push_back(text.substr(i, len));
-        i += len;
-    }
-    return out;
-}
+// The length of the UTF-8 character that starts with byte c, so "»" counts as one.
+std::size_t charLength(unsigned char c) { return c >= 0xF0 ? 4 : c >= 0xE0 ? 3 : c >= 0xC0 ? 2 : 1; }
 
 }  // namespace
 
 std::string CompressKey(const std::string& text) {
-    std::vector<std::string> chars = characters(text);
-    for (std::size_t i = 0; i + 1 < chars.size();) {
-        if (chars[i] == chars[i + 1])
-            chars.erase(chars.begin() + static_cast<long>(i) + 1);
-        else
-            ++i;
-    }
+    // Runs of the same character are written once.
     std::string out;
-    for (const auto& c : chars) out += c;
+    out.reserve(text.size());
+    std::string_view last;
+    for (std::size_t i = 0; i < text.size();) {
+        std::size_t len = std::min(charLength(static_cast<unsigned char>(text[i])), text.size() - i);
+        std::string_view c(text.data() + i, len);
+        if (c != last) out.append(c);
+        last = c;
+        i += len;
+    }
     for (std::size_t p; (p = out.find("0}")) != std::string::npos;) out.erase(p, 1);
     return out;
 }
