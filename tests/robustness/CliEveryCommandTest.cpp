@@ -24,7 +24,7 @@ TEST(CliEveryCommand, BadPoolsExitOneAndWriteNothing) {
     // FILE stands for the bad pool, OUT for the output the command would write.
     const std::string commands[] = {
         "info FILE",        "drifters FILE",      "food FILE",         "keys FILE",
-        "keys FILE --short", "minorities FILE --by 0", "species FILE", "range FILE",
+        "keys FILE --short", "minorities FILE --by segments", "species FILE", "range FILE",
         "dna FILE 0 -o OUT", "merge FILE GOOD -o OUT", "merge GOOD FILE --drifters -o OUT",
     };
     const struct {

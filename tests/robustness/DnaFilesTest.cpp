@@ -58,7 +58,7 @@ TEST(DnaFiles, EverySizeReadsAsOneGenomeAndStaysUntouched) {
 
     // The folder load lists the four files in name order and passes over the folder x.dna.
     Fixture f;
-    f.app.dna.dnaFolder = dir.path();
+    f.app.comboDrifterPath = dir.path();
     initiateLoadDrifterArchive(f.app);
     EXPECT_TRUE(f.ui.done()) << f.ui.report();
     ASSERT_EQ(f.app.dna.dnaCount, 4);
@@ -73,7 +73,7 @@ TEST(DnaFiles, EverySizeReadsAsOneGenomeAndStaysUntouched) {
     TempDir only;
     std::filesystem::create_directory(only.file("x.dna"));
     Fixture e;
-    e.app.dna.dnaFolder = only.path();
+    e.app.comboDrifterPath = only.path();
     e.ui.message("Nothing to load.  Try a different Drifter Archive path.");
     initiateLoadDrifterArchive(e.app);
     EXPECT_TRUE(e.ui.done()) << e.ui.report();
