@@ -1,44 +1,16 @@
 // The command-line tool with awkward paths and bad arguments: clear errors and
 // the exit codes its users script against.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 
 #include "pool/PoolFile.h"
+#include "robustness/CliRun.h"
 #include "support/PoolFixtures.h"
 #include "support/TempDir.h"
 
 using namespace aqtest;
-
-namespace {
-
-struct CliRun {
-    int code;
-    std::string out;
-};
-
-std::string quote(const std::string& s) {
-    std::string q = "'";
-    for (char c : s) q += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    return q + "'";
-}
-
-CliRun aqfm(const std::string& args) {
-    std::string cmd = std::string(AQ_CLI) + " " + args + " 2>&1";
-    CliRun r{0, {}};
-    FILE* p = popen(cmd.c_str(), "r");
-    char buf[4096];
-    std::size_t n;
-    while ((n = fread(buf, 1, sizeof buf, p)) > 0) r.out.append(buf, n);
-    int status = pclose(p);
-    r.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    return r;
-}
-
-}  // namespace
 
 TEST(CliRobustness, AwkwardPathsWork) {
     TempDir dir;

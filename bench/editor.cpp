@@ -1,0 +1,168 @@
+// The pool editor's list, threshold ranges and selection-box sliders with 2000
+// drifters and 2000 food bits, and the series' genetic split, each next to a floor:
+// a plain copy of the rows' data or the plain count of equal bytes over every pair.
+#include <benchmark/benchmark.h>
+
+#include <random>
+
+#include "dnaeditor/DrifterFiles.h"
+#include "foodeditor/FoodEdits.h"
+#include "foodeditor/FoodList.h"
+#include "pooleditor/BulkEdits.h"
+#include "pooleditor/DrifterList.h"
+#include "pooleditor/SpeciesPass.h"
+#include "series/SeriesNames.h"
+#include "support/ManualClock.h"
+#include "support/PoolFixtures.h"
+#include "support/ScriptedUi.h"
+
+namespace {
+
+constexpr int kCount = 2000;
+
+// 60 lineages of mutated copies, spread over the world, with food bits among them.
+const aq::Pool& worldPool() {
+    static aq::Pool p = [] {
+        aq::Pool pool = aqtest::makePool(kCount, kCount);
+        std::mt19937 rng(5);
+        std::uniform_real_distribution<float> place(-3500.0f, 3500.0f);
+        std::vector<std::array<std::uint8_t, 1000>> ancestors(60);
+        for (auto& a : ancestors)
+            for (auto& g : a) g = static_cast<std::uint8_t>(rng());
+        for (auto& d : pool.drifters) {
+            const auto& a = ancestors[rng() % ancestors.size()];
+            for (int k = 0; k < 1000; ++k) d.genes[k] = (rng() % 100 < 4) ? static_cast<std::uint8_t>(rng()) : a[k];
+            d.x = d.prevX = place(rng);
+            d.y = d.prevY = place(rng);
+            for (auto& s : d.segments) {
+                float* pt = &s.point1X;
+                for (int k = 0; k < 8; ++k) pt[k] = (k % 2 == 0 ? d.x : d.y) + static_cast<float>(k);
+            }
+        }
+        for (auto& f : pool.food) {
+            f.x = place(rng);
+            f.y = place(rng);
+        }
+        return pool;
+    }();
+    return p;
+}
+
+// An App with the world pool open, its lists filled and every row ticked.
+struct Loaded {
+    aqtest::ScriptedUi ui;
+    aq::SystemClock clock;
+    aq::App app{ui, clock};
+    Loaded() {
+        app.openPool = worldPool();
+        app.openPoolPath = "bench.aqp";
+        app.poolLoaded = true;
+        aq::populateSpeciatePoolList(app);
+        aq::populateFoodList(app);
+        for (int i = 0; i < app.lstSpeciatePool.count(); ++i) app.lstSpeciatePool.setChecked(i, true);
+        for (int i = 0; i < app.lstPoolFood.count(); ++i) app.lstPoolFood.setChecked(i, true);
+        aq::setSpeciatePoolSliders(app);
+        aq::setFoodSliders(app);
+        for (const auto& d : app.openPool.drifters) {
+            aq::Genome g;
+            std::copy(std::begin(d.genes), std::end(d.genes), g.begin());
+            app.dna.dnaGenes.push_back(g);
+            app.dna.dnaPaths.push_back("bench.dna");
+            app.dna.dnaChanged.push_back(0);
+        }
+        app.dna.dnaCount = kCount;
+    }
+};
+
+void PopulateSpeciatePoolList2000(benchmark::State& state) {
+    Loaded l;
+    for (auto _ : state) aq::populateSpeciatePoolList(l.app);
+}
+
+// Floor of the list: copying the 2000 drifter records its lines are made from.
+void CopyDrifters2000(benchmark::State& state) {
+    for (auto _ : state) {
+        std::vector<aq::DrifterRec> copy = worldPool().drifters;
+        benchmark::DoNotOptimize(copy.data());
+    }
+}
+
+// Floor of the food list: copying the 2000 food bits.
+void CopyFood2000(benchmark::State& state) {
+    for (auto _ : state) {
+        std::vector<aq::FoodBit> copy = worldPool().food;
+        benchmark::DoNotOptimize(copy.data());
+    }
+}
+
+void PoolThresholdRange2000(benchmark::State& state) {
+    Loaded l;
+    l.app.similarityDepth = 1000;
+    for (auto _ : state) aq::findPoolThresholdRange(l.app);
+}
+
+void DnaThresholdRange2000(benchmark::State& state) {
+    Loaded l;
+    l.app.similarityDepth = 1000;
+    for (auto _ : state) aq::findDrifterThresholdRange(l.app);
+}
+
+// Floor of the ranges: every pair, every one of the 1000 genes, counted in a plain loop.
+void EqualBytesEveryPair2000(benchmark::State& state) {
+    const aq::Pool& pool = worldPool();
+    for (auto _ : state) {
+        long total = 0;
+        for (int i = 0; i < kCount; ++i) {
+            const std::uint8_t* a = pool.drifters[static_cast<std::size_t>(i)].genes;
+            for (int j = 0; j < i; ++j) {
+                const std::uint8_t* b = pool.drifters[static_cast<std::size_t>(j)].genes;
+                int m = 0;
+                for (int k = 0; k < 1000; ++k) m += a[k] == b[k];
+                total += m;
+            }
+        }
+        benchmark::DoNotOptimize(total);
+    }
+}
+
+// The split looks for the two most different genomes, so its floor is the pairwise count too.
+void SeriesSplit2000(benchmark::State& state) {
+    for (auto _ : state) {
+        aq::Pool half0, half1;
+        aq::splitPopulation(worldPool(), 1000, half0, half1);
+        benchmark::DoNotOptimize(half0.drifters.data());
+    }
+}
+
+// One slider move of the drifter box: the box moves and the list shows the new places.
+void DrifterBoxSliderMove(benchmark::State& state) {
+    Loaded l;
+    int position = l.app.SliderSpeciatePoolDrifterX.value;
+    for (auto _ : state) {
+        position = position == l.app.SliderSpeciatePoolDrifterX.min ? l.app.SliderSpeciatePoolDrifterX.max
+                                                                     : l.app.SliderSpeciatePoolDrifterX.min;
+        aq::MoveDrifterBox(l.app, aq::Axis::X, position);
+    }
+}
+
+void FoodBoxSliderMove(benchmark::State& state) {
+    Loaded l;
+    int position = l.app.SliderFoodX.value;
+    for (auto _ : state) {
+        position = position == l.app.SliderFoodX.min ? l.app.SliderFoodX.max : l.app.SliderFoodX.min;
+        aq::MoveFoodBox(l.app, aq::Axis::X, position);
+    }
+}
+
+}  // namespace
+
+BENCHMARK(PopulateSpeciatePoolList2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(CopyDrifters2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(CopyFood2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(PoolThresholdRange2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(DnaThresholdRange2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(EqualBytesEveryPair2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(SeriesSplit2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(DrifterBoxSliderMove)->Unit(benchmark::kMillisecond);
+BENCHMARK(FoodBoxSliderMove)->Unit(benchmark::kMillisecond);
+BENCHMARK_MAIN();
