@@ -114,7 +114,7 @@ void PoolMap::paintPool(QPainter& painter) const {
 
     // Food: dots coloured by family; ticked ones ringed.
     int foods = std::min<int>(pool.foodCount, static_cast<int>(pool.food.size()));
-    double dot = std::clamp(6.0 * scale_, 2.0, 8.0);
+    double dot = std::clamp(6.0 * scale_, 4.0, 10.0);
     painter.setPen(Qt::NoPen);
     for (int i = 0; i < foods; ++i) {
         const aq::FoodBit& f = pool.food[static_cast<std::size_t>(i)];

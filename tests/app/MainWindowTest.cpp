@@ -8,6 +8,7 @@
 
 #include "app/MainWindow.h"
 #include "app/MapPanel.h"
+#include "foodeditor/FoodList.h"
 #include "pooleditor/DrifterList.h"
 #include "pool/PoolFile.h"
 #include "pool/PoolOps.h"
@@ -115,6 +116,7 @@ private slots:
         w.app().openPool = w.app().defaultPool;
         w.app().poolLoaded = true;
         aq::populateSpeciatePoolList(w.app());
+        aq::populateFoodList(w.app());
         aqapp::MapPanel* panel = w.mapPanel();
         w.show();
         QVERIFY(!panel->isVisible());  // the archive tab has no pool to show
@@ -131,6 +133,10 @@ private slots:
             w.resize(1400, 800);
             w.refreshAll();
             w.grab().save(qEnvironmentVariable("AQ_SHOTS") + "/window-drifters.png");
+            w.selectTab(4);
+            w.app().lstPoolFood.setChecked(1, true);
+            w.grab().save(qEnvironmentVariable("AQ_SHOTS") + "/window-food.png");
+            w.selectTab(3);
         }
         w.findChild<QToolButton*>("cmdShowMap")->click();
         QVERIFY(!panel->isVisible());
