@@ -9,6 +9,8 @@
 #include "app/MainWindow.h"
 #include "app/MapPanel.h"
 #include "foodeditor/FoodList.h"
+#include "generator/Generator.h"
+#include "generator/StartupSettings.h"
 #include "pooleditor/DrifterList.h"
 #include "pool/PoolFile.h"
 #include "pool/PoolOps.h"
@@ -136,6 +138,10 @@ private slots:
             w.selectTab(4);
             w.app().lstPoolFood.setChecked(1, true);
             w.grab().save(qEnvironmentVariable("AQ_SHOTS") + "/window-food.png");
+            w.app().poolChanged = false;
+            aq::generateStartupPool(w.app(), aq::StartupSettings{});
+            w.selectTab(2);
+            w.grab().save(qEnvironmentVariable("AQ_SHOTS") + "/window-startup.png");
             w.selectTab(3);
         }
         w.findChild<QToolButton*>("cmdShowMap")->click();
