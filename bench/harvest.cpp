@@ -6,6 +6,7 @@
 
 #include <random>
 
+#include "shell/QuietUi.h"
 #include "pool/PoolFile.h"
 #include "pooleditor/DrifterKey.h"
 #include "series/Grouping.h"
@@ -16,25 +17,7 @@
 
 namespace {
 
-class QuietUi : public aq::Ui {
-public:
-    void ShowMessage(const std::string&, const std::string&) override {}
-    aq::Answer AskYesNo(const std::string&, const std::string&) override { return aq::Answer::No; }
-    aq::Answer AskYesNoCancel(const std::string&, const std::string&) override { return aq::Answer::Cancel; }
-    aq::Answer AskOkCancel(const std::string&, const std::string&) override { return aq::Answer::Cancel; }
-    aq::Answer AskRetryCancel(const std::string&, const std::string&) override { return aq::Answer::Cancel; }
-    std::string AskText(const std::string&, const std::string&, const std::string&) override { return ""; }
-    std::string ChooseOpenFile(const std::string&, const std::string&, const std::string&, const std::string&,
-                               const std::string&) override {
-        return "";
-    }
-    std::string ChooseSaveFile(const std::string&, const std::string&, const std::string&, const std::string&,
-                               const std::string&) override {
-        return "";
-    }
-    void YieldToUi() override {}
-    void SetWaitCursor(bool) override {}
-};
+using aq::QuietUi;
 
 // Evolved-looking drifters: bodies of 1 to 16 segments in a handful of colours and
 // branchings, so that many shapes recur across the folder.

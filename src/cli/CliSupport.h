@@ -5,7 +5,7 @@
 
 #include "pool/Records.h"
 #include "shell/Clock.h"
-#include "shell/Ui.h"
+#include "shell/QuietUi.h"
 
 namespace aqcli {
 
@@ -16,25 +16,10 @@ int readPoolOrFail(const std::string& path, aq::Pool& pool);
 
 // The Ui of a command line: messages go to stderr, questions are cancelled, dialogs
 // give no file. `messages` counts what was shown, so a command can fail on it.
-class CliUi : public aq::Ui {
+class CliUi : public aq::QuietUi {
 public:
     int messages = 0;
     void ShowMessage(const std::string& text, const std::string& title) override;
-    aq::Answer AskYesNo(const std::string&, const std::string&) override { return aq::Answer::No; }
-    aq::Answer AskYesNoCancel(const std::string&, const std::string&) override { return aq::Answer::Cancel; }
-    aq::Answer AskOkCancel(const std::string&, const std::string&) override { return aq::Answer::Cancel; }
-    aq::Answer AskRetryCancel(const std::string&, const std::string&) override { return aq::Answer::Cancel; }
-    std::string AskText(const std::string&, const std::string&, const std::string&) override { return ""; }
-    std::string ChooseOpenFile(const std::string&, const std::string&, const std::string&, const std::string&,
-                               const std::string&) override {
-        return "";
-    }
-    std::string ChooseSaveFile(const std::string&, const std::string&, const std::string&, const std::string&,
-                               const std::string&) override {
-        return "";
-    }
-    void YieldToUi() override {}
-    void SetWaitCursor(bool) override {}
 };
 
 // The --depth option of the species commands: the leading genes compared, 1 to 1000.

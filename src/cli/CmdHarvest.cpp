@@ -23,28 +23,6 @@ using namespace aqcli;
 
 namespace {
 
-// Messages go to stderr; questions get the negative answer.
-class CliUi : public aq::Ui {
-public:
-    void ShowMessage(const std::string& text, const std::string& title) override {
-        std::cerr << title << ": " << text << "\n";
-    }
-    aq::Answer AskYesNo(const std::string&, const std::string&) override { return aq::Answer::No; }
-    aq::Answer AskYesNoCancel(const std::string&, const std::string&) override { return aq::Answer::Cancel; }
-    aq::Answer AskOkCancel(const std::string&, const std::string&) override { return aq::Answer::Cancel; }
-    aq::Answer AskRetryCancel(const std::string&, const std::string&) override { return aq::Answer::Cancel; }
-    std::string AskText(const std::string&, const std::string&, const std::string&) override { return ""; }
-    std::string ChooseOpenFile(const std::string&, const std::string&, const std::string&, const std::string&,
-                               const std::string&) override {
-        return "";
-    }
-    std::string ChooseSaveFile(const std::string&, const std::string&, const std::string&, const std::string&,
-                               const std::string&) override {
-        return "";
-    }
-    void YieldToUi() override {}
-    void SetWaitCursor(bool) override {}
-};
 
 int writeOrFail(const std::string& out, const aq::Pool& pool) {
     std::string error = aq::writePool(out, pool);
