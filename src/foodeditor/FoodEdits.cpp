@@ -148,12 +148,7 @@ void deleteSelectedFood(App& app) {
     if (a == Answer::Yes) saveSelectedFood(app);
 
     app.tempPool = app.openPool;
-    std::vector<FoodBit> kept = recordsTicked(app.openPool.food, app.openPool.foodCount, list, false);
-    app.tempPool.foodCount = std::max(list.count() - n, 0);
-    if (app.tempPool.foodCount > 0) {
-        kept.resize(static_cast<std::size_t>(app.tempPool.foodCount));
-        app.tempPool.food = std::move(kept);
-    }
+    dropTickedRecords(app.tempPool.food, app.tempPool.foodCount, list, n);
     app.openPool = app.tempPool;
     app.poolChanged = true;
     removeTickedRows(list);

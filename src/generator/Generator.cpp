@@ -300,12 +300,7 @@ void generateStartupPool(App& app, const StartupSettings& s) {
     app.poolLoaded = true;
     app.lstSpeciatePool.clear();
     app.lstPoolFood.clear();
-    // The extended species mode lets no tick through until the species are known.
-    if (app.comboSpeciatePoolGroup0 == 2) app.lstSpeciatePool.setEnabled(false);
-    populateSpeciatePoolList(app);
-    populateFoodList(app);
-    app.poolSpeciesPending = true;
-    app.stateChanged();
+    showNewOpenPool(app);
 }
 
 }  // namespace aq

@@ -147,12 +147,7 @@ void deleteSelectedPoolSpecies(App& app, bool askFirst) {
     if (a == Answer::Yes) saveSelectedPoolSpecies(app);
 
     app.tempPool = app.openPool;
-    std::vector<DrifterRec> kept = recordsTicked(app.openPool.drifters, app.openPool.drifterCount, list, false);
-    app.tempPool.drifterCount = std::max(list.count() - n, 0);
-    if (app.tempPool.drifterCount > 0) {
-        kept.resize(static_cast<std::size_t>(app.tempPool.drifterCount));
-        app.tempPool.drifters = std::move(kept);
-    }
+    dropTickedRecords(app.tempPool.drifters, app.tempPool.drifterCount, list, n);
     app.openPool = app.tempPool;
     app.poolChanged = true;
     removeTickedRows(list);

@@ -127,6 +127,11 @@ void initiateLoadPoolFile(App& app) {
         app.stateChanged();
         return;
     }
+    showNewOpenPool(app);
+}
+
+void showNewOpenPool(App& app) {
+    // The extended species mode lets no tick through until the species are known.
     if (app.comboSpeciatePoolGroup0 == 2) app.lstSpeciatePool.setEnabled(false);
     populateSpeciatePoolList(app);
     populateFoodList(app);

@@ -16,6 +16,9 @@ void listPoolDrifter(App& app, int index);
 // Brings lstSpeciatePool in step with openPool; remaining rows keep tick and tag.
 void populateSpeciatePoolList(App& app);
 
+// Lists a pool just loaded or generated into openPool and starts its species pass.
+void showNewOpenPool(App& app);
+
 // The user's load of a pool into the two editor lists.
 void initiateLoadPoolFile(App& app);
 
