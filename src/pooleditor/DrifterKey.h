@@ -12,6 +12,9 @@ namespace aq {
 // the pool gives "".
 std::string DrifterKey(const Pool& pool, int index, bool shortKey, bool compressed, bool detailed);
 
+// The key of `d`, appended to `out`; for callers that make many keys in one buffer.
+void appendDrifterKey(std::string& out, const DrifterRec& d, bool shortKey, bool compressed, bool detailed);
+
 // The compressed key and the compressed detailed key, on two lines.
 std::string DrifterKeyPair(const Pool& pool, int index);
 

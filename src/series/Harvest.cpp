@@ -31,74 +31,83 @@ std::size_t at(int i) { return static_cast<std::size_t>(i); }
 
 }  // namespace
 
-HarvestList::HarvestList(const Pool& start, int maxN) : maxN_(std::clamp(maxN, 1, kMaxDrifters)) {
+HarvestList::HarvestList(const Pool& start, int maxN) : maxN_(std::clamp(maxN, 1, kMaxDrifters)), start_(start) {
     slots_.resize(at(maxN_ + 1));
-    // A folder of evolved pools brings thousands of distinct key lines.
-    ids0_.reserve(1 << 14);
-    ids1_.reserve(1 << 14);
-    tally0_.reserve(1 << 14);
-    tally1_.reserve(1 << 14);
-    // The places hold the start pool's records, and empty ones beyond its count.
-    start_.assign(slots_.size(), DrifterRec{});
-    for (int k = 0; k <= maxN_; ++k) {
-        if (k < start.drifterCount && at(k) < start.drifters.size()) start_[at(k)] = start.drifters[at(k)];
-        slots_[at(k)].rec = -(k + 1);
-    }
+    store_.reserve(slots_.size());
+    for (int k = 0; k <= maxN_; ++k) slots_[at(k)].rec = -(k + 1);
 }
 
 const DrifterRec& HarvestList::record(int place) const {
-    std::int32_t h = slots_[at(place)].rec;
-    return h >= 0 ? store_[at(h)] : start_[at(-h - 1)];
+    static const DrifterRec kEmpty{};
+    const std::int32_t h = slots_[at(place)].rec;
+    if (h >= 0) return store_[at(h)];
+    // The places hold the start pool's records, and empty ones beyond its count.
+    const int k = -h - 1;
+    return k < start_.drifterCount && at(k) < start_.drifters.size() ? start_.drifters[at(k)] : kEmpty;
 }
 
-std::int32_t HarvestList::intern(std::unordered_map<std::string, std::int32_t>& ids, std::vector<int>& tally,
-                                 std::string line) {
-    auto [it, added] = ids.try_emplace(std::move(line), static_cast<std::int32_t>(ids.size()));
-    if (added) tally.push_back(0);
-    return it->second;
+std::int32_t HarvestList::number(KeyLines& lines, std::vector<int>& tally, const std::string& line) {
+    const std::int32_t id = lines.number(line);
+    if (tally.size() < lines.size()) tally.push_back(0);
+    return id;
+}
+
+void HarvestList::tallySlot(const Slot& s, int delta) {
+    if (s.line0 < 0) return;
+    tally0_[at(s.line0)] += delta;
+    tally1_[at(s.line1)] += delta;
 }
 
 void HarvestList::tallyRange(int from, int to, int delta) {
-    for (int j = from; j < to; ++j) {
-        const Slot& s = slots_[at(j)];
-        if (s.line0 < 0) continue;
-        tally0_[at(s.line0)] += delta;
-        tally1_[at(s.line1)] += delta;
-    }
+    for (int j = from; j < to; ++j) tallySlot(slots_[at(j)], delta);
 }
 
-std::int32_t HarvestList::storeRecord(const DrifterRec& d) {
-    if (store_.size() >= 4 * slots_.size() + 64) compactStore();
-    store_.push_back(d);
-    return static_cast<std::int32_t>(store_.size() - 1);
+void HarvestList::considerPool(const Pool& pool, float norm) {
+    for (int i = 0; i < pool.drifterCount; ++i) consider(pool, i, norm);
+    keepLiveRecords(pool);
 }
 
-// Records that no place refers to any more are dropped.
-void HarvestList::compactStore() {
-    std::vector<std::int32_t> moved(store_.size(), -1);
-    std::vector<DrifterRec> kept;
-    kept.reserve(slots_.size());
+// Copies the records that places still take from `pool` into store entries that no
+// place uses any more, so the store never holds more records than there are places.
+void HarvestList::keepLiveRecords(const Pool& pool) {
+    std::vector<char> used(store_.size(), 0);
+    std::vector<std::int32_t> copied(at(pool.drifterCount), -1);
+    for (const Slot& s : slots_)
+        if (s.rec >= 0 && s.rec < kLive) used[at(s.rec)] = 1;
+    std::size_t nextFree = 0;
     for (Slot& s : slots_) {
-        if (s.rec < 0) continue;
-        std::int32_t& m = moved[at(s.rec)];
-        if (m < 0) {
-            m = static_cast<std::int32_t>(kept.size());
-            kept.push_back(store_[at(s.rec)]);
+        if (s.rec < kLive) continue;
+        std::int32_t& into = copied[at(s.rec - kLive)];
+        if (into < 0) {
+            while (nextFree < used.size() && used[nextFree]) ++nextFree;
+            if (nextFree < used.size()) {
+                store_[nextFree] = pool.drifters[at(s.rec - kLive)];
+                used[nextFree] = 1;
+                into = static_cast<std::int32_t>(nextFree);
+            } else {
+                store_.push_back(pool.drifters[at(s.rec - kLive)]);
+                into = static_cast<std::int32_t>(store_.size() - 1);
+            }
         }
-        s.rec = m;
+        s.rec = into;
     }
-    store_ = std::move(kept);
 }
 
 void HarvestList::consider(const Pool& pool, int index, float norm) {
     const float score = SuccessScore(pool, index) / norm;
     if (!(score > 0)) return;
+    // A full list is sorted best first: a score no better than its last entry can't
+    // replace that entry, nor any entry of its shape, which all score at least as much.
+    if (count_ == maxN_ && score <= slots_[at(maxN_ - 1)].score) return;
 
-    // The key pair is two lines: the key and its detailed form.
-    std::string pair = DrifterKeyPair(pool, index);
-    std::size_t cut = pair.find("\r\n");
-    const std::int32_t l0 = intern(ids0_, tally0_, pair.substr(0, cut));
-    const std::int32_t l1 = intern(ids1_, tally1_, pair.substr(cut + 2));
+    // The key pair: the key and its detailed form.
+    const DrifterRec& d = pool.drifters[at(index)];
+    key0_.clear();
+    appendDrifterKey(key0_, d, false, true, false);
+    key1_.clear();
+    appendDrifterKey(key1_, d, false, true, true);
+    const std::int32_t l0 = number(lines0_, tally0_, key0_);
+    const std::int32_t l1 = number(lines1_, tally1_, key1_);
 
     int pos = -1;
     if (tally0_[at(l0)] > 0 || tally1_[at(l1)] > 0)
@@ -117,41 +126,51 @@ void HarvestList::consider(const Pool& pool, int index, float norm) {
 
     if (same(slots_[at(pos)], l0, l1) || pos == count_ || pos + 1 == maxN_) {
         if (slots_[at(pos)].score >= score) return;
-        // The new entry climbs past every lower score above it; nothing above that changes.
-        int top = pos;
-        while (top > 0 && score > slots_[at(top - 1)].score) --top;
-        const int countBefore = count_;
-        tallyRange(top, countBefore, -1);
-
+        // A place past the end may still hold an old entry of this shape; then the list
+        // does not grow, and the climb below can push a counted entry out of it, so the
+        // tallies of the whole stretch are redone.
         Slot& s = slots_[at(pos)];
-        s.rec = storeRecord(pool.drifters[at(index)]);
+        const bool staleMate = pos >= count_ && same(s, l0, l1);
+        int top = pos;
+        if (staleMate) {
+            while (top > 0 && score > slots_[at(top - 1)].score) --top;
+            tallyRange(top, count_, -1);
+        } else if (pos < count_) {
+            tallySlot(s, -1);
+        }
+        s.rec = kLive + index;
         s.score = score;
-        if (pos >= count_ && !same(s, l0, l1)) count_ = pos + 1;
+        if (pos >= count_ && !staleMate) count_ = pos + 1;
         s.line0 = l0;
         s.line1 = l1;
+        if (!staleMate) tallySlot(s, +1);
         for (; pos > 0 && slots_[at(pos)].score > slots_[at(pos - 1)].score; --pos)
             std::swap(slots_[at(pos)], slots_[at(pos - 1)]);
-        for (int j = pos + 1; j < count_;) {
-            if (same(slots_[at(j)], l0, l1)) {
-                std::move(slots_.begin() + j + 1, slots_.begin() + count_, slots_.begin() + j);
-                --count_;
-            } else {
-                ++j;
+        // Entries of this shape below it go; the tallies say whether there are any.
+        if (staleMate || tally0_[at(l0)] > 1 || tally1_[at(l1)] > 1) {
+            for (int j = pos + 1; j < count_;) {
+                if (same(slots_[at(j)], l0, l1)) {
+                    if (!staleMate) tallySlot(slots_[at(j)], -1);
+                    std::move(slots_.begin() + j + 1, slots_.begin() + count_, slots_.begin() + j);
+                    --count_;
+                } else {
+                    ++j;
+                }
             }
         }
-        tallyRange(top, count_, +1);
+        if (staleMate) tallyRange(top, count_, +1);
         return;
     }
     // A new shape inside the list pushes the rest down; the last entry falls away.
     if (slots_[at(pos)].score < score) {
-        tallyRange(pos, count_, -1);
+        tallySlot(slots_[at(count_ - 1)], -1);
         std::move_backward(slots_.begin() + pos, slots_.begin() + count_ - 1, slots_.begin() + count_);
         Slot& s = slots_[at(pos)];
-        s.rec = storeRecord(pool.drifters[at(index)]);
+        s.rec = kLive + index;
         s.score = score;
         s.line0 = l0;
         s.line1 = l1;
-        tallyRange(pos, count_, +1);
+        tallySlot(s, +1);
     }
 }
 
@@ -175,62 +194,61 @@ bool listPoolFiles(const std::string& folder, std::vector<std::string>& names, s
     return true;
 }
 
-void considerAll(HarvestList& list, const Pool& pool) {
-    const float norm = SuccessNorm(pool);
-    for (int i = 0; i < pool.drifterCount; ++i) list.consider(pool, i, norm);
-}
+void considerAll(HarvestList& list, const Pool& pool) { list.considerPool(pool, SuccessNorm(pool)); }
 
 }  // namespace
 
 bool HarvestSuccessful(App& app, const std::string& folder, int, int maxCount, bool keepBest, bool drawAtRandom) {
     int maxN = std::min(maxCount, kMaxDrifters);
     int reserve = 0;
-    app.workPool = app.openPool;
     if (!keepBest) {
         reserve = kMaxDrifters - maxN;
         maxN = kMaxDrifters;
     }
-    // Without a loaded pool the list starts empty, in the embedded pool's world.
-    Pool harvestPool = app.poolLoaded || !app.defaultPoolUsable ? app.workPool : app.defaultPool;
-    HarvestList list(harvestPool, maxN);
-    if (app.poolLoaded) considerAll(list, app.workPool);
+    // The harvest starts from the open pool. Without a loaded pool the list starts
+    // empty, in the embedded pool's world.
+    Pool& startPool = app.poolLoaded || !app.defaultPoolUsable ? app.openPool : app.defaultPool;
+    HarvestList list(startPool, maxN);
+    if (app.poolLoaded) considerAll(list, app.openPool);
 
     std::vector<std::string> names;
     std::error_code ec;
     if (!listPoolFiles(folder, names, ec)) {
         app.ui.ShowMessage("Error reading " + folder + ", error: " + ec.message(), kLoadTitle);
-        app.openPool = app.workPool;
+        app.workPool = app.openPool;
         return false;
     }
+    // The pool read last stays in workPool, which the result replaces anyway; files
+    // are read into a second pool so that a damaged one leaves it as it was.
+    Pool fresh;
     {
         WaitCursor wait(app.ui);
+        Pool& read = app.workPool;
+        const Pool* last = &app.openPool;
         for (const std::string& name : names) {
-            Pool fresh;
             PoolReadResult r = readPool(joinPath(folder, name), fresh);
             if (r.status == PoolReadStatus::NotFound || r.status == PoolReadStatus::Error) {
                 app.ui.ShowMessage("Error opening " + name + ", error: " + r.error, kLoadTitle);
                 continue;
             }
             // A file of another kind leaves the previous pool, whose drifters come again.
-            if (r.status == PoolReadStatus::BadVersion)
+            if (r.status == PoolReadStatus::BadVersion) {
                 app.ui.ShowMessage("Not a Aquarium 4 or 5 data file");
-            else
-                app.workPool = std::move(fresh);
-            app.poolLoaded = true;
-            considerAll(list, app.workPool);
+            } else {
+                std::swap(read, fresh);
+                last = &read;
+            }
+            considerAll(list, *last);
         }
     }
     app.poolLoaded = true;
     app.poolChanged = true;
 
-    Pool& w = app.workPool;
-    w = std::move(harvestPool);
     const int c = list.count();
-    w.drifterCount = c;
-    if (drawAtRandom) w.drifterCount = maxCount;
-    if (w.drifterCount < maxN) {
-        reserve -= maxN - w.drifterCount;
-        maxN = w.drifterCount;
+    int n = drawAtRandom ? maxCount : c;
+    if (n < maxN) {
+        reserve -= maxN - n;
+        maxN = n;
     }
     if (reserve < 0) reserve = 0;
     int finalCount = maxN - reserve;
@@ -238,8 +256,9 @@ bool HarvestSuccessful(App& app, const std::string& folder, int, int maxCount, b
     // Nothing to draw from: the pool is left without drifters.
     if (drawAtRandom && c == 0) finalCount = 0;
     finalCount = std::max(finalCount, 0);
-    w.drifterCount = finalCount;
-    w.drifters.assign(at(finalCount), DrifterRec{});
+    // The picked records go into memory that is already in use, the last file's.
+    std::vector<DrifterRec> picked = std::move(fresh.drifters);
+    picked.resize(at(finalCount));
     for (int k = 0; k < finalCount; ++k) {
         int p = k;
         if (drawAtRandom) {
@@ -248,8 +267,16 @@ bool HarvestSuccessful(App& app, const std::string& folder, int, int maxCount, b
             p = static_cast<int>(std::floor(static_cast<double>(a) * b * c));
             if (!keepBest) p = c - 1 - p;
         }
-        w.drifters[at(k)] = list.record(p + reserve);
+        picked[at(k)] = list.record(p + reserve);
     }
+    // The result is the start pool's world with the picked drifters; the start pool's
+    // own drifters are set aside rather than copied.
+    std::vector<DrifterRec> startDrifters;
+    startDrifters.swap(startPool.drifters);
+    app.workPool = startPool;
+    startDrifters.swap(startPool.drifters);
+    app.workPool.drifterCount = finalCount;
+    app.workPool.drifters = std::move(picked);
 
     // The lists show openPool, so it takes the result before they are filled.
     app.openPool = app.workPool;

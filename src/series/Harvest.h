@@ -3,9 +3,9 @@
 // a folder of pool files into a new pool with the open pool's food and world.
 #include <cstdint>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
+#include "series/KeyLines.h"
 #include "shell/App.h"
 
 namespace aq {
@@ -17,13 +17,13 @@ namespace aq {
 // says at once whether a candidate's shape is in it.
 class HarvestList {
 public:
-    // `start` gives the records that stand in the places before any are taken;
-    // `maxN` (1 to 2000) is the list's capacity.
+    // `start` gives the records that stand in the places before any are taken and
+    // must outlive the list; `maxN` (1 to 2000) is the list's capacity.
     HarvestList(const Pool& start, int maxN);
 
-    // Scores drifter `index` of `pool` against the norm of its pool and takes it in
-    // if it beats the entry its shape or rank competes with.
-    void consider(const Pool& pool, int index, float norm);
+    // Scores every drifter of `pool` against `norm`, in order, and takes each in that
+    // beats the entry its shape or rank competes with.
+    void considerPool(const Pool& pool, float norm);
 
     int count() const { return count_; }
     int capacity() const { return maxN_; }
@@ -31,26 +31,33 @@ public:
     const DrifterRec& record(int place) const;
 
 private:
+    // While a pool is considered, entries point into it; its records are copied only
+    // when it is done, for the entries still holding them.
+    static constexpr std::int32_t kLive = 1 << 30;
     struct Slot {
         float score = 0;
         std::int32_t line0 = -1, line1 = -1;  // -1: the empty key, which matches nothing
-        std::int32_t rec = -1;                // >= 0 into store_, else -(k + 1) into start_
+        // >= kLive: drifter rec - kLive of the pool being considered; >= 0 into
+        // store_; else -(k + 1), the start pool's drifter k.
+        std::int32_t rec = -1;
     };
     bool same(const Slot& s, std::int32_t l0, std::int32_t l1) const {
         return s.line0 >= 0 && (s.line0 == l0 || s.line1 == l1);
     }
-    std::int32_t intern(std::unordered_map<std::string, std::int32_t>& ids, std::vector<int>& tally, std::string line);
+    void consider(const Pool& pool, int index, float norm);
+    static std::int32_t number(KeyLines& lines, std::vector<int>& tally, const std::string& line);
+    void tallySlot(const Slot& s, int delta);
     void tallyRange(int from, int to, int delta);
-    std::int32_t storeRecord(const DrifterRec& d);
-    void compactStore();
+    void keepLiveRecords(const Pool& pool);
 
     int maxN_;
     int count_ = 0;
     std::vector<Slot> slots_;
-    std::vector<DrifterRec> start_;
-    std::vector<DrifterRec> store_;
-    std::unordered_map<std::string, std::int32_t> ids0_, ids1_;
+    const Pool& start_;
+    std::vector<DrifterRec> store_;     // never more than one record per place
+    KeyLines lines0_, lines1_;          // the key and the detailed key
     std::vector<int> tally0_, tally1_;  // entries of the list per line number
+    std::string key0_, key1_;           // buffers for the candidate's keys
 };
 
 // The harvest behind the menu command and the series. `reserved` is not used. False

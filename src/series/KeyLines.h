@@ -1,0 +1,32 @@
+#pragma once
+// Numbers for the key lines of a harvest: each distinct line gets the next number,
+// 0, 1, 2 ... A harvest asks for two lines per drifter of a whole folder, so lookups
+// hash a view of the caller's buffer and allocate only for a line not seen before.
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace aq {
+
+class KeyLines {
+public:
+    KeyLines();
+    // The number of `line`, given it now if it is new.
+    std::int32_t number(std::string_view line);
+    std::size_t size() const { return starts_.size() - 1; }
+
+private:
+    struct Cell {
+        std::uint64_t hash = 0;
+        std::int32_t id = -1;  // -1: free
+    };
+    std::string_view line(std::int32_t id) const;
+    void grow();
+
+    std::vector<Cell> cells_;          // open addressing, a power of two in size
+    std::string text_;                 // every line, one after another
+    std::vector<std::uint32_t> starts_;  // where line k starts in text_; one more at the end
+};
+
+}  // namespace aq
