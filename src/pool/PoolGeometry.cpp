@@ -13,6 +13,22 @@ namespace {
 
 int usedSegments(const DrifterRec& d) { return std::clamp(d.segmentCount, 0, kSegmentSlots); }
 
+// Which of the first `n` records lies nearest to (x, y) within `slack`; of equals, the last.
+template <class Rec>
+int nearest(const std::vector<Rec>& records, int n, float x, float y, float slack) {
+    int best = -1;
+    float bestDist = slack * slack;
+    for (int i = 0; i < n; ++i) {
+        const Rec& r = records[static_cast<std::size_t>(i)];
+        float dx = r.x - x, dy = r.y - y, dist = dx * dx + dy * dy;
+        if (dist <= bestDist) {
+            bestDist = dist;
+            best = i;
+        }
+    }
+    return best;
+}
+
 // Whether (x, y) lies in the quadrilateral, by the crossing rule (works for any
 // simple polygon, whichever way round its corners run).
 bool inQuad(const std::array<std::array<float, 2>, 4>& q, float x, float y) {
@@ -48,32 +64,12 @@ int drifterAt(const Pool& pool, float x, float y, float slack) {
         for (int s = 0; s < usedSegments(d); ++s)
             if (inQuad(segmentQuad(d.segments[s]), x, y)) return i;
     }
-    int best = -1;
-    float bestDist = slack * slack;
-    for (int i = 0; i < n; ++i) {
-        const DrifterRec& d = pool.drifters[static_cast<std::size_t>(i)];
-        float dx = d.x - x, dy = d.y - y, dist = dx * dx + dy * dy;
-        if (dist <= bestDist) {
-            bestDist = dist;
-            best = i;
-        }
-    }
-    return best;
+    return nearest(pool.drifters, n, x, y, slack);
 }
 
 int foodAt(const Pool& pool, float x, float y, float slack) {
     int n = std::min<int>(pool.foodCount, static_cast<int>(pool.food.size()));
-    int best = -1;
-    float bestDist = slack * slack;
-    for (int i = 0; i < n; ++i) {
-        const FoodBit& f = pool.food[static_cast<std::size_t>(i)];
-        float dx = f.x - x, dy = f.y - y, dist = dx * dx + dy * dy;
-        if (dist <= bestDist) {
-            bestDist = dist;
-            best = i;
-        }
-    }
-    return best;
+    return nearest(pool.food, n, x, y, slack);
 }
 
 }  // namespace aq
