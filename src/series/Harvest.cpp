@@ -71,7 +71,8 @@ void HarvestList::considerPool(const Pool& pool, float norm) {
 // place uses any more, so the store never holds more records than there are places.
 void HarvestList::keepLiveRecords(const Pool& pool) {
     std::vector<char> used(store_.size(), 0);
-    std::vector<std::int32_t> copied(at(pool.drifterCount), -1);
+    // A damaged file may give a negative count; such a pool holds no places.
+    std::vector<std::int32_t> copied(at(std::max(pool.drifterCount, 0)), -1);
     for (const Slot& s : slots_)
         if (s.rec >= 0 && s.rec < kLive) used[at(s.rec)] = 1;
     std::size_t nextFree = 0;
