@@ -20,7 +20,7 @@ std::int32_t KeyLines::number(std::string_view text) {
             c.hash = h;
             c.id = static_cast<std::int32_t>(size());
             text_.append(text);
-            starts_.push_back(static_cast<std::uint32_t>(text_.size()));
+            starts_.push_back(text_.size());
             // Kept at most half full, so probes stay short.
             if (2 * size() > cells_.size()) grow();
             return static_cast<std::int32_t>(size() - 1);

@@ -26,7 +26,7 @@ private:
 
     std::vector<Cell> cells_;          // open addressing, a power of two in size
     std::string text_;                 // every line, one after another
-    std::vector<std::uint32_t> starts_;  // where line k starts in text_; one more at the end
+    std::vector<std::size_t> starts_;  // where line k starts in text_; one more at the end
 };
 
 }  // namespace aq
