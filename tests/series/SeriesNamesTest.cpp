@@ -45,31 +45,21 @@ TEST(SeriesNames, OffspringPaths) {
 
 TEST(SeriesNames, BranchingRunFromPoolAqp) {
     // Each parent, in the order the series takes them, with its children.
-    std::vector<std::string> lines;
-    std::string suffix;
+    std::string run, suffix;
     for (int k = 0; k < 13; ++k) {
-        std::string line = "pool" + suffix + ":";
+        run += "pool" + suffix + ":";
         for (int child = 0; child < 2; ++child) {
             std::string p = aq::getOffspringSpec("/d/pool.aqp", suffix, child, true);
-            if (!p.empty()) line += " " + p.substr(3);
+            if (!p.empty()) run += " " + p.substr(3);
         }
-        lines.push_back(line);
+        run += "\n";
         suffix = aq::getNextParent(suffix, true);
     }
-    std::vector<std::string> expected = {"pool: pool0.aqp",
-                                         "pool0: pool00.aqp pool1.aqp",
-                                         "pool1: pool10.aqp pool2.aqp",
-                                         "pool2: pool20.aqp pool3.aqp",
-                                         "pool3: pool30.aqp pool4.aqp",
-                                         "pool4: pool40.aqp pool5.aqp",
-                                         "pool5: pool50.aqp pool6.aqp",
-                                         "pool6: pool60.aqp pool7.aqp",
-                                         "pool7: pool70.aqp pool8.aqp",
-                                         "pool8: pool80.aqp pool9.aqp",
-                                         "pool9: pool90.aqp",
-                                         "pool00: pool000.aqp pool01.aqp",
-                                         "pool01: pool010.aqp pool02.aqp"};
-    EXPECT_EQ(lines, expected);
+    EXPECT_EQ(run,
+              "pool: pool0.aqp\npool0: pool00.aqp pool1.aqp\npool1: pool10.aqp pool2.aqp\npool2: pool20.aqp pool3.aqp\n"
+              "pool3: pool30.aqp pool4.aqp\npool4: pool40.aqp pool5.aqp\npool5: pool50.aqp pool6.aqp\n"
+              "pool6: pool60.aqp pool7.aqp\npool7: pool70.aqp pool8.aqp\npool8: pool80.aqp pool9.aqp\n"
+              "pool9: pool90.aqp\npool00: pool000.aqp pool01.aqp\npool01: pool010.aqp pool02.aqp\n");
 }
 
 TEST(SeriesNames, MissingOffspring) {
