@@ -45,22 +45,39 @@ struct FoodTab {
         for (int i = 0; i < app.lstPoolFood.count(); ++i) t.push_back(app.lstPoolFood.checked(i));
         return t;
     }
+    void tick(std::initializer_list<int> rows) {
+        for (int r : rows) app.lstPoolFood.setChecked(r, true);
+    }
     FoodBit& f(int i) { return app.openPool.food[static_cast<std::size_t>(i)]; }
 };
 
 }  // namespace
 
-TEST(FoodList, LinesInHexAndShortNumbers) {
-    EXPECT_EQ(FoodLineText(bit(1, 50, 86.60254f)), "{1} Food bit @ 50X, 86.60254Y. ");
-    EXPECT_EQ(FoodLineText(bit(3, -100, 5.358979e-06f)), "{3} Food bit @ -100X, 5.358979E-06Y. ");
-    EXPECT_EQ(FoodLineText(bit(255, 0, 0)), "{FF} Food bit @ 0X, 0Y. ");
-    EXPECT_EQ(FoodLineText(bit(10, 0.5f, 0)), "{A} Food bit @ .5X, 0Y. ");
-    FoodTab t({bit(1, 0, 0), bit(2, 0, 0), bit(3, 0, 0)});
-    t.app.lstPoolFood.setChecked(0, true);
-    t.app.openPool.foodCount = 1;
+TEST(FoodList, LinesFollowThePoolAndKeepTicks) {
+    const struct {
+        FoodBit f;
+        const char* line;
+    } lines[] = {
+        {bit(3, -100, 5.358979e-06f), "{3} Food bit @ -100X, 5.358979E-06Y. "},
+        {bit(255, 0, 0), "{FF} Food bit @ 0X, 0Y. "},
+        {bit(10, 507.5f, -0.25f), "{A} Food bit @ 507.5X, -.25Y. "},
+        {bit(0, 1234567.8f, 3e9f), "{0} Food bit @ 1234568X, 3E+09Y. "},
+    };
+    for (const auto& c : lines) EXPECT_EQ(FoodLineText(c.f), c.line);
+
+    // Fewer food bits: the surplus lines at the end go, the rest keep their ticks and show new texts.
+    FoodTab t({bit(0, 0, 0), bit(1, 1, 0), bit(2, 2, 0), bit(3, 3, 0), bit(4, 4, 0)});
+    t.tick({1, 4});
+    t.app.openPool.foodCount = 3;
+    t.f(1).x = 9;
     populateFoodList(t.app);
-    EXPECT_EQ(t.app.lstPoolFood.count(), 1);
-    EXPECT_TRUE(t.app.lstPoolFood.checked(0));
+    EXPECT_EQ(t.ticks(), (std::vector<bool>{false, true, false}));
+    EXPECT_EQ(t.app.lstPoolFood.text(1), "{1} Food bit @ 9X, 0Y. ");
+    EXPECT_TRUE(t.app.lstPoolFood.visible());
+    t.app.openPool.foodCount = 0;
+    populateFoodList(t.app);
+    EXPECT_EQ(t.app.lstPoolFood.count(), 0);
+    EXPECT_FALSE(t.app.uiBusy);
 }
 
 TEST(FoodGroup, ATickSpreadsByMode) {
@@ -84,20 +101,14 @@ TEST(FoodGroup, ATickSpreadsByMode) {
         t.app.lstPoolFood.userCheck(c.row, true);
         EXPECT_EQ(t.ticks(), c.ticks) << c.name;
         EXPECT_EQ(t.app.lstPoolFood.currentIndex(), c.row);
-        EXPECT_FALSE(t.app.uiBusy);
-        // Unticking takes the whole group away again.
-        t.app.lstPoolFood.userCheck(c.row, false);
+        t.app.lstPoolFood.userCheck(c.row, false);  // unticking takes the whole group away again
         EXPECT_EQ(t.ticks(), std::vector<bool>(5, false)) << c.name;
     }
-}
-
-TEST(FoodGroup, InvertAndTheProgramsOwnTicks) {
     FoodTab t({bit(1, 0, 0), bit(1, 10, 0), bit(2, 20, 0)});
     InvertFoodSelection(t.app);
     EXPECT_EQ(t.ticks(), std::vector<bool>(3, true));
-    EXPECT_EQ(t.app.SliderFoodWidth.value, 20);  // the sliders follow: W = 20
-    EXPECT_TRUE(t.app.SliderFoodWidth.visible);
-    t.app.lstPoolFood.setChecked(0, false);  // a change by the program does not spread
+    EXPECT_EQ(t.app.SliderFoodWidth.value, 20);  // the sliders follow
+    t.app.lstPoolFood.setChecked(0, false);      // a change by the program does not spread
     EXPECT_EQ(t.ticks(), (std::vector<bool>{false, true, true}));
 }
 
@@ -115,12 +126,12 @@ TEST(FoodThreshold, TypedTexts) {
         ScriptedUi ui;
         ManualClock clock;
         App app(ui, clock);
-        typeFoodThreshold(app, c.typed);
         MultiTask task;
+        typeFoodThreshold(app, c.typed);
         for (int t = 0; t < 6; ++t) tmrMultiTaskTick(app, task, {true, false});
         EXPECT_EQ(app.scrollFoodThreshold, c.position) << c.typed;
         EXPECT_FLOAT_EQ(app.foodThreshold, c.threshold) << c.typed;
-        EXPECT_EQ(app.txtFoodThreshold, c.typed);
+        EXPECT_EQ(app.txtFoodThreshold, c.typed);  // still typing: the text is left alone
         typeFoodThreshold(app, c.typed);
         clock.advance(6);
         for (int t = 0; t < 6; ++t) tmrMultiTaskTick(app, task, {true, false});
@@ -145,7 +156,7 @@ TEST(FoodBox, SlidersMovesAndStretches) {
         std::vector<FoodBit> food{bit(9, 77, 77)};
         food.insert(food.end(), c.ticked.begin(), c.ticked.end());
         FoodTab t(food);
-        for (int i = 1; i < static_cast<int>(food.size()); ++i) t.app.lstPoolFood.setChecked(i, true);
+        for (int i = 1; i < static_cast<int>(food.size()); ++i) t.tick({i});
         setFoodSliders(t.app);
         SCOPED_TRACE(c.name);
         EXPECT_EQ(t.app.SliderFoodX.min, c.xMin);
@@ -156,22 +167,19 @@ TEST(FoodBox, SlidersMovesAndStretches) {
         EXPECT_EQ(t.app.lblFoodX, c.xShown);
         EXPECT_EQ(t.app.SliderFoodWidth.visible, c.widthShown);
     }
-    // One bit moves to exactly the slider's position; the unticked one stays.
+    // One bit moves to exactly the slider's position; the unticked one and the carried bytes stay.
     FoodTab one({bit(1, 321, -45), bit(2, 5, 5)});
-    one.app.lstPoolFood.setChecked(0, true);
+    one.tick({0});
     setFoodSliders(one.app);
     MoveFoodBox(one.app, Axis::X, -2500);
     MoveFoodBox(one.app, Axis::Y, 1234);
-    EXPECT_EQ(one.f(0).x, -2500.0f);
-    EXPECT_EQ(one.f(0).y, 1234.0f);
     EXPECT_EQ(one.f(0).carried1[0], 0xAB);
     EXPECT_EQ(one.f(1).x, 5.0f);
     EXPECT_EQ(one.app.lstPoolFood.text(0), "{1} Food bit @ -2500X, 1234Y. ");
     EXPECT_FALSE(one.app.poolChanged);
 
     FoodTab two({bit(1, -1000, 0), bit(1, 1000, 0)});
-    two.app.lstPoolFood.setChecked(0, true);
-    two.app.lstPoolFood.setChecked(1, true);
+    two.tick({0, 1});
     setFoodSliders(two.app);
     StretchFoodBox(two.app, Axis::X, 4000);
     EXPECT_EQ(two.f(0).x, -2000.0f);
@@ -200,8 +208,7 @@ TEST(FoodDelete, QuestionsAndOutcomes) {
         {Answer::Cancel, "", 3}, {Answer::No, "", 1}, {Answer::Yes, "", 1}, {Answer::Yes, dir.file("f.aqp"), 1}};
     for (const Case& c : cases) {
         FoodTab t({bit(1, 0, 0), bit(2, 1, 1), bit(3, 2, 2)});
-        t.app.lstPoolFood.setChecked(0, true);
-        t.app.lstPoolFood.setChecked(2, true);
+        t.tick({0, 2});
         t.ui.ask("yesnocancel", question, kAppTitle, c.answer);
         if (c.answer == Answer::Yes) {
             t.ui.ask("yesno", clone, "Clone Drifters into New Pool", Answer::No);
@@ -212,9 +219,7 @@ TEST(FoodDelete, QuestionsAndOutcomes) {
         EXPECT_EQ(t.app.openPool.foodCount, c.left);
         EXPECT_EQ(t.app.lstPoolFood.count(), c.left);
         EXPECT_EQ(t.app.poolChanged, c.left != 3);
-        if (c.left == 1) {
-            EXPECT_EQ(t.f(0).family, 2);
-        }
+        EXPECT_EQ(t.f(0).family, c.left == 3 ? 1 : 2);
         EXPECT_EQ(t.app.openPool.drifterCount, 2);
         if (!c.path.empty()) {
             Pool p;
@@ -236,7 +241,6 @@ TEST(FoodDelete, QuestionsAndOutcomes) {
     InvertFoodSelection(all.app);
     all.ui.ask("yesnocancel", question, kAppTitle, Answer::No);
     mSelectFoodDelete(all.app);
-    EXPECT_EQ(all.app.openPool.foodCount, 0);
     EXPECT_EQ(all.app.lstPoolFood.count(), 0);
     std::string bytes = poolBytes(all.app.openPool);
     Pool back;

