@@ -21,7 +21,6 @@ class ShellWindowTest : public QObject {
         return items;
     }
     static QString boxText(MainWindow& w, const char* name) { return w.findChild<QComboBox*>(name)->currentText(); }
-    static QString labelText(QWidget* w, const char* name) { return w->findChild<QLabel*>(name)->text(); }
 
 private slots:
     void settingsSurviveARestart() {
@@ -91,30 +90,31 @@ private slots:
         auto* help = h.get<QDialog>("frmHelp");
         QVERIFY(help->isVisible());
         QCOMPARE(help->windowTitle(), QString("Aquarium File Manager Help - Archive"));
-        QCOMPARE(labelText(help, "lblHelp"), QString("Aquarium File Manager - Archive..."));
+        QCOMPARE(h.text("lblHelp"), QString("Aquarium File Manager - Archive..."));
         h.menu("mHelpHelp");
         QCOMPARE(h.w.findChildren<QDialog*>("frmHelp").size(), 1);
         QCOMPARE(help->windowTitle(), QString("Aquarium File Manager Help"));
-        QCOMPARE(labelText(help, "lblHelp"), QString("Welcome to Aquarium File Manager..."));
-        QVERIFY(labelText(help, "lblHelpText").startsWith("Use the Tabs at the top of the application window"));
+        QCOMPARE(h.text("lblHelp"), QString("Welcome to Aquarium File Manager..."));
+        QVERIFY(h.text("lblHelpText").startsWith("Use the Tabs at the top of the application window"));
         h.menu("mHelpSpeciateHelp");
         QCOMPARE(help->windowTitle(), QString("Aquarium File Manager Help - Speciate"));
-        QVERIFY(labelText(help, "lblHelpText").endsWith("Then load the new file into Aquarium."));
-        help->findChild<QPushButton*>("cmdOK")->click();
+        QVERIFY(h.text("lblHelpText").endsWith("Then load the new file into Aquarium."));
+        h.click("cmdOK");
         QVERIFY(!help->isVisible());
 
         h.menu("mHelpAbout");
         auto* about = h.get<QDialog>("frmAbout");
         QVERIFY(about->isVisible());
         QCOMPARE(about->windowTitle(), QString("About Aquarium File Manager"));
-        QCOMPARE(labelText(about, "lblVersion"), QString("Version 3.1.1"));
-        QCOMPARE(labelText(about, "lblTitle"), QString("Aquarium File Manager"));
-        QVERIFY(labelText(about, "lblDisclaimer").startsWith("Warning: As with the use of any file utility, it s a"));
+        QCOMPARE(h.wrongTexts({{"lblVersion", "Version 3.1.1"}, {"lblTitle", "Aquarium File Manager"}}), QStringList());
+        QVERIFY(h.text("lblDisclaimer").startsWith("Warning: As with the use of any file utility, it s a"));
         h.menu("mHelpArchiveAbout");
-        QCOMPARE(labelText(about, "lblTitle"), QString("Aquarium File Manager - Archive"));
-        QCOMPARE(labelText(about, "lblDescription"),
-                 QString("This feature set is intended to help you preserve and organize your Aquarium files."));
-        about->findChild<QPushButton*>("cmdOKx")->click();
+        QCOMPARE(
+            h.wrongTexts({{"lblTitle", "Aquarium File Manager - Archive"},
+                          {"lblDescription",
+                           "This feature set is intended to help you preserve and organize your Aquarium files."}}),
+            QStringList());
+        h.click("cmdOKx");
         QVERIFY(!about->isVisible());
     }
 
@@ -126,7 +126,7 @@ private slots:
         auto* dlg = h.get<aqapp::NotificationDialog>("dlgNotification");
         QVERIFY(dlg->isVisible());
         QCOMPARE(dlg->windowTitle(), QString("Note:"));
-        QCOMPARE(labelText(dlg, "Label1"), QString("Speciating..."));
+        QCOMPARE(dlg->findChild<QLabel*>("Label1")->text(), QString("Speciating..."));
         QCOMPARE(dlg->findChild<QTimer*>("Timer1")->interval(), 777);
         h.clock.advance(60);
         dlg->tick();

@@ -77,15 +77,6 @@ TEST(CliGenerate, RejectsBadOptions) {
     EXPECT_NE(r.out.find("option --type must be 0 to 2, got 3"), std::string::npos) << r.out;
 }
 
-TEST(CliGenerate, ReportsAFolderItCannotWriteTo) {
-    aqtest::TempDir dir;
-    CliRun r = aqfm("generate -o " + dir.file("missing/new.aqp"));
-    EXPECT_EQ(r.status, 1);
-    EXPECT_NE(r.out.find("Error saving " + dir.file("missing/new.aqp") + ", error: No such file or directory"),
-              std::string::npos)
-        << r.out;
-}
-
 TEST(CliFood, PrintsOneLinePerFoodBitWithItsTrailingBlank) {
     aqtest::TempDir dir;
     const std::string path = dir.file("default.aqp");

@@ -44,6 +44,8 @@ TEST(CliRobustness, UsageErrors) {
         {"default", 2, "missing -o"},
         {"default -o", 2, "needs a value"},
         {"default -o " + quote(dir.file("no/such/folder/x.aqp")), 1, "Error saving"},
+        {"generate -o " + quote(dir.file("missing/new.aqp")), 1,
+         "Error saving " + dir.file("missing/new.aqp") + ", error: No such file or directory"},
         {"info --help", 0, "usage: aqfm info FILE"},
     };
     for (const Case& c : cases) {
