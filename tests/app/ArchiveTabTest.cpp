@@ -1,21 +1,12 @@
-// The archive tab's widgets: captions, tips, the help line, the buttons, and the
-// ticks and boxes kept across two runs.
+// The archive tab's widgets: captions, tips, the help line, and archiving and
+// restoring through its buttons.
 #include <QCheckBox>
-#include <QLabel>
-#include <QListView>
 #include <QMouseEvent>
-#include <QPushButton>
 #include <QTabBar>
 #include <QTabWidget>
-#include <QtTest>
 #include <filesystem>
 
-#include "app/MainWindow.h"
-#include "support/ManualClock.h"
-#include "support/ScriptedUi.h"
-#include "support/TempDir.h"
-
-using aqapp::MainWindow;
+#include "Window.h"
 
 class ArchiveTabTest : public QObject {
     Q_OBJECT
@@ -28,99 +19,66 @@ class ArchiveTabTest : public QObject {
 
 private slots:
     void controlsCaptionsAndHelpLine() {
-        aqtest::ScriptedUi ui;
-        aqtest::ManualClock clock;
-        aqtest::TempDir dir;
-        MainWindow w(ui, clock, QString::fromStdString(dir.path()));
-        auto* list = w.findChild<QListView*>("lstArchive");
-        QCOMPARE(list->model()->rowCount(), 8);
-        QCOMPARE(list->model()->index(0, 0).data().toString(), QString("Drifter_1.DNA"));
-        QCOMPARE(list->model()->index(7, 0).data().toString(), QString("Pool_4.AQP"));
-        for (int i = 0; i < 8; ++i)
-            QCOMPARE(list->model()->index(i, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
+        aqtest::Window<> h;
+        auto* list = h.rows("lstArchive");
+        QCOMPARE(list->rowCount(), 8);
+        QCOMPARE(h.row("lstArchive", 0), QString("Drifter_1.DNA"));
+        QCOMPARE(h.row("lstArchive", 7), QString("Pool_4.AQP"));
+        QCOMPARE(h.app().archive.lstArchive.checkedCount(), 8);
+        QCOMPARE(h.get<QCheckBox>("chkDeleteOriginal")->checkState(), Qt::Checked);
+        QCOMPARE(h.wrongTexts(
+                     {{"cmdCopyToArchive", "Move Selected Files to Archive"},
+                      {"chkDeleteOriginal:tip", "This causes the Copy function to essentially act as a Move function."},
+                      {"chkNowName", "Using Date and Time"},
+                      {"cmdReplaceFromArchive:tip",
+                       "Click here to copy archived drifter files over the selected drifter files."},
+                      {"lblArchiveInstruct", "Welcome to the Aquarium File Manager."}}),
+                 QStringList());
+        h.click("chkDeleteOriginal");
+        QCOMPARE(h.app().archive.chkDeleteOriginal, 0);
+        QCOMPARE(h.text("cmdCopyToArchive"), QString("Copy Selected Files to Archive"));
 
-        auto* copy = w.findChild<QPushButton*>("cmdCopyToArchive");
-        auto* del = w.findChild<QCheckBox*>("chkDeleteOriginal");
-        QCOMPARE(copy->text(), QString("Move Selected Files to Archive"));
-        QCOMPARE(del->checkState(), Qt::Checked);
-        del->click();
-        QCOMPARE(w.app().archive.chkDeleteOriginal, 0);
-        QCOMPARE(copy->text(), QString("Copy Selected Files to Archive"));
-        del->click();
-        QCOMPARE(w.app().archive.chkDeleteOriginal, 1);
-        QCOMPARE(del->toolTip(), QString("This causes the Copy function to essentially act as a Move function."));
-        QCOMPARE(w.findChild<QCheckBox*>("chkNowName")->text(), QString("Using Date and Time"));
-        QCOMPARE(w.findChild<QPushButton*>("cmdReplaceFromArchive")->toolTip(),
-                 QString("Click here to copy archived drifter files over the selected drifter files."));
-
-        auto* help = w.findChild<QLabel*>("lblArchiveInstruct");
-        QCOMPARE(help->text(), QString("Welcome to the Aquarium File Manager."));
-        clock.seconds = 1234;
-        pointerOver(w.findChild<QCheckBox*>("chkAutoName"));
+        auto* help = h.get<QLabel>("lblArchiveInstruct");
+        h.clock.seconds = 1234;
+        pointerOver(h.get("chkAutoName"));
         QVERIFY(help->text().startsWith("When you click the Move or Copy files to Archive button, if there is a"));
-        QCOMPARE(w.app().lastHelpMove, 1234.0);
-        pointerOver(list);  // the list has no text: the line stays
+        QCOMPARE(h.app().lastHelpMove, 1234.0);
+        pointerOver(h.get("lstArchive"));  // the list has no text: the line stays
         QVERIFY(help->text().startsWith("When you click the Move or Copy files to Archive button, if there is a"));
-        pointerOver(w.findChild<QTabWidget*>("TabStrip1")->tabBar());
+        pointerOver(h.get<QTabWidget>("TabStrip1")->tabBar());
         QVERIFY(help->text().startsWith("Welcome to the Aquarium File Manager. Use the tabs at the top"));
 
-        w.findChild<QPushButton*>("cmdLstArchiveAllPool")->click();
-        QCOMPARE(w.app().archive.lstArchive.checkedCount(), 4);
-        QCOMPARE(list->model()->index(4, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
-        w.findChild<QPushButton*>("cmdLstArchiveAll")->click();
-        QCOMPARE(w.app().archive.lstArchive.checkedCount(), 8);
+        h.click("cmdLstArchiveAllPool");
+        QCOMPARE(h.app().archive.lstArchive.checkedCount(), 4);
+        QCOMPARE(list->index(4, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
+        h.click("cmdLstArchiveAll");
+        QCOMPARE(h.app().archive.lstArchive.checkedCount(), 8);
     }
 
     void archiveAndRestoreThroughTheButtons() {
-        aqtest::ScriptedUi ui;
-        aqtest::ManualClock clock;
-        aqtest::TempDir dir;
-        std::string sim = dir.file("Aquarium");
-        for (const char* sub : {"Aquarium", "Drifters", "Pools"}) std::filesystem::create_directories(dir.file(sub));
-        std::string names[8] = {"Drifter_1.DNA", "Drifter_2.DNA", "Drifter_3.DNA", "Drifter_4.DNA",
-                                "Pool_1.AQP",    "Pool_2.AQP",    "Pool_3.AQP",    "Pool_4.AQP"};
-        for (const auto& n : names) aqtest::writeBytes(sim + "/" + n, n);
-        MainWindow w(ui, clock, QString::fromStdString(dir.path()));
-        QCOMPARE(w.app().comboAquariumPath, dir.path());
-        w.app().comboAquariumPath = sim;
-        w.findChild<QCheckBox*>("chkAutoName")->click();
-        w.findChild<QCheckBox*>("chkNowName")->click();
-        ui.message("Moved 8 files. ", "Done");
-        w.findChild<QPushButton*>("cmdCopyToArchive")->click();
-        QVERIFY2(ui.done(), ui.report().c_str());
-        QCOMPARE(aqtest::readBytes(dir.file("Drifters/Drifter_2.0.DNA")), std::string("Drifter_2.DNA"));
-        QCOMPARE(aqtest::readBytes(dir.file("Pools/Pool_4.0.AQP")), std::string("Pool_4.AQP"));
+        aqtest::Window<> h;
+        std::string sim = h.file("Aquarium");
+        for (const char* sub : {"Aquarium", "Drifters", "Pools"}) std::filesystem::create_directories(h.file(sub));
+        for (const char* n : {"Drifter_1.DNA", "Drifter_2.DNA", "Drifter_3.DNA", "Drifter_4.DNA", "Pool_1.AQP",
+                              "Pool_2.AQP", "Pool_3.AQP", "Pool_4.AQP"})
+            aqtest::writeBytes(sim + "/" + n, n);
+        h.app().comboAquariumPath = sim;
+        h.click("chkAutoName");
+        h.click("chkNowName");
+        h.ui.message("Moved 8 files. ", "Done");
+        h.click("cmdCopyToArchive");
+        SCRIPT_DONE(h);
+        QCOMPARE(aqtest::readBytes(h.file("Drifters/Drifter_2.0.DNA")), std::string("Drifter_2.DNA"));
+        QCOMPARE(aqtest::readBytes(h.file("Pools/Pool_4.0.AQP")), std::string("Pool_4.AQP"));
         QVERIFY(!std::filesystem::exists(sim + "/Pool_1.AQP"));
 
-        w.findChild<QPushButton*>("cmdLstArchiveAll")->click();
-        w.app().archive.lstArchive.setChecked(5, true);
-        ui.file("open", "Copy which file over Pool_2.AQP?", dir.file("Pools/Pool_2.0.AQP"), "*")
+        h.click("cmdLstArchiveAll");
+        h.app().archive.lstArchive.setChecked(5, true);
+        h.ui.file("open", "Copy which file over Pool_2.AQP?", h.file("Pools/Pool_2.0.AQP"))
             .message("Copied 1 file. ", "Done");
-        w.findChild<QPushButton*>("cmdReplaceFromArchive")->click();
-        QVERIFY2(ui.done(), ui.report().c_str());
+        h.click("cmdReplaceFromArchive");
+        SCRIPT_DONE(h);
         QCOMPARE(aqtest::readBytes(sim + "/Pool_2.AQP"), std::string("Pool_2.AQP"));
-    }
-
-    void ticksAndBoxesSurviveARestart() {
-        aqtest::ScriptedUi ui;
-        aqtest::ManualClock clock;
-        aqtest::TempDir dir;
-        QString prog = QString::fromStdString(dir.path());
-        {
-            MainWindow w(ui, clock, prog);
-            auto* list = w.findChild<QListView*>("lstArchive");
-            list->model()->setData(list->model()->index(6, 0), Qt::Unchecked, Qt::CheckStateRole);
-            w.findChild<QCheckBox*>("chkAutoBackup")->click();
-            w.findChild<QCheckBox*>("chkDeleteOriginal")->click();
-            w.close();
-        }
-        MainWindow again(ui, clock, prog);
-        QVERIFY(!again.app().archive.lstArchive.checked(6));
-        QVERIFY(again.app().archive.lstArchive.checked(7));
-        QCOMPARE(again.findChild<QCheckBox*>("chkAutoBackup")->checkState(), Qt::Checked);
-        QCOMPARE(again.findChild<QCheckBox*>("chkDeleteOriginal")->checkState(), Qt::Unchecked);
-        QCOMPARE(again.findChild<QPushButton*>("cmdCopyToArchive")->text(), QString("Copy Selected Files to Archive"));
-        QVERIFY2(ui.done(), ui.report().c_str());
     }
 };
 

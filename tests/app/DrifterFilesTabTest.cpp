@@ -1,24 +1,12 @@
 // The "Edit Drifter Files" tab offscreen: load a folder, species, ticks, the gene
 // panel, saving, moving and importing, all through the window's controls.
-#include <QAction>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListView>
-#include <QPushButton>
 #include <QScrollBar>
-#include <QtTest>
 #include <filesystem>
 
-#include "app/MainWindow.h"
+#include "Window.h"
 #include "dnaeditor/DrifterFiles.h"
 #include "pool/PoolFile.h"
-#include "support/ManualClock.h"
 #include "support/PoolFixtures.h"
-#include "support/ScriptedUi.h"
-#include "support/TempDir.h"
-
-using aqapp::MainWindow;
 
 class DrifterFilesTabTest : public QObject {
     Q_OBJECT
@@ -31,48 +19,43 @@ class DrifterFilesTabTest : public QObject {
 
 private slots:
     void loadTickEditSaveMoveAndImport() {
-        aqtest::ScriptedUi ui;
-        aqtest::ManualClock clock;
-        aqtest::TempDir dir;
+        aqtest::Window<> h;
         namespace fs = std::filesystem;
-        fs::create_directories(dir.file("dna"));
-        fs::create_directories(dir.file("archive"));
-        writeGenome(dir.file("dna/a.dna"), 1, 10);
-        writeGenome(dir.file("dna/b.DNA"), 1, 20);
-        writeGenome(dir.file("dna/c.dna"), 2, 30);
-        MainWindow w(ui, clock, QString::fromStdString(dir.path()));
-        aq::App& app = w.app();
-        app.comboDrifterPath = dir.file("dna");
-        w.selectTab(5);
+        fs::create_directories(h.file("dna"));
+        fs::create_directories(h.file("archive"));
+        writeGenome(h.file("dna/a.dna"), 1, 10);
+        writeGenome(h.file("dna/b.DNA"), 1, 20);
+        writeGenome(h.file("dna/c.dna"), 2, 30);
+        aq::App& app = h.app();
+        app.comboDrifterPath = h.file("dna");
+        h.w.selectTab(5);
 
-        auto* list = w.findChild<QListView*>("lstSpeciateDrifters");
-        QVERIFY(list);
-        QCOMPARE(w.findChild<QComboBox*>("comboSpeciateDrifterGroup")->currentText(),
-                 QString("Click selects entire extended species."));
-        QCOMPARE(w.findChild<QComboBox*>("comboDrifterSpeciesThreshold")->currentText(), QString("96.5%"));
-        QCOMPARE(w.findChild<QComboBox*>("comboDrifterSpeciesThreshold")->count(), 21);
+        auto* list = h.get<QListView>("lstSpeciateDrifters");
+        auto* threshold = h.get<QComboBox>("comboDrifterSpeciesThreshold");
+        QCOMPARE(h.wrongTexts({{"comboSpeciateDrifterGroup", "Click selects entire extended species."},
+                               {"comboDrifterSpeciesThreshold", "96.5%"}}),
+                 QStringList());
+        QCOMPARE(threshold->count(), 21);
 
-        w.menuItem("mLoadDrifter")->trigger();
-        QVERIFY2(ui.done(), ui.report().c_str());
+        h.menu("mLoadDrifter");
+        SCRIPT_DONE(h);
         QCOMPARE(list->model()->rowCount(), 3);
-        QCOMPARE(w.findChild<QComboBox*>("comboDrifterSpeciesThreshold")->count(), 11);
+        QCOMPARE(threshold->count(), 11);
         aq::speciateDrifterList(app);  // what the timer's next phase does
-        w.refreshAll();
-        QCOMPARE(list->model()->index(0, 0).data().toString(), QString("{0}, a.dna"));
-        QCOMPARE(list->model()->index(2, 0).data().toString(), QString("{1}, c.dna"));
+        h.w.refreshAll();
+        QCOMPARE(h.row("lstSpeciateDrifters", 0), QString("{0}, a.dna"));
+        QCOMPARE(h.row("lstSpeciateDrifters", 2), QString("{1}, c.dna"));
         QVERIFY(app.lstSpeciateDrifters.enabled());
 
         // A tick spreads over the extended species; the gene panel shows gene 0 of both.
-        list->model()->setData(list->model()->index(0, 0), Qt::Checked, Qt::CheckStateRole);
-        QVERIFY(app.lstSpeciateDrifters.checked(1));
-        QVERIFY(!app.lstSpeciateDrifters.checked(2));
-        auto* caption = w.findChild<QLabel*>("lblGeneRange");
+        h.tick("lstSpeciateDrifters", 0);
+        QVERIFY(app.lstSpeciateDrifters.checked(1) && !app.lstSpeciateDrifters.checked(2));
+        auto* caption = h.get<QLabel>("lblGeneRange");
         QCOMPARE(caption->text(),
                  QString("\nValues for the chosen gene within the selected drifters range from 10 to 20."));
-        auto* range = w.findChild<QScrollBar*>("VsGeneRange");
-        auto* value = w.findChild<QScrollBar*>("VsGeneValue");
-        QCOMPARE(range->value(), 10);
-        QCOMPARE(value->value(), 15);
+        auto* range = h.get<QScrollBar>("VsGeneRange");
+        auto* value = h.get<QScrollBar>("VsGeneValue");
+        QCOMPARE(QList<int>({range->value(), value->value()}), QList<int>({10, 15}));
         value->setValue(16);  // shift both up by one
         QCOMPARE(app.dna.dnaGenes[0][0], 11);
         QCOMPARE(app.dna.dnaGenes[1][0], 21);
@@ -82,46 +65,46 @@ private slots:
         QCOMPARE(app.dna.dnaGenes[1][0], 22);
 
         // The gene number buttons.
-        w.findChild<QPushButton*>("cmdDecGene")->click();
-        QCOMPARE(w.findChild<QLineEdit*>("txtGene")->text(), QString("-1"));
-        QVERIFY(w.findChild<QPushButton*>("cmdZeroGene")->isEnabled());
+        h.click("cmdDecGene");
+        QCOMPARE(h.text("txtGene"), QString("-1"));
+        QVERIFY(h.get("cmdZeroGene")->isEnabled());
         QCOMPARE(caption->text(), QString("\nThe chosen gene has a value of 1 within the selected drifters."));
-        w.findChild<QPushButton*>("cmdZeroGene")->click();
-        QVERIFY(!w.findChild<QPushButton*>("cmdZeroGene")->isEnabled());
+        h.click("cmdZeroGene");
+        QVERIFY(!h.get("cmdZeroGene")->isEnabled());
 
         // Save the two changed files.
-        ui.ask("yesno", dir.file("dna/a.dna") + " has changed.\r\n\r\nSave file now?", "Save Changed Drifter",
-               aq::Answer::Yes)
-            .ask("yesno", dir.file("dna/b.DNA") + " has changed.\r\n\r\nSave file now?", "Save Changed Drifter",
+        h.ui.ask("yesno", h.file("dna/a.dna") + " has changed.\r\n\r\nSave file now?", "Save Changed Drifter",
+                 aq::Answer::Yes)
+            .ask("yesno", h.file("dna/b.DNA") + " has changed.\r\n\r\nSave file now?", "Save Changed Drifter",
                  aq::Answer::Yes)
             .message("Saved 2 files. ", "Done");
-        w.menuItem("mSaveDrifter")->trigger();
-        QVERIFY2(ui.done(), ui.report().c_str());
-        QCOMPARE(aqtest::readBytes(dir.file("dna/b.DNA"))[0], '\x16');
+        h.menu("mSaveDrifter");
+        SCRIPT_DONE(h);
+        QCOMPARE(aqtest::readBytes(h.file("dna/b.DNA"))[0], '\x16');
 
         // Move the two ticked files to the archive; their entries leave the list.
-        app.comboDrifterPath = dir.file("archive");
-        ui.ask("yesnocancel",
-               "You are about to move the 2 selected drifter files to a new location.  You can either choose to keep "
-               "them listed for the purpose of editing and saving the edited copy to their old locations later, or "
-               "have them deleted from the list after the files are moved.  Would you like the selcted files to be "
-               "removed from the list after being moved?",
-               "Moving Drifter Files", aq::Answer::Yes)
+        app.comboDrifterPath = h.file("archive");
+        h.ui.ask("yesnocancel",
+                 "You are about to move the 2 selected drifter files to a new location.  You can either choose to keep "
+                 "them listed for the purpose of editing and saving the edited copy to their old locations later, or "
+                 "have them deleted from the list after the files are moved.  Would you like the selcted files to be "
+                 "removed from the list after being moved?",
+                 "Moving Drifter Files", aq::Answer::Yes)
             .message("Moved 2 files. ", "Done");
-        w.menuItem("mSelectDrifterMove")->trigger();
-        QVERIFY2(ui.done(), ui.report().c_str());
+        h.menu("mSelectDrifterMove");
+        SCRIPT_DONE(h);
         QCOMPARE(list->model()->rowCount(), 1);
-        QVERIFY(fs::exists(dir.file("archive/b.DNA")));
-        QVERIFY(!fs::exists(dir.file("dna/a.dna")));
+        QVERIFY(fs::exists(h.file("archive/b.DNA")));
+        QVERIFY(!fs::exists(h.file("dna/a.dna")));
 
         // Import the drifters of a pool file.
-        std::string poolPath = dir.file("Sea.aqp");
+        std::string poolPath = h.file("Sea.aqp");
         aqtest::writeBytes(poolPath, aq::poolBytes(aqtest::makePool(2, 0)));
-        ui.ask("yesno", "Would you like to import the drifters from a pool file into the Drifter Files list?",
-               aq::kAppTitle, aq::Answer::Yes)
+        h.ui.ask("yesno", "Would you like to import the drifters from a pool file into the Drifter Files list?",
+                 aq::kAppTitle, aq::Answer::Yes)
             .file("open", "Select Pool File", poolPath);
-        w.menuItem("mImportDrifters")->trigger();
-        QVERIFY2(ui.done(), ui.report().c_str());
+        h.menu("mImportDrifters");
+        SCRIPT_DONE(h);
         QCOMPARE(list->model()->rowCount(), 3);
         QVERIFY(app.speciesPending);
     }

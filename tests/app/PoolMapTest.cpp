@@ -26,12 +26,11 @@ private slots:
         // Zoom onto the crowd around the centre so bodies are several pixels wide.
         const QPointF centre = map.toScreen(0, 0);
         for (int i = 0; i < 14; ++i) {
-            QWheelEvent wheel(centre, map.mapToGlobal(centre), {}, QPoint(0, 120), Qt::NoButton,
-                              Qt::NoModifier, Qt::NoScrollPhase, false);
+            QWheelEvent wheel(centre, map.mapToGlobal(centre), {}, QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
+                              Qt::NoScrollPhase, false);
             QApplication::sendEvent(&map, &wheel);
         }
         QVERIFY(map.scale() > 1.0);
-        if (!qEnvironmentVariableIsEmpty("AQ_SHOTS")) map.grab().save(qEnvironmentVariable("AQ_SHOTS") + "/map-zoom.png");
         QSignalSpy picked(&map, &PoolMap::drifterPicked);
         // A drifter on show whose first segment no later body covers.
         int want = -1;
@@ -45,8 +44,7 @@ private slots:
         QTest::mouseClick(&map, Qt::LeftButton, Qt::NoModifier, at);
         QTest::mouseClick(&map, Qt::LeftButton, Qt::ControlModifier, at);
         QCOMPARE(picked.count(), 2);
-        QCOMPARE(picked[0][0].toInt(), want);
-        QCOMPARE(picked[0][1].toBool(), false);
+        QCOMPARE(picked[0], QVariantList({want, false}));
         QCOMPARE(picked[1][1].toBool(), true);
         // A drag pans and picks nothing.
         QTest::mousePress(&map, Qt::LeftButton, Qt::NoModifier, at);
@@ -74,7 +72,6 @@ private slots:
         QVERIFY(plain != ticked);
         food.setChecked(3, false);
         QCOMPARE(map.grab().toImage(), plain);
-        if (!qEnvironmentVariableIsEmpty("AQ_SHOTS")) map.grab().save(qEnvironmentVariable("AQ_SHOTS") + "/map.png");
     }
 };
 

@@ -53,8 +53,6 @@ TEST(CliGenerate, WritesTheSamePoolAsTheTab) {
         {"--seed=-7 --type 2 --food 3 --state ABCD12", aq::StartupSettings{-7, 2, 3, 1, 1, false, true, false},
          0xABCD12},
         {"--seed 2.5abc --extra-food --state 0x000001", aq::StartupSettings{2, 1, 2, 1, 1, false, true, false}, 1},
-        {"--seed 3.5 --food 1", aq::StartupSettings{4, 1, 1, 1, 1, false, true, false}, 0x50000},
-        {"--seed 99999999999 --placement 2", aq::StartupSettings{0, 1, 2, 2, 1, false, true, false}, 0x50000},
         {"--seed -2147483648 --food 1 --placement 0",
          aq::StartupSettings{-2147483647 - 1, 1, 1, 0, 1, false, true, false}, 0x50000},
     };
@@ -77,15 +75,6 @@ TEST(CliGenerate, RejectsBadOptions) {
     EXPECT_FALSE(std::filesystem::exists(out));
     CliRun r = aqfm("generate --type 3 -o " + out);
     EXPECT_NE(r.out.find("option --type must be 0 to 2, got 3"), std::string::npos) << r.out;
-}
-
-TEST(CliGenerate, ReportsAFolderItCannotWriteTo) {
-    aqtest::TempDir dir;
-    CliRun r = aqfm("generate -o " + dir.file("missing/new.aqp"));
-    EXPECT_EQ(r.status, 1);
-    EXPECT_NE(r.out.find("Error saving " + dir.file("missing/new.aqp") + ", error: No such file or directory"),
-              std::string::npos)
-        << r.out;
 }
 
 TEST(CliFood, PrintsOneLinePerFoodBitWithItsTrailingBlank) {

@@ -16,9 +16,20 @@ namespace {
 
 const char* const kChanged =
     "The currently open pool file has been changed.  Changes will be lost if not saved now.  Save changes?";
+const char* const kRetryTitle = "Aquarium File Manager - Species Load";
 
+// The disk is full until the user is asked whether to retry.
+class FullDiskUi : public aqtest::ScriptedUi {
+public:
+    aq::Answer AskRetryCancel(const std::string& t, const std::string& title) override {
+        aq::setWriteFailureAfter(-1);
+        return ScriptedUi::AskRetryCancel(t, title);
+    }
+};
+
+template <class Ui = aqtest::ScriptedUi>
 struct Fixture {
-    aqtest::ScriptedUi ui;
+    Ui ui;
     aqtest::ManualClock clock;
     aq::App app{ui, clock};
     aqtest::TempDir dir;
@@ -39,17 +50,14 @@ struct Fixture {
 };
 
 TEST(GenerateCommand, PublishesThePoolIntoTheListsUnsaved) {
-    Fixture f;
+    Fixture<> f;
     f.app.openPoolPath = "/pools/kept.aqp";
     int refreshes = 0;
     f.app.onStateChanged = [&] { ++refreshes; };
     aq::generateStartupPool(f.app, aq::StartupSettings{});
     EXPECT_TRUE(f.ui.done()) << f.ui.report();
-    EXPECT_EQ(f.app.openPool.drifterCount, 120);
     EXPECT_EQ(aq::poolBytes(f.app.openPool), aq::poolBytes(f.app.workPool));
-    EXPECT_TRUE(f.app.poolChanged);
-    EXPECT_TRUE(f.app.poolLoaded);
-    EXPECT_TRUE(f.app.poolSpeciesPending);
+    EXPECT_TRUE(f.app.poolChanged && f.app.poolLoaded && f.app.poolSpeciesPending);
     EXPECT_EQ(f.app.openPoolPath, "/pools/kept.aqp");
     ASSERT_EQ(f.app.lstSpeciatePool.count(), 120);
     ASSERT_EQ(f.app.lstPoolFood.count(), 400);
@@ -61,90 +69,59 @@ TEST(GenerateCommand, PublishesThePoolIntoTheListsUnsaved) {
     EXPECT_EQ(f.ui.waitDepth, 0);
     EXPECT_EQ(refreshes, 1);
     EXPECT_FALSE(f.app.uiBusy);
+
+    // In extended species mode the list waits until the species are known.
+    Fixture<> g;
+    g.app.comboSpeciatePoolGroup0 = 2;
+    aq::generateStartupPool(g.app, aq::StartupSettings{});
+    EXPECT_FALSE(g.app.lstSpeciatePool.enabled());
 }
 
-TEST(GenerateCommand, ExtendedSpeciesModeHoldsTheListUntilSpeciesAreKnown) {
-    Fixture f;
-    f.app.comboSpeciatePoolGroup0 = 2;
-    aq::generateStartupPool(f.app, aq::StartupSettings{});
-    EXPECT_FALSE(f.app.lstSpeciatePool.enabled());
-}
-
-TEST(GenerateCommand, CancelKeepsTheChangedPool) {
-    Fixture f;
-    f.openChangedPool(f.dir.file("open.aqp"));
-    std::string before = aq::poolBytes(f.app.openPool);
-    f.ui.ask("yesnocancel", kChanged, "File Has Changed", aq::Answer::Cancel);
-    aq::generateStartupPool(f.app, aq::StartupSettings{});
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
-    EXPECT_EQ(aq::poolBytes(f.app.openPool), before);
-    EXPECT_EQ(f.app.lstSpeciatePool.count(), 3);
-    EXPECT_TRUE(f.app.poolChanged);
-    EXPECT_EQ(f.ui.waitDepth, 0);
-}
-
-TEST(GenerateCommand, YesSavesFirstThenGenerates) {
-    Fixture f;
-    std::string path = f.dir.file("open.aqp");
-    f.openChangedPool(path);
-    std::string changed = aq::poolBytes(f.app.openPool);
-    f.ui.ask("yesnocancel", kChanged, "File Has Changed", aq::Answer::Yes);
-    aq::generateStartupPool(f.app, aq::StartupSettings{});
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
-    EXPECT_EQ(aqtest::readBytes(path), changed);
-    EXPECT_EQ(f.app.openPool.drifterCount, 120);
-    EXPECT_TRUE(f.app.poolChanged);  // the new pool is unsaved
-}
-
-// The disk is full until the user is asked whether to retry.
-class FullDiskUi : public aqtest::ScriptedUi {
-public:
-    aq::Answer AskRetryCancel(const std::string& t, const std::string& title) override {
-        aq::setWriteFailureAfter(-1);
-        return ScriptedUi::AskRetryCancel(t, title);
+TEST(GenerateCommand, CancelNowOrAfterAFailedSaveKeepsTheChangedPool) {
+    for (bool failedSave : {false, true}) {
+        Fixture<> f;
+        f.openChangedPool(failedSave ? "" : f.dir.file("open.aqp"));  // a pool without a file can't be saved
+        std::string before = aq::poolBytes(f.app.openPool);
+        if (failedSave)
+            f.ui.ask("yesnocancel", kChanged, "File Has Changed", aq::Answer::Yes)
+                .ask("retrycancel", "Error saving file.", kRetryTitle, aq::Answer::Retry)
+                .ask("retrycancel", "Error saving file.", kRetryTitle, aq::Answer::Cancel);
+        else
+            f.ui.ask("yesnocancel", kChanged, "File Has Changed", aq::Answer::Cancel);
+        aq::generateStartupPool(f.app, aq::StartupSettings{});
+        EXPECT_TRUE(f.ui.done()) << f.ui.report();
+        EXPECT_EQ(aq::poolBytes(f.app.openPool), before);
+        EXPECT_EQ(f.app.lstSpeciatePool.count(), 3);
+        EXPECT_TRUE(f.app.poolChanged);
+        EXPECT_EQ(f.ui.waitDepth, 0);
     }
-};
-
-TEST(GenerateCommand, AFailedSaveOffersRetryAndGoesOnAfterAGoodOne) {
-    FullDiskUi ui;
-    aqtest::ManualClock clock;
-    aq::App app(ui, clock);
-    aq::loadDefaultPool(app);
-    aqtest::TempDir dir;
-    std::string path = dir.file("open.aqp");
-    app.openPool = aqtest::makePool(3, 2);
-    app.openPoolPath = path;
-    app.poolChanged = true;
-    ui.ask("yesnocancel", kChanged, "File Has Changed", aq::Answer::Yes)
-        .message("Error saving " + path + ", error: No space left on device", "Aquarium File Manager - Save Pool File")
-        .ask("retrycancel", "Error saving file.", "Aquarium File Manager - Species Load", aq::Answer::Retry);
-    std::string changed = aq::poolBytes(app.openPool);
-    aq::setWriteFailureAfter(10);
-    aq::generateStartupPool(app, aq::StartupSettings{});
-    aq::setWriteFailureAfter(-1);
-    EXPECT_TRUE(ui.done()) << ui.report();
-    EXPECT_EQ(aqtest::readBytes(path), changed);
-    EXPECT_EQ(app.openPool.drifterCount, 120);
-    EXPECT_EQ(ui.waitDepth, 0);
 }
 
-TEST(GenerateCommand, CancelAfterAFailedSaveEndsTheCommand) {
-    Fixture f;
-    f.openChangedPool("");  // a pool without a file can't be saved
-    std::string before = aq::poolBytes(f.app.openPool);
-    f.ui.ask("yesnocancel", kChanged, "File Has Changed", aq::Answer::Yes)
-        .ask("retrycancel", "Error saving file.", "Aquarium File Manager - Species Load", aq::Answer::Retry)
-        .ask("retrycancel", "Error saving file.", "Aquarium File Manager - Species Load", aq::Answer::Cancel);
-    aq::generateStartupPool(f.app, aq::StartupSettings{});
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
-    EXPECT_EQ(aq::poolBytes(f.app.openPool), before);
-    EXPECT_EQ(f.app.lstSpeciatePool.count(), 3);
-    EXPECT_TRUE(f.app.poolChanged);
-    EXPECT_EQ(f.ui.waitDepth, 0);
+TEST(GenerateCommand, YesSavesFirstRetryingAFailedSaveThenGenerates) {
+    for (bool fullDisk : {false, true}) {
+        Fixture<FullDiskUi> f;
+        std::string path = f.dir.file("open.aqp");
+        f.openChangedPool(path);
+        std::string changed = aq::poolBytes(f.app.openPool);
+        f.ui.ask("yesnocancel", kChanged, "File Has Changed", aq::Answer::Yes);
+        if (fullDisk) {
+            f.ui.message("Error saving " + path + ", error: No space left on device",
+                         "Aquarium File Manager - Save Pool File")
+                .ask("retrycancel", "Error saving file.", kRetryTitle, aq::Answer::Retry);
+            aq::setWriteFailureAfter(10);
+        }
+        aq::generateStartupPool(f.app, aq::StartupSettings{});
+        aq::setWriteFailureAfter(-1);
+        EXPECT_TRUE(f.ui.done()) << f.ui.report();
+        EXPECT_EQ(aqtest::readBytes(path), changed);
+        EXPECT_EQ(f.app.openPool.drifterCount, 120);
+        EXPECT_TRUE(f.app.poolChanged);  // the new pool is unsaved
+        EXPECT_EQ(f.ui.waitDepth, 0);
+    }
 }
 
 TEST(GenerateCommand, SavedAndReadBackItIsTheSamePool) {
-    Fixture f;
+    Fixture<> f;
     for (const aq::StartupSettings& s : {aq::StartupSettings{}, aq::StartupSettings{0, 0, 0, 0, 0, true, false, true},
                                          aq::StartupSettings{-7, 2, 3, 2, 2, true, true, false}}) {
         aq::generateStartupPool(f.app, s);
@@ -160,7 +137,7 @@ TEST(GenerateCommand, SavedAndReadBackItIsTheSamePool) {
 }
 
 TEST(GenerateCommand, AnUnusableDefaultPoolSaysSo) {
-    Fixture f;
+    Fixture<> f;
     f.app.defaultPool = aq::Pool{};
     f.ui.message("Error loading default pool. Not a Aquarium 4 data file");
     aq::generateStartupPool(f.app, aq::StartupSettings{});

@@ -65,36 +65,29 @@ TEST(PoolMerge, DriftersUpToTheLimitTakeTheFileFirstOnes) {
     EXPECT_TRUE(s.ui.done()) << s.ui.report();
     const Pool& p = s.app.openPool;
     ASSERT_EQ(p.drifterCount, 2000);
-    EXPECT_EQ(p.drifters[0].age, 0);
-    EXPECT_EQ(p.drifters[1989].age, 1989);
-    EXPECT_EQ(p.drifters[1990].age, 100000);
-    EXPECT_EQ(p.drifters[1999].age, 100009);
+    EXPECT_EQ(std::vector<int>({p.drifters[0].age, p.drifters[1989].age, p.drifters[1990].age, p.drifters[1999].age}),
+              std::vector<int>({0, 1989, 100000, 100009}));
     expectIdsAreIndices(p);
     // The food and everything around the arrays stay those of the open pool.
     EXPECT_EQ(p.foodCount, 3);
     EXPECT_EQ(std::memcmp(p.food.data(), before.food.data(), 3 * sizeof(FoodBit)), 0);
     EXPECT_EQ(p.walls[0].wallFlag, 5);
     EXPECT_EQ(p.historyBlock, before.historyBlock);
-    EXPECT_TRUE(s.app.poolChanged);
-    EXPECT_TRUE(s.app.poolSpeciesPending);
+    EXPECT_TRUE(s.app.poolChanged && s.app.poolSpeciesPending);
     EXPECT_EQ(s.app.lstSpeciatePool.count(), 2000);
     EXPECT_EQ(s.app.openPoolPath, s.dir.file("open.aqp"));
     EXPECT_EQ(poolBytes(s.app.workPool), poolBytes(work));
 }
 
 TEST(PoolMerge, TheLimitMessagesComeWithoutADialog) {
-    {
-        Session s(markedPool(2000, 0, 0));
-        s.ui.message("Limit reached. No more drifters can be added at this time.", "Merge Drifters into Pool");
-        mMergePool(s.app);
+    for (bool food : {false, true}) {
+        Session s(food ? markedPool(1, 2000, 0) : markedPool(2000, 0, 0));
+        s.ui.message(
+            std::string("Limit reached. No more ") + (food ? "food" : "drifters") + " can be added at this time.",
+            food ? "Merge Food into Pool" : "Merge Drifters into Pool");
+        food ? mMergeFood(s.app) : mMergePool(s.app);
         EXPECT_TRUE(s.ui.done()) << s.ui.report();
         EXPECT_FALSE(s.app.poolChanged);
-    }
-    {
-        Session s(markedPool(1, 2000, 0));
-        s.ui.message("Limit reached. No more food can be added at this time.", "Merge Food into Pool");
-        mMergeFood(s.app);
-        EXPECT_TRUE(s.ui.done()) << s.ui.report();
     }
 }
 
@@ -176,50 +169,43 @@ TEST(PoolMerge, WithNoPoolLoadedTheFileOpensAsANewPoolOfThatKind) {
 }
 
 TEST(PoolSave, QuestionsOfTheMenuCommand) {
-    {
-        // No, then a cancelled dialog: still changed, still the same file.
+    const struct {
+        const char* what;
+        bool hasPath, changed;
+        Answer overwrite;    // the answer to "Would you like to save over", if asked
+        const char* saveAs;  // the file chosen in "Save Pool As", if shown
+        const char* pathAfter;
+        bool changedAfter;
+    } cases[] = {
+        {"No, then a cancelled dialog: still changed, still the same file", true, true, Answer::No, "", "open.aqp",
+         true},
+        {"Yes: written over the open file", true, true, Answer::Yes, nullptr, "open.aqp", false},
+        {"no path yet: straight to the dialog; the new file becomes the open one", false, true, Answer::Ok, "new.aqp",
+         "new.aqp", false},
+        {"Cancel: nothing happens", true, false, Answer::Cancel, nullptr, "open.aqp", false},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
         Session s(markedPool(2, 2, 0));
-        s.app.poolChanged = true;
-        std::string open = s.app.openPoolPath;
-        s.ui.ask("yesnocancel", "Would you like to save over " + open, "Save Speciated Pool", Answer::No);
-        s.ui.file("save", "Save Pool As", "", s.dir.path() + "|open.aqp|aqp|Pool Files");
+        if (!c.hasPath) s.app.openPoolPath.clear();
+        s.app.poolChanged = c.changed;
+        if (c.hasPath)
+            s.ui.ask("yesnocancel", "Would you like to save over " + s.app.openPoolPath, "Save Speciated Pool",
+                     c.overwrite);
+        if (c.saveAs)
+            s.ui.file("save", "Save Pool As", *c.saveAs ? s.dir.file(c.saveAs) : "",
+                      s.dir.path() + (c.hasPath ? "|open.aqp" : "|") + "|aqp|Pool Files");
         mSavePool(s.app);
         EXPECT_TRUE(s.ui.done()) << s.ui.report();
-        EXPECT_TRUE(s.app.poolChanged);
-        EXPECT_EQ(s.app.openPoolPath, open);
+        EXPECT_EQ(s.app.poolChanged, c.changedAfter);
+        EXPECT_EQ(s.app.openPoolPath, s.dir.file(c.pathAfter));
+        if (!c.changedAfter && c.changed) {
+            EXPECT_EQ(readBytes(s.dir.file(c.pathAfter)), poolBytes(s.app.openPool));
+        }
     }
-    {
-        // Yes: written over the open file.
-        Session s(markedPool(2, 2, 0));
-        s.app.poolChanged = true;
-        std::string open = s.app.openPoolPath;
-        s.ui.ask("yesnocancel", "Would you like to save over " + open, "Save Speciated Pool", Answer::Yes);
-        mSavePool(s.app);
-        EXPECT_TRUE(s.ui.done()) << s.ui.report();
-        EXPECT_FALSE(s.app.poolChanged);
-        EXPECT_EQ(readBytes(open), std::string(reinterpret_cast<const char*>(poolBytes(s.app.openPool).data()),
-                                               poolBytes(s.app.openPool).size()));
-    }
-    {
-        // No path yet: straight to "Save Pool As"; the new file becomes the open one.
-        Session s(markedPool(2, 2, 0));
-        s.app.openPoolPath.clear();
-        s.app.poolChanged = true;
-        std::string to = s.dir.file("new.aqp");
-        s.ui.file("save", "Save Pool As", to, s.dir.path() + "||aqp|Pool Files");
-        mSavePool(s.app);
-        EXPECT_TRUE(s.ui.done()) << s.ui.report();
-        EXPECT_EQ(s.app.openPoolPath, to);
-        EXPECT_FALSE(s.app.poolChanged);
-    }
-    {
-        // Cancel, and nothing loaded: nothing happens.
-        Session s(markedPool(2, 2, 0));
-        s.ui.ask("yesnocancel", "Would you like to save over " + s.app.openPoolPath, "Save Speciated Pool",
-                 Answer::Cancel);
-        mSavePool(s.app);
-        s.app.poolLoaded = false;
-        mSavePool(s.app);
-        EXPECT_TRUE(s.ui.done()) << s.ui.report();
-    }
+    // Nothing loaded: nothing asked.
+    Session s(markedPool(2, 2, 0));
+    s.app.poolLoaded = false;
+    mSavePool(s.app);
+    EXPECT_TRUE(s.ui.done()) << s.ui.report();
 }

@@ -21,78 +21,128 @@ using namespace aqtest;
 
 namespace {
 
+const std::string kLoadTitle = "Aquarium File Manager - Load Pool File";
+const std::string kSaveTitle = "Aquarium File Manager - Save Pool File";
+
 struct Fixture {
     ScriptedUi ui;
     ManualClock clock;
     App app{ui, clock};
+    Fixture() {
+        app.openPool = makePool(1, 1);
+        app.poolLoaded = true;
+    }
 };
 
 void putInt(std::string& bytes, std::size_t at, std::int32_t v) { std::memcpy(bytes.data() + at, &v, 4); }
+
+// Loads a bad file over a pool on show: the load fails, the pool, the file and the
+// cursor stay as they were, and the messages shown come back as "title|text".
+std::vector<std::string> loadBad(const std::string& path) {
+    Fixture f;
+    std::string before = poolBytes(f.app.openPool);
+    std::error_code ec;
+    std::string file = std::filesystem::is_regular_file(path, ec) ? readBytes(path) : "";
+    EXPECT_FALSE(loadPoolFile(f.app, path, true));
+    EXPECT_EQ(poolBytes(f.app.openPool), before);
+    EXPECT_EQ(f.ui.waitDepth, 0);
+    if (std::filesystem::is_regular_file(path, ec)) {
+        EXPECT_EQ(readBytes(path), file) << "the file is never touched";
+    }
+    std::vector<std::string> shown;
+    for (const auto& p : f.ui.seen) shown.push_back(p.title + "|" + p.text);
+    return shown;
+}
 
 }  // namespace
 
 TEST(BadInput, PoolsTruncatedAtEveryBoundaryAndInsideRecords) {
     TempDir dir;
     const std::string good = poolBytes(makePool(3, 4));
-    std::vector<std::size_t> cuts;
-    for (std::size_t c = 0; c <= 20; ++c) cuts.push_back(c);
-    for (int k = 1; k <= 3; ++k)
-        for (long d : {-1L, 0L, 1L, -2000L}) cuts.push_back(static_cast<std::size_t>(16 + 4016L * k + d));
-    std::size_t food = 20 + 3 * 4016;
-    for (int k = 1; k <= 4; ++k)
-        for (long d : {-1L, 0L, 1L, -10L}) cuts.push_back(static_cast<std::size_t>(static_cast<long>(food) + 20L * k + d));
-    for (std::size_t back : {32280u, 32279u, 32276u, 32000u, 100u, 4u, 1u}) cuts.push_back(good.size() - back);
+    std::vector<long> cuts;
+    for (long c = 0; c <= 20; ++c) cuts.push_back(c);
+    for (long k = 1; k <= 3; ++k)
+        for (long d : {-1L, 0L, 1L, -2000L}) cuts.push_back(16 + 4016 * k + d);
+    for (long k = 1; k <= 4; ++k)
+        for (long d : {-1L, 0L, 1L, -10L}) cuts.push_back(20 + 3 * 4016 + 20 * k + d);
+    for (long back : {32280L, 32279L, 32276L, 32000L, 100L, 4L, 1L}) cuts.push_back(long(good.size()) - back);
     std::string path = dir.file("cut.aqp");
-    for (std::size_t cut : cuts) {
+    for (long cut : cuts) {
         SCOPED_TRACE(cut);
-        ASSERT_LT(cut, good.size());
-        writeBytes(path, good.substr(0, cut));
-        Fixture f;
-        f.app.openPool = makePool(1, 1);
-        f.app.poolLoaded = true;
-        std::string before = poolBytes(f.app.openPool);
-        EXPECT_FALSE(loadPoolFile(f.app, path, true));
-        ASSERT_EQ(f.ui.seen.size(), 1u);
-        EXPECT_EQ(f.ui.seen[0].title, "Aquarium File Manager - Load Pool File");
-        EXPECT_EQ(f.ui.seen[0].text.rfind("Error opening " + path + ", error: file is truncated: ", 0), 0u)
-            << f.ui.seen[0].text;
-        EXPECT_EQ(poolBytes(f.app.openPool), before);
-        EXPECT_EQ(f.ui.waitDepth, 0);
-        EXPECT_EQ(readBytes(path), good.substr(0, cut));
+        writeBytes(path, good.substr(0, std::size_t(cut)));
+        auto shown = loadBad(path);
+        ASSERT_EQ(shown.size(), 1u);
+        EXPECT_EQ(shown[0].rfind(kLoadTitle + "|Error opening " + path + ", error: file is truncated: ", 0), 0u)
+            << shown[0];
     }
 }
 
-TEST(BadInput, VersionsAndCountsThatLie) {
+TEST(BadInput, VersionsCountsFoldersAndLockedFilesGetTheirMessage) {
     TempDir dir;
-    const std::string good = poolBytes(makePool(2, 2));
-    for (std::int32_t version : {0, 3, 6, 0x04000000, -4}) {
-        SCOPED_TRACE(version);
-        std::string bytes = good;
-        putInt(bytes, 0, version);
-        writeBytes(dir.file("v.aqp"), bytes);
-        Fixture f;
-        f.ui.message("Not a Aquarium 4 or 5 data file");
-        EXPECT_FALSE(loadPoolFile(f.app, dir.file("v.aqp"), true));
-        EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    const std::string good = poolBytes(makePool(3, 2));
+    auto with = [&](std::size_t at, std::int32_t v) {
+        std::string b = good;
+        putInt(b, at, v);
+        return b;
+    };
+    const std::size_t foodCount = 16 + 3 * 4016;
+    const std::string notAq = kAppTitle + std::string("|Not a Aquarium 4 or 5 data file");
+    const std::string truncated = "error: file is truncated: ";
+    // A text ending in "..." is the start of the message.
+    struct Case {
+        std::string name, bytes, says;
+    } cases[] = {
+        {"v0", with(0, 0), notAq},
+        {"v3", with(0, 3), notAq},
+        {"v6", with(0, 6), notAq},
+        {"v-big", with(0, 0x04000000), notAq},
+        {"v-4", with(0, -4), notAq},
+        {"empty", "", truncated + "the header needs 12 bytes, 0 remain"},
+        {"in-drifter", good.substr(0, 16 + 4016 + 100), truncated + "3 drifters need 12048 bytes, 4116 remain"},
+        {"huge", with(12, 2147483647),
+         truncated + "2147483647 drifters need 8624294326352 bytes, " + std::to_string(good.size() - 16) + " remain"},
+        {"lying-food", with(foodCount, 100000), truncated + "100000 food bits need 2000000 bytes, 32320 remain"},
+        {"trailer", good.substr(0, good.size() - 1), truncated + "the world block needs 32280 bytes, 32279 remain"},
+        {"million-drifters", with(12, 1 << 20), truncated + "..."},
+        {"more-drifters", with(12, 4), truncated + "..."},
+        {"million-food", with(foodCount, 1 << 20), truncated + "..."},
+        {"more-food", with(foodCount, 3), truncated + "..."},
+        {"huge-food", with(foodCount, 2147483647), truncated + "..."},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        std::string path = dir.file(c.name + ".aqp");
+        writeBytes(path, c.bytes);
+        std::string want =
+            c.says.rfind(kAppTitle, 0) == 0 ? c.says : kLoadTitle + "|Error opening " + path + ", " + c.says;
+        auto shown = loadBad(path);
+        ASSERT_EQ(shown.size(), 1u);
+        bool prefix = want.size() > 3 && want.compare(want.size() - 3, 3, "...") == 0;
+        EXPECT_EQ(shown[0].substr(0, prefix ? want.size() - 3 : std::string::npos),
+                  prefix ? want.substr(0, want.size() - 3) : want);
     }
-    // Counts far beyond the file: an error, and no allocation of what they claim.
-    for (std::int32_t count : {2147483647, 1 << 20, 3}) {
-        for (std::size_t at : {12u, 16u + 2u * 4016u}) {
-            SCOPED_TRACE(testing::Message() << count << " at " << at);
-            std::string bytes = good;
-            putInt(bytes, at, count);
-            writeBytes(dir.file("c.aqp"), bytes);
-            Fixture f;
-            EXPECT_FALSE(loadPoolFile(f.app, dir.file("c.aqp"), true));
-            ASSERT_EQ(f.ui.seen.size(), 1u);
-            EXPECT_NE(f.ui.seen[0].text.find("file is truncated"), std::string::npos);
-        }
+    // A missing file says nothing; a folder and an unreadable file say why.
+    EXPECT_TRUE(loadBad(dir.file("nothing.aqp")).empty());
+    std::filesystem::create_directory(dir.file("folder.aqp"));
+    EXPECT_EQ(
+        loadBad(dir.file("folder.aqp")),
+        std::vector<std::string>{kLoadTitle + "|Error opening " + dir.file("folder.aqp") + ", error: Is a directory"});
+    writeBytes(dir.file("locked.aqp"), good);
+    ::chmod(dir.file("locked.aqp").c_str(), 0);
+    if (::geteuid() != 0) {  // root reads anything
+        auto shown = loadBad(dir.file("locked.aqp"));
+        ASSERT_EQ(shown.size(), 1u);
+        EXPECT_EQ(shown[0].rfind(kLoadTitle + "|Error opening " + dir.file("locked.aqp") + ", error: ", 0), 0u);
     }
-    // Negative counts: the load command says which, and the pool on show stays.
+}
+
+TEST(BadInput, NegativeCountsKeepThePoolAndItsListOnShow) {
+    TempDir dir;
     struct Case {
         std::int32_t drifters, food;
         const char* message;
-    } cases[] = {{-1, -1, "Nothing to Load"}, {-5, 0, "Error Loading Drifters."}, {0, -2147483647, "Error Loading Food."}};
+    } cases[] = {
+        {-1, -1, "Nothing to Load"}, {-5, 0, "Error Loading Drifters."}, {0, -2147483647, "Error Loading Food."}};
     for (const Case& c : cases) {
         Pool p = makePool(0, 0);
         p.drifterCount = c.drifters;
@@ -100,7 +150,6 @@ TEST(BadInput, VersionsAndCountsThatLie) {
         writeBytes(dir.file("neg.aqp"), poolBytes(p));
         Fixture f;
         f.app.openPool = makePool(2, 1);
-        f.app.poolLoaded = true;
         populateSpeciatePoolList(f.app);
         f.ui.file("open", "Select Pool File", dir.file("neg.aqp")).message(c.message);
         initiateLoadPoolFile(f.app);
@@ -110,33 +159,17 @@ TEST(BadInput, VersionsAndCountsThatLie) {
     }
 }
 
-TEST(BadInput, EmptyFilesFoldersAndUnreadableFiles) {
-    TempDir dir;
-    writeBytes(dir.file("empty.aqp"), "");
-    std::filesystem::create_directory(dir.file("folder.aqp"));
-    writeBytes(dir.file("locked.aqp"), poolBytes(makePool(1, 1)));
-    ::chmod(dir.file("locked.aqp").c_str(), 0);
-    for (const char* name : {"empty.aqp", "folder.aqp", "locked.aqp"}) {
-        SCOPED_TRACE(name);
-        if (std::string(name) == "locked.aqp" && ::geteuid() == 0) continue;  // root reads anything
-        Fixture f;
-        EXPECT_FALSE(loadPoolFile(f.app, dir.file(name), true));
-        ASSERT_EQ(f.ui.seen.size(), 1u);
-        EXPECT_EQ(f.ui.seen[0].text.rfind("Error opening " + dir.file(name) + ", error: ", 0), 0u);
-    }
-}
-
 TEST(BadInput, SettingsFilesWithJunkStillStartTheProgram) {
     TempDir dir;
     std::string junk;
     for (int i = 0; i < 4096; ++i) junk += static_cast<char>((i * 131 + 7) % 256);
-    std::string longLine = "comboPoolPath.Text = " + std::string(200000, 'x') + "\r\n";
     std::string texts[] = {
         junk,
-        longLine,
+        "comboPoolPath.Text = " + std::string(200000, 'x') + "\r\n",
         "chkAutoName.Value = 1\r\nno equals here\r\n = 5\r\ncomboPoolPath.Text = /a=b=c\r\n" + junk,
         std::string("\0\0\0chkNowName.Value = 1\n", 24),
         std::string(100000, '\n'),
+        "chkAutoName.Value = 1\r\n\x01\x02 = \xff\r\ncomboPoolPath.Text = /a=b\r\n",
     };
     for (const std::string& text : texts) {
         Fixture f;
@@ -146,13 +179,10 @@ TEST(BadInput, SettingsFilesWithJunkStillStartTheProgram) {
         ini(f.app, "Use");
         EXPECT_TRUE(f.ui.failures.empty()) << f.ui.report();
         EXPECT_EQ(readBytes(dir.file("aqfm.ini")), text) << "reading never rewrites the file";
+        if (text == texts[5]) {
+            EXPECT_EQ(f.app.comboPoolPath, "/a") << "a value ends at its second \"=\"";
+        }
     }
-    Fixture f;
-    f.app.programFolder = dir.path();
-    writeBytes(dir.file("aqfm.ini"), "chkAutoName.Value = 1\r\n\x01\x02 = \xff\r\ncomboPoolPath.Text = /a=b\r\n");
-    ini(f.app, "Load");
-    ini(f.app, "Use");
-    EXPECT_EQ(f.app.comboPoolPath, "/a") << "a value ends at its second \"=\"";
 }
 
 TEST(BadInput, AFullDiskOrReadOnlyFolderKeepsTheOldPool) {
@@ -162,11 +192,21 @@ TEST(BadInput, AFullDiskOrReadOnlyFolderKeepsTheOldPool) {
     writeBytes(path, old);
     Fixture f;
     f.app.openPool = makePool(4, 4);
-    for (long long after : {0LL, 16LL, 5000LL, 30000LL}) {
+    for (long long after : {0LL, 16LL, 1000LL, 30000LL}) {
+        f.ui.message("Error saving " + path + ", error: No space left on device", kSaveTitle);
         setWriteFailureAfter(after);
         EXPECT_FALSE(savePoolFile(f.app, path, true));
         setWriteFailureAfter(-1);
         EXPECT_EQ(readBytes(path), old);
     }
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()), {}), 1) << "no temporary file is left";
+    if (::geteuid() != 0) {  // root writes anywhere
+        std::filesystem::permissions(dir.path(),
+                                     std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+        f.ui.message("Error saving " + path + ", error: Permission denied", kSaveTitle);
+        EXPECT_FALSE(savePoolFile(f.app, path, true));
+        std::filesystem::permissions(dir.path(), std::filesystem::perms::owner_all);
+        EXPECT_EQ(readBytes(path), old);
+    }
+    EXPECT_TRUE(f.ui.done()) << f.ui.report();
 }

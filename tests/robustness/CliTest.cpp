@@ -1,5 +1,5 @@
-// The command-line tool with awkward paths and bad arguments: clear errors and
-// the exit codes its users script against.
+// The command-line tool with awkward paths, bad arguments and bad pools: clear
+// errors, the exit codes its users script against, and no output left behind.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -17,11 +17,11 @@ TEST(CliRobustness, AwkwardPathsWork) {
     std::filesystem::create_directory(dir.file("a folder ünïcödé"));
     for (std::string name : {"a folder ünïcödé/pool one.aqp", "-leading dash.aqp", "--double.aqp"}) {
         SCOPED_TRACE(name);
-        std::string path = name[0] == '-' ? name : dir.file(name);
-        std::string prefix = name[0] == '-' ? "cd " + quote(dir.path()) + " && " : "";
-        std::string cmd = prefix + std::string(AQ_CLI) + " default -o " + (name[0] == '-' ? "./" : "") + quote(path);
+        bool dash = name[0] == '-';
+        std::string full = dir.file(name);
+        std::string cmd = dash ? "cd " + quote(dir.path()) + " && " + AQ_CLI + " default -o " + quote("./" + name)
+                               : std::string(AQ_CLI) + " default -o " + quote(full);
         ASSERT_EQ(std::system(cmd.c_str()), 0);
-        std::string full = name[0] == '-' ? dir.file(name) : path;
         EXPECT_EQ(readBytes(full).size(), 229204u);
         CliRun info = aqfm("info -- " + quote(full));
         EXPECT_EQ(info.code, 0) << info.out;
@@ -29,10 +29,8 @@ TEST(CliRobustness, AwkwardPathsWork) {
     }
 }
 
-TEST(CliRobustness, ErrorsAndUsage) {
+TEST(CliRobustness, UsageErrors) {
     TempDir dir;
-    writeBytes(dir.file("bad.aqp"), "junk");
-    writeBytes(dir.file("v6.aqp"), std::string("\x06\0\0\0", 4) + std::string(40000, '\0'));
     struct Case {
         std::string args;
         int code;
@@ -45,11 +43,9 @@ TEST(CliRobustness, ErrorsAndUsage) {
         {"info --nope x", 2, "unknown option --nope"},
         {"default", 2, "missing -o"},
         {"default -o", 2, "needs a value"},
-        {"info " + quote(dir.file("missing.aqp")), 1, "Error opening"},
-        {"info " + quote(dir.file("bad.aqp")), 1, "file is truncated"},
-        {"drifters " + quote(dir.file("v6.aqp")), 1, "Not a Aquarium 4 or 5 data file"},
-        {"info " + quote(dir.path()), 1, "Is a directory"},
         {"default -o " + quote(dir.file("no/such/folder/x.aqp")), 1, "Error saving"},
+        {"generate -o " + quote(dir.file("missing/new.aqp")), 1,
+         "Error saving " + dir.file("missing/new.aqp") + ", error: No such file or directory"},
         {"info --help", 0, "usage: aqfm info FILE"},
     };
     for (const Case& c : cases) {
@@ -58,4 +54,58 @@ TEST(CliRobustness, ErrorsAndUsage) {
         EXPECT_EQ(r.code, c.code) << r.out;
         EXPECT_NE(r.out.find(c.says), std::string::npos) << r.out;
     }
+}
+
+TEST(CliRobustness, EveryCommandGivenABadPoolExitsOneAndWritesNothing) {
+    TempDir dir;
+    const std::string good = aq::poolBytes(makePool(2, 2));
+    writeBytes(dir.file("good.aqp"), good);
+    writeBytes(dir.file("cut.aqp"), good.substr(0, good.size() / 2));
+    writeBytes(dir.file("junk.aqp"), "junk");
+    std::string v6 = good;
+    v6[0] = 6;
+    writeBytes(dir.file("v6.aqp"), v6);
+    std::filesystem::create_directory(dir.file("folder.aqp"));
+    const std::string out = dir.file("out.bin");
+
+    // FILE stands for the bad pool, OUT for the output the command would write.
+    const std::string commands[] = {
+        "info FILE",
+        "drifters FILE",
+        "food FILE",
+        "keys FILE",
+        "keys FILE --short",
+        "minorities FILE --by segments",
+        "species FILE",
+        "range FILE",
+        "dna FILE 0 -o OUT",
+        "merge FILE GOOD -o OUT",
+        "merge GOOD FILE --drifters -o OUT",
+    };
+    const struct {
+        std::string file, says;
+    } bad[] = {
+        {dir.file("missing.aqp"), "Error opening"},  {dir.file("cut.aqp"), "file is truncated"},
+        {dir.file("junk.aqp"), "file is truncated"}, {dir.file("v6.aqp"), "Not a Aquarium 4 or 5 data file"},
+        {dir.file("folder.aqp"), "Is a directory"},
+    };
+    for (const std::string& command : commands) {
+        for (const auto& b : bad) {
+            std::string args = command;
+            auto put = [&](const std::string& key, const std::string& value) {
+                if (auto at = args.find(key); at != std::string::npos) args.replace(at, key.size(), quote(value));
+            };
+            put("FILE", b.file);
+            put("GOOD", dir.file("good.aqp"));
+            put("OUT", out);
+            SCOPED_TRACE(args);
+            CliRun r = aqfm(args);
+            EXPECT_EQ(r.code, 1) << r.out;
+            EXPECT_NE(r.out.find(b.says), std::string::npos) << r.out;
+            EXPECT_FALSE(std::filesystem::exists(out));
+        }
+    }
+    EXPECT_EQ(readBytes(dir.file("good.aqp")), good);
+    // Only the files the test wrote: no temporary left by a command that gave up.
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()), std::filesystem::directory_iterator()), 5);
 }

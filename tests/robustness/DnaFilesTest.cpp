@@ -66,7 +66,8 @@ TEST(DnaFiles, EverySizeReadsAsOneGenomeAndStaysUntouched) {
     EXPECT_EQ(f.app.lstSpeciateDrifters.text(0), "s10000.dna");
     EXPECT_EQ(f.app.lstSpeciateDrifters.text(3), "s15000.dna");
     EXPECT_EQ(f.app.dna.dnaGenes[3][999], static_cast<std::uint8_t>(999 * 7 + 3));
-    for (std::size_t size : sizes) EXPECT_EQ(readBytes(dir.file("s" + std::to_string(10000 + size) + ".dna")), pattern(size));
+    for (std::size_t size : sizes)
+        EXPECT_EQ(readBytes(dir.file("s" + std::to_string(10000 + size) + ".dna")), pattern(size));
     EXPECT_TRUE(std::filesystem::is_directory(dir.file("x.dna")));
 
     // A folder holding nothing but a folder named like a DNA file has nothing to load.
@@ -90,7 +91,8 @@ TEST(DnaFiles, FailedSaveLeavesTheOldFileByteForByte) {
         Fixture f;
         f.app.dna.dnaGenes.assign(1, Genome{});
         f.app.dna.dnaGenes[0].fill(42);
-        f.ui.message("Error saving " + path + ", error: No space left on device", "Aquarium File Manager - Save DNA File");
+        f.ui.message("Error saving " + path + ", error: No space left on device",
+                     "Aquarium File Manager - Save DNA File");
         setWriteFailureAfter(failAfter);
         EXPECT_FALSE(saveDrifterFile(f.app, path, 0));
         setWriteFailureAfter(-1);
@@ -103,7 +105,8 @@ TEST(DnaFiles, FailedSaveLeavesTheOldFileByteForByte) {
     Fixture f;
     f.app.dna.dnaGenes.assign(1, Genome{});
     const std::string lost = dir.file("gone/Drifter_2.DNA");
-    f.ui.message("Error saving " + lost + ", error: No such file or directory", "Aquarium File Manager - Save DNA File");
+    f.ui.message("Error saving " + lost + ", error: No such file or directory",
+                 "Aquarium File Manager - Save DNA File");
     EXPECT_FALSE(saveDrifterFile(f.app, lost, 0));
     EXPECT_TRUE(f.ui.done()) << f.ui.report();
     EXPECT_EQ(filesIn(dir.path()), 1u);

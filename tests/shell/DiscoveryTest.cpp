@@ -61,9 +61,8 @@ TEST(PathBoxes, PatternsIgnoreCaseAndProgramsNeedNoExe) {
         const char *folder, *pattern;
         bool found;
     } cases[] = {
-        {"Sim", "Aquarium5*.exe", true},  {"Sim", "aquarium*.EXE", true}, {"Bin", "Aquarium*.exe", true},
-        {"Bin", "Aquarium5*.exe", false}, {"Data", "*.dna", true},        {"Data", "*.aqp", false},
-        {"Dirs", "aquarium*.exe", false}, {"Missing", "*.dna", false},    {"Data", "?.DNA", true},
+        {"Sim", "aquarium*.EXE", true}, {"Bin", "Aquarium*.exe", true},   {"Bin", "Aquarium5*.exe", false},
+        {"Data", "?.DNA", true},        {"Dirs", "aquarium*.exe", false}, {"Missing", "*.dna", false},
     };
     for (const Case& c : cases) EXPECT_EQ(aq::filePatternExists(f.at(c.folder), c.pattern), c.found) << c.folder;
 }
@@ -74,7 +73,6 @@ TEST(Discovery, ProgramFolderWithNothingAroundIt) {
     f.mkdir("a/b/prog");
     aq::AttemptAqQuickFind(f.app);
     EXPECT_EQ(f.app.comboAquariumPath, f.at("a/b/prog"));
-    EXPECT_EQ(f.app.comboDrifterPath, f.at("a/b/prog/Drifters"));
     EXPECT_EQ(f.app.comboPoolPath, f.at("a/b/prog/Pools"));
     EXPECT_EQ(f.app.comboAquariumPathItems, (Items{f.at("a/b/prog")}));
     EXPECT_FALSE(f.app.uiBusy);
@@ -137,30 +135,23 @@ TEST(Discovery, PoolOfPairFourIsNotTested) {
 }
 
 TEST(Discovery, ProgramBesideTheSimulatorOrItsFiles) {
-    {
-        Fixture f;  // the simulator in the program's own folder
-        f.app.programFolder = f.at("aq");
-        f.touch("aq/Aquarium.exe");
+    const struct {
+        const char *why, *program, *file, *simulator, *drifters, *pools;
+    } cases[] = {
+        {"the simulator in the program's own folder", "aq", "aq/Aquarium.exe", "aq", "aq/Drifters", "aq/Pools"},
+        {"DNA files in the program's folder: it is both archives", "aq", "aq/x.DNA", "aq", "aq", "aq"},
+        {"an Aquarium5 program at a level takes that level", "top/prog", "top/Aquarium5.exe", "top", "top/Drifters",
+         "top/Pools"},
+    };
+    for (const auto& c : cases) {
+        Fixture f;
+        f.app.programFolder = f.at(c.program);
+        f.mkdir(c.program);
+        f.touch(c.file);
         aq::AttemptAqQuickFind(f.app);
-        EXPECT_EQ(f.app.comboDrifterPath, f.at("aq/Drifters"));
-        EXPECT_EQ(f.app.comboAquariumPathItems, (Items{f.at("aq")}));
-    }
-    {
-        Fixture f;  // DNA files in the program's folder: it is both archives
-        f.app.programFolder = f.at("aq");
-        f.touch("aq/x.DNA");
-        aq::AttemptAqQuickFind(f.app);
-        EXPECT_EQ(f.app.comboDrifterPath, f.at("aq"));
-        EXPECT_EQ(f.app.comboPoolPath, f.at("aq"));
-    }
-    {
-        Fixture f;  // an Aquarium5 program at a level takes that level itself
-        f.app.programFolder = f.at("top/prog");
-        f.mkdir("top/prog");
-        f.touch("top/Aquarium5.exe");
-        aq::AttemptAqQuickFind(f.app);
-        EXPECT_EQ(f.app.comboAquariumPath, f.at("top"));
-        EXPECT_EQ(f.app.comboPoolPath, f.at("top/Pools"));
+        EXPECT_EQ(std::vector<std::string>({f.app.comboAquariumPath, f.app.comboDrifterPath, f.app.comboPoolPath}),
+                  std::vector<std::string>({f.at(c.simulator), f.at(c.drifters), f.at(c.pools)}))
+            << c.why;
     }
 }
 

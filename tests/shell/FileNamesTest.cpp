@@ -22,14 +22,6 @@ TEST(FileNames, NowFileNameHoldsDateAndTimeWithoutColons) {
     EXPECT_EQ(aq::nowFileName(f.app), "2026-03-07 09'05'04");
 }
 
-TEST(FileNames, RegexReplace) {
-    EXPECT_EQ(aq::regexReplace("a/b\\c|d", R"([\\|/])", "-"), "a-b-c-d");
-    EXPECT_EQ(aq::regexReplace("a*b?\"<>", R"([*?"<>])", "_"), "a_b____");
-    EXPECT_EQ(aq::regexReplace("Abc", "a", "x"), "Abc");             // case-sensitive
-    EXPECT_EQ(aq::regexReplace("one\ntwo", "^t", "T"), "one\nTwo");  // multi-line
-    EXPECT_EQ(aq::regexReplace("keep", "(", "x"), "keep");           // a broken pattern changes nothing
-}
-
 TEST(FileNames, UniqueFileNameAlwaysNumbers) {
     aqtest::TempDir dir;
     EXPECT_EQ(aq::uniqueFileName(dir.path(), "Drifter_1.DNA"), "Drifter_1.0.DNA");

@@ -1,4 +1,4 @@
-// The background timer's schedule: phases, sweeps and the list rules of every tick.
+// The background timer's list rules on every tick.
 #include <gtest/gtest.h>
 
 #include "shell/MultiTask.h"
@@ -14,27 +14,6 @@ struct Fixture {
     aq::App app{ui, clock};
     aq::MultiTask task;
 };
-
-TEST(MultiTask, SixTicksASweepAndEveryFourthSweepIsZero) {
-    Fixture f;
-    std::vector<int> phases, sweeps;
-    for (int t = 0; t < 24; ++t) {
-        aq::tmrMultiTaskTick(f.app, f.task, {});
-        phases.push_back(f.task.phase);
-        sweeps.push_back(f.task.sweep);
-    }
-    std::vector<int> wantPhases, wantSweeps;
-    for (int s = 0; s < 4; ++s)
-        for (int p = 0; p < 6; ++p) {
-            wantPhases.push_back(p);
-            wantSweeps.push_back(3 - s);
-        }
-    EXPECT_EQ(phases, wantPhases);
-    EXPECT_EQ(sweeps, wantSweeps);
-    aq::tmrMultiTaskTick(f.app, f.task, {});
-    EXPECT_EQ(f.task.sweep, 3);
-    EXPECT_EQ(f.task.phase, 0);
-}
 
 TEST(MultiTask, OneDrifterNeedsNoSpeciesPass) {
     Fixture f;

