@@ -143,23 +143,14 @@ TEST(DrifterSpecies, ThresholdRangeNarrowsTheScrollbar) {
     EXPECT_EQ(v.app.dna.scrollDrifterSpeciesThreshold.max, 1000);
 }
 
-// A clock that moves on by itself at every reading, so each slice runs out of time.
-class SlowClock : public aqtest::ManualClock {
-public:
-    double secondsSinceMidnight() override { return seconds += 0.9; }
-};
-
 TEST(DrifterSpecies, SlowPassesShowTheNoticeWithGrowingPatience) {
-    aqtest::ScriptedUi ui;
-    SlowClock clock;
-    aq::App app(ui, clock);
-    aqtest::TempDir dir;
-    for (int i = 0; i < 100; ++i)
-        aqtest::writeBytes(dir.file("f" + std::to_string(100 + i) + ".dna"), std::string(1000, static_cast<char>(i)));
+    aqtest::DnaFixture f;
+    aq::App& app = f.app;
+    for (int i = 0; i < 100; ++i) f.writeDna("f" + std::to_string(100 + i) + ".dna", genome(i));
     aqtest::RecordingNotice recorder;
     app.notice = &recorder;
-    app.comboDrifterPath = dir.path();
-    aq::initiateLoadDrifterArchive(app);
+    f.clock.step = 0.9;
+    f.load();
     auto runPass = [&] {
         for (int slice = 0; slice < 1000 && app.speciesPending; ++slice) aq::speciateDrifterList(app);
     };

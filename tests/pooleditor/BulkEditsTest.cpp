@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <filesystem>
 
 #include "pool/PoolFile.h"
 #include "pooleditor/BulkEdits.h"
@@ -202,41 +203,58 @@ TEST(BulkEdits, FeedingBudget) {
     }
 }
 
-TEST(BulkEdits, DeleteQuestionsAndOutcomes) {
+TEST(BulkEdits, DeleteAndMoveQuestionsAndOutcomes) {
     TempDir dir;
     std::string saved = dir.file("sel.aqp");
     struct Case {
         const char* name;
+        bool move;  // Move saves without asking first, then deletes
         std::vector<int> ticked;
-        Answer answer;
+        Answer answer, food;   // to the delete question and to the food question
         std::string savePath;  // "" cancels the save dialog
         std::vector<int> left;
     } cases[] = {
-        {"cancel keeps all", {0, 2}, Answer::Cancel, "", {0, 1, 2, 3}},
-        {"no deletes", {0, 2}, Answer::No, "", {1, 3}},
-        {"yes then cancel deletes without saving", {0, 2}, Answer::Yes, "", {1, 3}},
-        {"yes saves then deletes", {0, 2}, Answer::Yes, saved, {1, 3}},
-        {"delete all", {0, 1, 2, 3}, Answer::No, "", {}},
+        {"cancel keeps all", false, {0, 2}, Answer::Cancel, Answer::No, "", {0, 1, 2, 3}},
+        {"no deletes", false, {0, 2}, Answer::No, Answer::No, "", {1, 3}},
+        {"yes then cancel deletes without saving", false, {0, 2}, Answer::Yes, Answer::No, "", {1, 3}},
+        {"yes saves then deletes", false, {0, 2}, Answer::Yes, Answer::No, saved, {1, 3}},
+        {"delete all", false, {0, 1, 2, 3}, Answer::No, Answer::No, "", {}},
+        {"move saves with food", true, {1}, Answer::Yes, Answer::Yes, saved, {0, 2, 3}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
+        std::filesystem::remove(saved);
         Editor e({bodyAt(0, 0, 0), bodyAt(1, 1, 1), bodyAt(2, 2, 2), bodyAt(3, 3, 3)}, 5);
+        const Pool open = e.app.openPool;
         e.app.lstSpeciatePool.setTag(3, 7);
         for (int r : c.ticked) e.app.lstSpeciatePool.setChecked(r, true);
-        e.ui.ask("yesnocancel", deleteQuestion(static_cast<int>(c.ticked.size())), kAppTitle, c.answer);
+        if (!c.move) e.ui.ask("yesnocancel", deleteQuestion(static_cast<int>(c.ticked.size())), kAppTitle, c.answer);
         if (c.answer == Answer::Yes) {
-            e.ui.ask("yesno", kCloneFood, "Clone Food Bits into New Pool", Answer::No);
+            e.ui.ask("yesno", kCloneFood, "Clone Food Bits into New Pool", c.food);
             e.ui.file("save", "Save New Pool of Selected Drifters", c.savePath, e.folder.path() + "||aqp|Pool Files");
         }
-        mSelectPoolDelete(e.app);
+        c.move ? mSelectPoolMove(e.app) : mSelectPoolDelete(e.app);
         EXPECT_TRUE(e.ui.done()) << e.ui.report();
         std::vector<int> ids;
         for (int i = 0; i < e.app.openPool.drifterCount; ++i) ids.push_back(e.d(i).id);
         EXPECT_EQ(ids, c.left);
         EXPECT_EQ(e.app.lstSpeciatePool.count(), e.app.openPool.drifterCount);
+        EXPECT_TRUE(c.left.empty() || e.app.lstSpeciatePool.tag(e.app.openPool.drifterCount - 1) == 7);  // tags stay
+        EXPECT_EQ(e.app.lstSpeciatePool.checkedCount(), c.answer == Answer::Cancel ? 2 : 0);
         EXPECT_EQ(e.app.poolChanged, c.left.size() != 4);
         EXPECT_EQ(e.app.openPoolPath, "/pools/open.aqp");
         EXPECT_EQ(e.app.openPool.foodCount, 5);
+        if (!c.savePath.empty()) {  // the ticked drifters byte for byte, food only when asked for
+            Pool p;
+            ASSERT_EQ(readPool(c.savePath, p).status, PoolReadStatus::Ok);
+            ASSERT_EQ(p.drifterCount, static_cast<int>(c.ticked.size()));
+            for (std::size_t i = 0; i < c.ticked.size(); ++i)
+                EXPECT_EQ(std::memcmp(&p.drifters[i], &open.drifters[static_cast<std::size_t>(c.ticked[i])],
+                                      sizeof(DrifterRec)),
+                          0);
+            EXPECT_EQ(p.foodCount, c.food == Answer::Yes ? 5 : 0);
+            EXPECT_EQ(p.historyBlock, open.historyBlock);
+        }
         if (c.left.empty()) {  // the empty box, and a file without drifters
             EXPECT_EQ(e.app.SliderSpeciatePoolDrifterX.min, -8000);
             std::string out = e.folder.file("empty.aqp");
@@ -246,43 +264,13 @@ TEST(BulkEdits, DeleteQuestionsAndOutcomes) {
             EXPECT_EQ(p.drifterCount, 0);
             EXPECT_EQ(readBytes(out).size(), p.fileSize());
         }
-        if (c.left.size() == 2) {
-            EXPECT_EQ(e.app.lstSpeciatePool.tag(1), 7);  // rows keep their tags
-            EXPECT_EQ(e.app.lstSpeciatePool.checkedCount(), 0);
-        }
-        if (!c.savePath.empty()) {
-            Pool p;
-            ASSERT_EQ(readPool(c.savePath, p).status, PoolReadStatus::Ok);
-            ASSERT_EQ(p.drifterCount, 2);
-            EXPECT_EQ(p.drifters[0].id * 10 + p.drifters[1].id, 2);
-            EXPECT_EQ(p.foodCount, 0);  // answered No to the food
-        }
     }
-}
-
-TEST(BulkEdits, MoveSavesWithFoodAndWithoutAsking) {
-    TempDir dir;
-    std::string saved = dir.file("moved.aqp");
-    Editor e({bodyAt(0, 0, 0), bodyAt(1, 1, 1)}, 3);
-    e.tick({1});
-    e.ui.ask("yesno", kCloneFood, "Clone Food Bits into New Pool", Answer::Yes);
-    e.ui.file("save", "Save New Pool of Selected Drifters", saved, e.folder.path() + "||aqp|Pool Files");
-    Pool open = e.app.openPool;
-    mSelectPoolMove(e.app);
-    EXPECT_TRUE(e.ui.done()) << e.ui.report();
-    Pool p;
-    ASSERT_EQ(readPool(saved, p).status, PoolReadStatus::Ok);
-    ASSERT_EQ(p.drifterCount, 1);
-    EXPECT_EQ(std::memcmp(&p.drifters[0], &open.drifters[1], sizeof(DrifterRec)), 0);
-    EXPECT_EQ(p.foodCount, 3);
-    EXPECT_EQ(p.historyBlock, open.historyBlock);
-    EXPECT_EQ(e.app.openPool.drifterCount, 1);
-    EXPECT_EQ(e.app.openPool.drifters[0].id, 0);
-
     // Nothing ticked: the one message, nothing else.
+    Editor e({bodyAt(0, 0, 0)});
     e.ui.message(kNone);
     mSelectPoolMove(e.app);
     e.ui.message("Nothing Selected");
     saveSelectedPoolSpecies(e.app);
     EXPECT_TRUE(e.ui.done()) << e.ui.report();
+    EXPECT_EQ(e.app.openPool.drifterCount, 1);
 }
