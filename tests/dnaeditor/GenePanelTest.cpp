@@ -42,8 +42,8 @@ struct Panel : aqtest::DnaFixture {
 };
 
 TEST(GenePanel, ChosenGeneWrapsAndButtonsStepTheText) {
-    const std::pair<const char*, int> cases[] = {{"-1", 999}, {"1001", 1}, {"12abc", 12}, {"abc", 0},
-                                                 {"2.5", 2},  {"3.5", 4},  {"-2000", 0},  {" 5", 5}};
+    const std::pair<const char*, int> cases[] = {{"-1", 999}, {"1000", 0}, {"1001", 1}, {"-1001", 1}, {"12abc", 12},
+                                                 {"abc", 0},  {"2.5", 2},  {"3.5", 4},  {"-2000", 0}, {" 5", 5}};
     for (auto [text, gene] : cases) EXPECT_EQ(aq::chosenGene(text), gene) << text;
     EXPECT_EQ(aq::steppedGeneText("0", -1), "-1");
     EXPECT_EQ(aq::steppedGeneText("4", 1), " 5");

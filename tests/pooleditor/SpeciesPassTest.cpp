@@ -82,6 +82,7 @@ TEST(SpeciesPass, TheNoticeComesOnceForASlowPassAndPatienceGrows) {
     ASSERT_EQ(recorder.shown.size(), 1u);
     EXPECT_EQ(recorder.shown[0].substr(0, 94),
               "Please be patient. Extended species grouping may take several minutes on larger aquariums.\r\n\r\n");
+    EXPECT_NE(recorder.shown[0].find("within the selected species boundary threshold."), std::string::npos);
     EXPECT_EQ(e.app.poolPatience, 16);
     EXPECT_FALSE(e.app.lstSpeciatePool.enabled());
     e.finish();
@@ -163,9 +164,10 @@ TEST(SpeciesThreshold, TypedTextsAndTheLateRewrite) {
         MultiTask task;
         FramesShown shown{true, false};
         typePoolSpeciesThreshold(app, c.typed);
-        app.uiBusy = true;  // busy: the typed text waits
-        for (int t = 0; t < 6; ++t) tmrMultiTaskTick(app, task, shown);
+        app.uiBusy = true;  // busy: the typed text waits for the next sweep
+        validatePoolSpeciesThreshold(app);
         EXPECT_TRUE(app.poolThresholdTyped);
+        EXPECT_EQ(app.scrollPoolSpeciesThreshold, 444);
         app.uiBusy = false;
         for (int t = 0; t < 6; ++t) tmrMultiTaskTick(app, task, shown);
         EXPECT_FALSE(app.poolThresholdTyped);
