@@ -42,12 +42,9 @@ struct Panel : aqtest::DnaFixture {
 };
 
 TEST(GenePanel, ChosenGeneWrapsAndButtonsStepTheText) {
-    const struct {
-        const char* text;
-        int gene;
-    } cases[] = {{"0", 0},   {"-1", 999}, {"1000", 0},  {"1001", 1},  {"12abc", 12}, {"abc", 0},
-                 {"2.5", 2}, {"3.5", 4},  {"-1001", 1}, {"-2000", 0}, {" 5", 5}};
-    for (const auto& c : cases) EXPECT_EQ(aq::chosenGene(c.text), c.gene) << c.text;
+    const std::pair<const char*, int> cases[] = {{"-1", 999}, {"1000", 0}, {"1001", 1}, {"-1001", 1}, {"12abc", 12},
+                                                 {"abc", 0},  {"2.5", 2},  {"3.5", 4},  {"-2000", 0}, {" 5", 5}};
+    for (auto [text, gene] : cases) EXPECT_EQ(aq::chosenGene(text), gene) << text;
     EXPECT_EQ(aq::steppedGeneText("0", -1), "-1");
     EXPECT_EQ(aq::steppedGeneText("4", 1), " 5");
     EXPECT_EQ(aq::steppedGeneText("-1", 1), " 0");
@@ -104,39 +101,34 @@ TEST(GenePanel, ScrollbarsAndCaptionFollowTheTicks) {
     EXPECT_FALSE(full.app.dna.gene.VsGeneValue.visible);
 
     Panel one({7});
-    EXPECT_EQ(one.app.dna.gene.lblGeneRange, "\r\nThe chosen gene has a value of 7 within the selected drifter.");
-    EXPECT_FALSE(one.app.dna.gene.VsGeneRange.visible);
-    EXPECT_TRUE(one.app.dna.gene.VsGeneValue.visible);
-    EXPECT_EQ(one.app.dna.gene.VsGeneValue.pos, 7);
-    EXPECT_EQ(one.app.dna.gene.VsGeneValue.min, 0);
-    EXPECT_EQ(one.app.dna.gene.VsGeneValue.max, 255);
-    EXPECT_TRUE(one.app.dna.gene.cmdZeroGeneEnabled);
+    auto& g = one.app.dna.gene;
+    EXPECT_EQ(g.lblGeneRange, "\r\nThe chosen gene has a value of 7 within the selected drifter.");
+    EXPECT_FALSE(g.VsGeneRange.visible);
+    EXPECT_TRUE(g.VsGeneValue.visible && g.cmdZeroGeneEnabled);
+    EXPECT_EQ(std::vector<int>({g.VsGeneValue.min, g.VsGeneValue.pos, g.VsGeneValue.max}),
+              std::vector<int>({0, 7, 255}));
     one.spread(5);  // a single value has no spread
-    EXPECT_FALSE(one.app.dna.gene.VsGeneRange.visible);
+    EXPECT_FALSE(g.VsGeneRange.visible);
 
     Panel same({4, 4});
-    EXPECT_EQ(same.app.dna.gene.lblGeneRange, "\r\nThe chosen gene has a value of 4 within the selected drifters.");
+    auto& h = same.app.dna.gene;
+    EXPECT_EQ(h.lblGeneRange, "\r\nThe chosen gene has a value of 4 within the selected drifters.");
     same.shift(4);
     EXPECT_EQ(same.app.dna.dnaChanged, (std::vector<std::uint8_t>{0, 0, 0}));
-
-    same.app.dna.gene.txtGene = "1000";
+    h.txtGene = "1000";
     aq::setGeneSliders(same.app);
-    EXPECT_FALSE(same.app.dna.gene.cmdZeroGeneEnabled);
-    EXPECT_EQ(same.app.dna.gene.lblGeneRange, "\r\nThe chosen gene has a value of 1 within the selected drifters.");
-
-    same.app.dna.gene.txtGene = "";
+    EXPECT_FALSE(h.cmdZeroGeneEnabled);
+    EXPECT_EQ(h.lblGeneRange, "\r\nThe chosen gene has a value of 1 within the selected drifters.");
+    h.txtGene = "";
     aq::setGeneSliders(same.app);
-    EXPECT_FALSE(same.app.dna.gene.VsGeneValue.visible);
-    EXPECT_FALSE(same.app.dna.gene.VsGeneRange.visible);
-    EXPECT_EQ(same.app.dna.gene.lblGeneRange,
-              "\r\nSelect drifters in the list on the left, and a gene number above this text.");
-
+    EXPECT_FALSE(h.VsGeneValue.visible || h.VsGeneRange.visible);
+    EXPECT_EQ(h.lblGeneRange, "\r\nSelect drifters in the list on the left, and a gene number above this text.");
     aq::geneScrollFocus(same.app, true, true);
-    EXPECT_EQ(same.app.dna.gene.lblGeneRange,
+    EXPECT_EQ(h.lblGeneRange,
               "Use the scrollbar to make the values of the chosen gene closer to or farther from the same in all "
               "selected drifters.");
     aq::geneScrollFocus(same.app, true, false);
-    EXPECT_EQ(same.app.dna.gene.lblGeneRange, "Use the scrollbars to change the numeric value of the chosen gene.");
+    EXPECT_EQ(h.lblGeneRange, "Use the scrollbars to change the numeric value of the chosen gene.");
 }
 
 }  // namespace

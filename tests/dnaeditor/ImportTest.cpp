@@ -25,13 +25,18 @@ aq::Pool poolOf(std::vector<aq::DrifterRec> drifters) {
     return p;
 }
 
+struct Importer : aqtest::DnaFixture {
+    explicit Importer(const std::string& poolPath, std::vector<aq::DrifterRec> drifters) {
+        app.comboDrifterPath = dir.path();
+        app.openPoolPath = poolPath;
+        app.workPool = poolOf(std::move(drifters));
+    }
+};
+
 TEST(ImportDrifters, NamesFromStemColoursAndId) {
-    aqtest::DnaFixture f;
-    f.app.comboDrifterPath = f.dir.path();
-    f.app.openPoolPath = "/pools/Sea.aqp";
+    Importer f("/pools/Sea.aqp", {drifter(12, {0, 1, 4}, 1), drifter(12, {0, 1, 4}, 2), drifter(3, {5, 9, 2}, 3),
+                                  drifter(4, {}, 4), drifter(5, {3}, 3)});
     f.writeDna("Sea.rob12.dna", aqtest::genome(0, {77}));  // on disk, not loaded
-    f.app.workPool = poolOf({drifter(12, {0, 1, 4}, 1), drifter(12, {0, 1, 4}, 2), drifter(3, {5, 9, 2}, 3),
-                             drifter(4, {}, 4), drifter(5, {3}, 3)});
     aq::importDriftersFromAquarium(f.app);
     EXPECT_TRUE(f.ui.done()) << f.ui.report();
     ASSERT_EQ(f.app.dna.dnaCount, 5);  // same genome twice in one pool: both come in
@@ -40,58 +45,45 @@ TEST(ImportDrifters, NamesFromStemColoursAndId) {
     EXPECT_EQ(f.app.dna.dnaPaths[0], f.path("Sea.rob12_0.dna"));
     EXPECT_EQ(f.app.dna.dnaChanged, (std::vector<std::uint8_t>{1, 1, 1, 1, 1}));
     EXPECT_EQ(f.app.dna.dnaGenes[2][0], 3);
-    EXPECT_TRUE(f.app.dnaLoaded);
-    EXPECT_TRUE(f.app.speciesPending);
+    EXPECT_TRUE(f.app.dnaLoaded && f.app.speciesPending);
     EXPECT_FALSE(std::filesystem::exists(f.path("Sea.py3.dna")));  // nothing is written yet
-
     // A second import adds nothing: every genome is there.
     aq::importDriftersFromAquarium(f.app);
     EXPECT_EQ(f.app.dna.dnaCount, 5);
     EXPECT_EQ(f.ui.waitDepth, 0);
-}
 
-TEST(ImportDrifters, StemIsUpToTheFirstDot) {
-    const struct {
-        const char* path;
-        const char* line;
-    } cases[] = {{"/p/My.Pool.aqp", "My.r1.dna"}, {"/p/plain", "plainr1.dna"}, {"", "r1.dna"}};
-    for (const auto& c : cases) {
-        aqtest::DnaFixture f;
-        f.app.comboDrifterPath = f.dir.path();
-        f.app.openPoolPath = c.path;
-        f.app.workPool = poolOf({drifter(1, {0}, 9)});
-        aq::importDriftersFromAquarium(f.app);
-        ASSERT_EQ(f.app.dna.dnaCount, 1);
-        EXPECT_EQ(f.lines()[0], c.line);
-        EXPECT_FALSE(f.app.speciesPending);  // one entry: nothing to compare
+    const std::pair<const char*, const char*> stems[] = {
+        {"/p/My.Pool.aqp", "My.r1.dna"}, {"/p/plain", "plainr1.dna"}, {"", "r1.dna"}};
+    for (auto [path, line] : stems) {
+        Importer g(path, {drifter(1, {0}, 9)});
+        aq::importDriftersFromAquarium(g.app);
+        EXPECT_EQ(g.lines(), std::vector<std::string>{line});
+        EXPECT_FALSE(g.app.speciesPending);  // one entry: nothing to compare
     }
 }
 
 TEST(ImportDrifters, QuickSpeciateLooksAtTheFirstHundredGenes) {
-    aqtest::DnaFixture f;
-    f.app.comboDrifterPath = f.dir.path();
     aq::DrifterRec d = drifter(1, {0}, 9);
-    f.app.dna.dnaGenes = {aq::Genome{}};
-    std::copy(std::begin(d.genes), std::end(d.genes), f.app.dna.dnaGenes[0].begin());
-    f.app.dna.dnaGenes[0][500] ^= 1;
+    Importer f("", {d});
+    aq::Genome g;
+    std::copy(std::begin(d.genes), std::end(d.genes), g.begin());
+    g[500] ^= 1;
+    f.app.dna.dnaGenes = {g};
     f.app.dna.dnaPaths = {f.path("x.dna")};
     f.app.dna.dnaChanged = {0};
     f.app.dna.dnaCount = 1;
-    f.app.workPool = poolOf({d});
     f.app.similarityDepth = 100;
-    EXPECT_EQ(aq::GeneDifferences(f.app, f.app.dna.dnaGenes[0], d.genes), 0);
+    EXPECT_EQ(aq::GeneDifferences(f.app, g, d.genes), 0);
     aq::importDriftersFromAquarium(f.app);
     EXPECT_EQ(f.app.dna.dnaCount, 1);
     f.app.similarityDepth = 1000;
-    EXPECT_EQ(aq::GeneDifferences(f.app, f.app.dna.dnaGenes[0], d.genes), 1);
+    EXPECT_EQ(aq::GeneDifferences(f.app, g, d.genes), 1);
     aq::importDriftersFromAquarium(f.app);
-    EXPECT_EQ(f.app.dna.dnaCount, 2);
     EXPECT_EQ(f.lines(), (std::vector<std::string>{"x.dna", "r1.dna"}));
 }
 
 TEST(ImportDrifters, TheQuestionsChooseTheSource) {
-    aqtest::DnaFixture f;
-    f.app.comboDrifterPath = f.dir.path();
+    Importer f("", {});
     f.app.comboPoolPath = "/pools";
     const std::string openQuestion =
         "Would you like to import the drifters from the currently open pool file into the Drifter Files list?";
@@ -122,13 +114,11 @@ TEST(ImportDrifters, TheQuestionsChooseTheSource) {
 
     f.ui.ask("yesnocancel", openQuestion, aq::kAppTitle, Answer::Yes);
     aq::importDrifters(f.app);
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
-    EXPECT_EQ(f.app.dna.dnaCount, 4);
     EXPECT_EQ(f.lines().back(), "y7.dna");
-
     f.ui.ask("yesnocancel", openQuestion, aq::kAppTitle, Answer::Cancel);
     aq::importDrifters(f.app);
     EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    EXPECT_EQ(f.app.dna.dnaCount, 4);
 }
 
 }  // namespace

@@ -1,11 +1,10 @@
 // The selection sentence: criteria, operators, enabling, and the tick that spreads.
 #include <gtest/gtest.h>
 
-#include "pooleditor/DrifterList.h"
+#include <cstring>
+
 #include "pooleditor/GroupSelection.h"
-#include "support/ManualClock.h"
-#include "support/PoolFixtures.h"
-#include "support/ScriptedUi.h"
+#include "pooleditor/PoolEditorFixture.h"
 
 using namespace aq;
 using namespace aqtest;
@@ -24,19 +23,12 @@ DrifterRec aged(int age) {
     return d;
 }
 
-struct Pair {
-    ScriptedUi ui;
-    ManualClock clock;
-    App app{ui, clock};
-    Pair(const DrifterRec& k, const DrifterRec& c, float threshold = 44.4f) {
-        app.openPool = makePool(0, 0);
-        app.openPool.drifters = {k, c};
-        app.openPool.drifterCount = 2;
-        app.poolThreshold = threshold;
-        populateSpeciatePoolList(app);
-    }
-    bool holds(int slot, int index) { return CriterionHolds(groupContext(app), slot, index, 0, 1); }
-};
+// Whether criterion `index` of `slot` relates drifter c to drifter k.
+bool holds(const DrifterRec& k, const DrifterRec& c, float threshold, int slot, int index) {
+    PoolEditor e(poolOf({k, c}));
+    e.app.poolThreshold = threshold;
+    return CriterionHolds(groupContext(e.app), slot, index, 0, 1);
+}
 
 }  // namespace
 
@@ -51,7 +43,6 @@ TEST(GroupCriteria, TheDocumentedExamples) {
         {"similar age reaches up from 100", aged(100), aged(131), 70, 3, true},
         {"similar age doesn't reach down from 131", aged(131), aged(100), 70, 3, false},
         {"age 0 only matches age 0", aged(5), aged(0), 0, 3, false},
-        {"age 0 with age 0", aged(0), aged(0), 50, 3, true},
         {"threshold 100: the same age", aged(100), aged(101), 100, 3, false},
         {"threshold 0: up to twice", aged(100), aged(50), 0, 3, true},
         {"threshold 0: not below half", aged(100), aged(49), 0, 3, false},
@@ -69,63 +60,52 @@ TEST(GroupCriteria, TheDocumentedExamples) {
         {"same age or younger", aged(10), aged(11), 44.4f, 12, false},
         {"same number of segments", colored({1, 2}), colored({3, 3}), 44.4f, 27, true},
     };
-    for (const Case& c : cases) {
-        Pair p(c.k, c.c, c.threshold);
-        EXPECT_EQ(p.holds(0, c.index), c.holds) << c.name;
-    }
+    for (const Case& c : cases) EXPECT_EQ(holds(c.k, c.c, c.threshold, 0, c.index), c.holds) << c.name;
 }
 
 TEST(GroupCriteria, MeasuresOfBothDrifters) {
     DrifterRec k = makeDrifter(0), c = makeDrifter(1);
-    k.totalLength = 100;
-    c.totalLength = 96.6f;  // 96.6 * 1.035 = 99.98 < 100
-    k.mass = 10;
-    c.mass = 10.36f;  // 10.36 * 0.965 = 9.9974 <= 10
+    k.totalLength = 100, c.totalLength = 96.6f;  // 96.6 * 1.035 = 99.98 < 100
+    k.mass = 10, c.mass = 10.36f;                // 10.36 * 0.965 = 9.9974 <= 10
     k.energy = 5, c.energy = 6;
     k.energyEfficiency = 2, c.energyEfficiency = 1;
     k.maternalOffspring = 1, c.maternalOffspring = 1;
     k.paternalOffspring = 3, c.paternalOffspring = 2;
     k.mealsEaten = 4, c.mealsEaten = 9;
-    Pair p(k, c, 96.5f);
-    struct Case {
-        int index;
-        bool holds;
-    } cases[] = {{4, false},  {5, true},   {13, false}, {14, true},  {15, true}, {16, false},
-                 {17, true},  {18, false}, {19, false}, {20, true},  {21, true}, {22, true},
-                 {23, false}, {24, true},  {25, true},  {26, false}, {1, true}};  // identical (zero) genes
-    for (const Case& c2 : cases) EXPECT_EQ(p.holds(0, c2.index), c2.holds) << c2.index;
-    // The slot lists map to the same tests; index 0 never holds.
-    struct Slot {
-        int index;
-        int group0;
-    } slots[] = {{1, 3},  {2, 4},  {3, 5},   {4, 6},   {5, 7},   {6, 8},  {7, 9},
-                 {8, 10}, {9, 11}, {10, 12}, {11, 15}, {12, 16}, {13, 27}};
-    for (const Slot& s : slots) EXPECT_EQ(p.holds(2, s.index), p.holds(0, s.group0)) << s.index;
-    EXPECT_FALSE(p.holds(1, 0));
-    EXPECT_FALSE(p.holds(1, -1));
+    // Group0 indices 13 to 26, then 1 (identical, zero genes) and 4, 5.
+    const std::vector<bool> expected{false, true,  true, false, true,  false, false, true, true,
+                                     true,  false, true, true,  false, true,  false, true};
+    const int indices[] = {13, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 24, 25, 26, 1, 4, 5};
+    std::vector<bool> got;
+    for (int index : indices) got.push_back(holds(k, c, 96.5f, 0, index));
+    EXPECT_EQ(got, expected);
+    // The other slots' items map to the same tests; their index 0 never holds.
+    const std::pair<int, int> slots[] = {{1, 3},  {2, 4},  {3, 5},   {4, 6},   {5, 7},   {6, 8},  {7, 9},
+                                         {8, 10}, {9, 11}, {10, 12}, {11, 15}, {12, 16}, {13, 27}};
+    for (auto [index, group0] : slots) EXPECT_EQ(holds(k, c, 96.5f, 2, index), holds(k, c, 96.5f, 0, group0)) << index;
+    EXPECT_FALSE(holds(k, c, 96.5f, 1, 0));
     EXPECT_EQ(poolGroup0Items().size(), 28u);
-    EXPECT_EQ(poolGroupSlotItems().size(), 14u);
-    EXPECT_EQ(poolGroupSlotItems()[13], "same segment count.");
-    EXPECT_EQ(poolGroupSlotItems()[1], "similar age.");
     EXPECT_EQ(poolGroup0Items()[13], "same total segemt lenth or higher.");
+    EXPECT_EQ(poolGroupSlotItems().size(), 14u);
+    EXPECT_EQ(poolGroupSlotItems()[1], "similar age.");
+    EXPECT_EQ(poolGroupSlotItems()[13], "same segment count.");
 }
 
 namespace {
 
 // Six drifters: 0, 1, 2 share their genes, 3, 4, 5 share theirs; base colours alternate.
-struct Sentence {
-    ScriptedUi ui;
-    ManualClock clock;
-    App app{ui, clock};
-    Sentence() {
-        app.openPool = makePool(6, 0);
+struct Sentence : PoolEditor {
+    static Pool six() {
+        Pool p = makePool(6, 0);
         for (int i = 0; i < 6; ++i) {
-            DrifterRec& d = app.openPool.drifters[static_cast<std::size_t>(i)];
+            DrifterRec& d = p.drifters[static_cast<std::size_t>(i)];
             std::memset(d.genes, i < 3 ? 1 : 2, sizeof d.genes);
             d.segmentCount = 1;
             d.segments[0].color = i % 2;
         }
-        populateSpeciatePoolList(app);
+        return p;
+    }
+    Sentence() : PoolEditor(six()) {
         app.lstSpeciatePool.onUserCheck = [this](int row, bool) { poolTickedByUser(app, row); };
         UpdatePoolGroupControls(app, true);
     }
@@ -133,67 +113,62 @@ struct Sentence {
         setPoolSentenceIndex(app, k, index);
         UpdatePoolGroupControls(app, k == 0);
     }
-    std::vector<int> ticked() const {
-        std::vector<int> t;
-        for (int i = 0; i < app.lstSpeciatePool.count(); ++i)
-            if (app.lstSpeciatePool.checked(i)) t.push_back(i);
-        return t;
+    std::vector<bool> enabled() const {
+        return std::vector<bool>(app.poolSentenceEnabled, app.poolSentenceEnabled + 7);
     }
 };
 
 }  // namespace
 
-TEST(GroupSelection, LocalSpeciesTicksAndUnticksItsSet) {
+TEST(GroupSelection, LocalAndExtendedSpeciesTickAndUntickTheirSets) {
     Sentence s;
     s.app.lstSpeciatePool.userCheck(4, true);
     EXPECT_EQ(s.ticked(), (std::vector<int>{3, 4, 5}));
     s.app.lstSpeciatePool.userCheck(0, true);
-    EXPECT_EQ(s.ticked(), (std::vector<int>{0, 1, 2, 3, 4, 5}));
     s.app.lstSpeciatePool.userCheck(1, false);
     EXPECT_EQ(s.ticked(), (std::vector<int>{3, 4, 5}));  // earlier ticks of other groups stay
     EXPECT_EQ(s.app.lstSpeciatePool.currentIndex(), 1);
     EXPECT_FALSE(s.app.uiBusy);
+
+    Sentence x;  // "extended species." follows the tags, not the genes
+    x.set(0, 2);
+    for (int i = 0; i < 6; ++i) x.app.lstSpeciatePool.setTag(i, i == 5 ? 0 : 1);
+    x.app.lstSpeciatePool.userCheck(5, true);
+    EXPECT_EQ(x.ticked(), (std::vector<int>{5}));
+    x.app.lstSpeciatePool.userCheck(0, true);
+    EXPECT_EQ(x.ticked(), (std::vector<int>{0, 1, 2, 3, 4, 5}));
 }
 
 TEST(GroupSelection, OperatorsLeftToRight) {
     struct Case {
         const char* name;
-        int op;
+        std::vector<int> sentence;  // indices of controls 1, 2, ...
         std::vector<int> ticked;
     } cases[] = {
-        {"And: same genes and same base colour", 1, {0, 2}},
-        {"Or", 2, {0, 1, 2, 4}},
-        {"Xor: exactly one (the clicked row keeps its own tick)", 3, {0, 1, 4}},
-        {"Eqv: both or neither", 4, {0, 2, 3, 5}},
+        {"And: same genes and same base colour", {1, 5}, {0, 2}},
+        {"Or", {2, 5}, {0, 1, 2, 4}},
+        {"Xor: exactly one (the clicked row keeps its own tick)", {3, 5}, {0, 1, 4}},
+        {"Eqv: both or neither", {4, 5}, {0, 2, 3, 5}},
+        {"(a And b) Or c: same segment count reaches everyone", {1, 5, 2, 13}, {0, 1, 2, 3, 4, 5}},
     };
     for (const Case& c : cases) {
         Sentence s;
-        s.set(1, c.op);
-        s.set(2, 5);  // "same base color."
+        for (std::size_t k = 0; k < c.sentence.size(); ++k) s.set(static_cast<int>(k) + 1, c.sentence[k]);
         s.app.lstSpeciatePool.userCheck(0, true);
         EXPECT_EQ(s.ticked(), c.ticked) << c.name;
     }
-    // ((a And b) Or c): the third criterion "same segment count." reaches everyone.
-    Sentence s;
-    s.set(1, 1);
-    s.set(2, 5);
-    s.set(3, 2);
-    s.set(4, 13);
-    s.app.lstSpeciatePool.userCheck(0, true);
-    EXPECT_EQ(s.ticked(), (std::vector<int>{0, 1, 2, 3, 4, 5}));
 }
 
 TEST(GroupSelection, TheSentenceEnablesLeftToRight) {
     Sentence s;
-    auto enabled = [&] { return std::vector<bool>(s.app.poolSentenceEnabled, s.app.poolSentenceEnabled + 7); };
-    EXPECT_EQ(enabled(), (std::vector<bool>{true, true, false, false, false, false, false}));
+    EXPECT_EQ(s.enabled(), (std::vector<bool>{true, true, false, false, false, false, false}));
     s.set(1, 1);
-    EXPECT_EQ(enabled(), (std::vector<bool>{true, true, true, true, false, false, false}));
+    EXPECT_EQ(s.enabled(), (std::vector<bool>{true, true, true, true, false, false, false}));
     s.set(3, 2);
     s.set(5, 3);
-    EXPECT_EQ(enabled(), (std::vector<bool>(7, true)));
+    EXPECT_EQ(s.enabled(), (std::vector<bool>(7, true)));
     s.set(0, 0);  // individual drifters: the rest goes dark but keeps its selections
-    EXPECT_EQ(enabled(), (std::vector<bool>{true, false, false, false, false, false, false}));
+    EXPECT_EQ(s.enabled(), (std::vector<bool>{true, false, false, false, false, false, false}));
     EXPECT_EQ(poolSentenceIndex(s.app, 1), 1);
     s.app.lstSpeciatePool.userCheck(3, true);
     EXPECT_EQ(s.ticked(), (std::vector<int>{3}));
@@ -203,14 +178,4 @@ TEST(GroupSelection, TheSentenceEnablesLeftToRight) {
     EXPECT_FALSE(s.app.lstSpeciatePool.enabled());
     s.set(0, 1);
     EXPECT_TRUE(s.app.lstSpeciatePool.enabled());
-}
-
-TEST(GroupSelection, ExtendedSpeciesFollowsTheTags) {
-    Sentence s;
-    s.set(0, 2);
-    for (int i = 0; i < 6; ++i) s.app.lstSpeciatePool.setTag(i, i == 5 ? 0 : 1);
-    s.app.lstSpeciatePool.userCheck(5, true);
-    EXPECT_EQ(s.ticked(), (std::vector<int>{5}));
-    s.app.lstSpeciatePool.userCheck(0, true);
-    EXPECT_EQ(s.ticked(), (std::vector<int>{0, 1, 2, 3, 4, 5}));
 }

@@ -2,38 +2,18 @@
 #include <gtest/gtest.h>
 
 #include "pooleditor/DrifterKey.h"
-#include "pooleditor/DrifterList.h"
 #include "pooleditor/Minorities.h"
-#include "support/ManualClock.h"
-#include "support/PoolFixtures.h"
-#include "support/ScriptedUi.h"
+#include "pooleditor/PoolEditorFixture.h"
 
 using namespace aq;
 using namespace aqtest;
 
 namespace {
 
-struct Editor {
-    ScriptedUi ui;
-    ManualClock clock;
-    App app{ui, clock};
-    explicit Editor(const Pool& p) {
-        app.openPool = p;
-        populateSpeciatePoolList(app);
-    }
-    std::vector<int> ticked() const {
-        std::vector<int> t;
-        for (int i = 0; i < app.lstSpeciatePool.count(); ++i)
-            if (app.lstSpeciatePool.checked(i)) t.push_back(i);
-        return t;
-    }
-};
-
 Pool segmentPool(std::vector<int> counts) {
-    Pool p = makePool(0, 0);
-    for (int n : counts) p.drifters.push_back(makeDrifter(static_cast<int>(p.drifters.size()), n));
-    p.drifterCount = static_cast<int>(p.drifters.size());
-    return p;
+    std::vector<DrifterRec> ds;
+    for (int n : counts) ds.push_back(makeDrifter(static_cast<int>(ds.size()), n));
+    return poolOf(ds);
 }
 
 DrifterRec body(std::vector<int> colors, std::vector<int> branches = {}) {
@@ -52,16 +32,12 @@ DrifterRec body(std::vector<int> colors, std::vector<int> branches = {}) {
 }  // namespace
 
 TEST(Minorities, TheDefaultPoolBySegmentCount) {
-    Editor e(defaultPool());
+    PoolEditor e(defaultPool());
     mSelectMutantsBySegmentCount(e.app);
-    std::vector<int> t = e.ticked();
-    ASSERT_EQ(t.size(), 2u);
-    for (int i : t) {
-        int n = e.app.openPool.drifters[static_cast<std::size_t>(i)].segmentCount;
-        EXPECT_TRUE(n == 1 || n == 6) << n;
-    }
+    EXPECT_EQ(e.ticked(), (std::vector<int>{0, 48}));
+    EXPECT_EQ(e.d(0).segmentCount * 10 + e.d(48).segmentCount, 16);  // the lone 1 and the lone 6
     // The other stages mark nobody in the default pool.
-    Editor f(defaultPool());
+    PoolEditor f(defaultPool());
     mSelectMutantsByBranching(f.app);
     mSelectMutantsByColorOrder(f.app);
     mSelectMutantsByColors(f.app);
@@ -76,28 +52,27 @@ TEST(Minorities, BarAndCounts) {
     struct Case {
         const char* name;
         std::vector<int> counts;
-        std::vector<int> dead;
+        int dead;
         std::vector<int> marked;
     } cases[] = {
-        {"everyone shares the key", {3, 3, 3, 3}, {}, {}},
+        {"everyone shares the key", {3, 3, 3, 3}, -1, {}},
         // 10 living, keys {1, 2}: bar 10 / 3 = 3.33 > 1 + 1 for the lone 2.
-        {"a lone key", {1, 1, 1, 1, 1, 1, 1, 1, 1, 2}, {}, {9}},
+        {"a lone key", {1, 1, 1, 1, 1, 1, 1, 1, 1, 2}, -1, {9}},
         // 6 living, keys {1, 2}: bar 2 = 1 + 1 is not above: strict.
-        {"strict at the bar", {1, 1, 1, 1, 1, 2}, {}, {}},
-        // The dead lone drifter neither counts nor is marked.
-        {"dead drifters", {1, 1, 1, 1, 1, 1, 1, 1, 1, 2}, {9}, {}},
+        {"strict at the bar", {1, 1, 1, 1, 1, 2}, -1, {}},
+        {"a dead lone drifter neither counts nor is marked", {1, 1, 1, 1, 1, 1, 1, 1, 1, 2}, 9, {}},
     };
     for (const Case& c : cases) {
         Pool p = segmentPool(c.counts);
-        for (int d : c.dead) p.drifters[static_cast<std::size_t>(d)].alive = 0;
-        Editor e(p);
+        if (c.dead >= 0) p.drifters[static_cast<std::size_t>(c.dead)].alive = 0;
+        PoolEditor e(p);
         mSelectMutantsBySegmentCount(e.app);
         EXPECT_EQ(e.ticked(), c.marked) << c.name;
     }
 }
 
 TEST(Minorities, KillingOnTheWorkPoolAndStillDrifters) {
-    Editor e(segmentPool({1, 1, 1, 1, 1, 1, 1, 1, 1, 2}));
+    PoolEditor e(segmentPool({1, 1, 1, 1, 1, 1, 1, 1, 1, 2}));
     e.app.workPool = e.app.openPool;
     // Without counting still drifters the population is 0: nobody is a minority.
     poolMutants(e.app, true, false, false, {true, false, false, false}, false);
@@ -111,14 +86,12 @@ TEST(Minorities, KillingOnTheWorkPoolAndStillDrifters) {
 
 TEST(Minorities, StageKeys) {
     // Colour order 0,2,1 (runs written once) is shared by the first two; colour set {0,1,2} by three.
-    Pool p = makePool(0, 0);
-    p.drifters = {body({0, 2, 2, 1, 1}), body({0, 2, 1}), body({1, 2, 0})};
-    for (int i = 0; i < 9; ++i) p.drifters.push_back(body({3}));
-    p.drifterCount = static_cast<int>(p.drifters.size());
-    Editor e(p);
-    mSelectMutantsByColorOrder(e.app);  // 12 living, 3 keys: bar 3; keys held by 1 and 2... 2 + 1 = 3, strict
+    std::vector<DrifterRec> ds = {body({0, 2, 2, 1, 1}), body({0, 2, 1}), body({1, 2, 0})};
+    ds.resize(12, body({3}));
+    PoolEditor e(poolOf(ds));
+    mSelectMutantsByColorOrder(e.app);  // 12 living, 3 keys: bar 3; 2 + 1 = 3 is not above, 1 + 1 is
     EXPECT_EQ(e.ticked(), (std::vector<int>{2}));
-    Editor f(p);
+    PoolEditor f(poolOf(ds));
     mSelectMutantsByColors(f.app);  // 2 keys: bar 4; {0,1,2} counts 3 -> 4, not above
     EXPECT_TRUE(f.ticked().empty());
 }
@@ -126,25 +99,19 @@ TEST(Minorities, StageKeys) {
 TEST(DrifterKeys, FieldsAndCompression) {
     EXPECT_EQ(CompressKey("11{0020}3"), "1{02}3");
     EXPECT_EQ(CompressKey("5\u00BB\u00BB<"), "5\u00BB<");
-    Pool p = makePool(0, 0);
-    p.drifters = {body({0, 0, 1, 1}), body({0, 1, 0, 1}, {3, 0, 0, 0}), body({0}), body({2, 2, 2}, {2, 0, 0})};
-    p.drifterCount = 4;
+    Pool p = poolOf({body({0, 0, 1, 1}), body({0, 1, 0, 1}, {3, 0, 0, 0}), body({0}), body({2, 2, 2}, {2, 0, 0})});
     // Colour fields: "0011" and "0101" both give "01".
     EXPECT_EQ(DrifterKey(p, 0, true, false, false), "401{000}");
     EXPECT_EQ(DrifterKey(p, 1, true, false, false), "401{000}");
     EXPECT_EQ(DrifterKey(p, 1, true, true, false), "401{000}");  // a short key is never compressed
-    // The Dot: one segment of colour 0, no branches.
-    EXPECT_EQ(DrifterKey(p, 2, true, false, false), "10{}");
+    EXPECT_EQ(DrifterKey(p, 2, true, false, false), "10{}");     // the Dot
     // Length 10 per segment: 10 / 10 + sqrt(10) / 3 = 2.05 -> 2; mass 5: 5 / 37 + sqrt(5) / 5 = 0.58 -> 0.
     EXPECT_EQ(DrifterKey(p, 2, false, false, false), "10{}20");
     // Detailed: base colour and colour count, 10/27 + 0.5 + sqrt(10)/5 = 1.5 -> 1, 5/50 + 0.5 + sqrt(5)/13 = 0.77 -> 0,
     // and equal segments give one "=".
     EXPECT_EQ(DrifterKey(p, 3, false, false, true), "321{00}10=");
-    EXPECT_EQ(DrifterKey(p, 3, false, true, true), "321{}10=");
-    EXPECT_EQ(DrifterKeyPair(p, 3),
-              DrifterKey(p, 3, false, true, false) + "\r\n" + DrifterKey(p, 3, false, true, true));
-    EXPECT_EQ(DrifterKey(p, 4, false, false, false), "");
-    EXPECT_EQ(DrifterKey(p, -1, false, false, false), "");
+    EXPECT_EQ(DrifterKeyPair(p, 3), DrifterKey(p, 3, false, true, false) + "\r\n321{}10=");
+    EXPECT_EQ(DrifterKey(p, 4, false, false, false) + DrifterKey(p, -1, false, false, false), "");
 }
 
 TEST(DrifterKeys, TaperSymbols) {
@@ -156,15 +123,10 @@ TEST(DrifterKeys, TaperSymbols) {
         {3, 12, 4, 10, "*."}, {4, 10, 4.002f, 10.001f, "="},  // within a thousandth
     };
     for (const Case& c : cases) {
-        Pool p = makePool(0, 0);
         DrifterRec d = body({0, 0});
-        d.segments[0].width = c.w0;
-        d.segments[0].length = c.l0;
-        d.segments[1].width = c.w1;
-        d.segments[1].length = c.l1;
-        p.drifters = {d};
-        p.drifterCount = 1;
-        std::string key = DrifterKey(p, 0, false, false, true);
+        d.segments[0].width = c.w0, d.segments[0].length = c.l0;
+        d.segments[1].width = c.w1, d.segments[1].length = c.l1;
+        std::string key = DrifterKey(poolOf({d}), 0, false, false, true);
         EXPECT_EQ(key.substr(key.find('}') + 3), c.field) << key;
     }
 }

@@ -1,37 +1,16 @@
 // Select All, Invert, the record holders and the quick-speciation switch.
 #include <gtest/gtest.h>
 
-#include "pooleditor/DrifterList.h"
+#include "pooleditor/PoolEditorFixture.h"
 #include "pooleditor/SelectionCommands.h"
 #include "pooleditor/SpeciesPass.h"
-#include "support/ManualClock.h"
-#include "support/PoolFixtures.h"
-#include "support/ScriptedUi.h"
 
 using namespace aq;
 using namespace aqtest;
 
 namespace {
 
-struct Rows {
-    ScriptedUi ui;
-    ManualClock clock;
-    App app{ui, clock};
-    explicit Rows(std::vector<DrifterRec> ds) {
-        app.openPool = makePool(0, 0);
-        app.openPool.drifters = std::move(ds);
-        app.openPool.drifterCount = static_cast<int>(app.openPool.drifters.size());
-        populateSpeciatePoolList(app);
-    }
-    std::vector<int> ticked() const {
-        std::vector<int> t;
-        for (int i = 0; i < app.lstSpeciatePool.count(); ++i)
-            if (app.lstSpeciatePool.checked(i)) t.push_back(i);
-        return t;
-    }
-};
-
-DrifterRec with(int age, int mat, int pat, int meals, float mass) {
+DrifterRec with(int age, int mat = 0, int pat = 0, int meals = 0, float mass = 0) {
     DrifterRec d = makeDrifter(0);
     d.age = age;
     d.maternalOffspring = mat;
@@ -50,65 +29,51 @@ TEST(RecordHolders, EachMeasureAndItsStart) {
     struct Case {
         const char* name;
         void (*command)(App&);
-        std::vector<int> ticked;
+        std::vector<int> ticked;  // with row 3, ticked before, staying
     } cases[] = {
-        {"Oldest", mSelectOldest, {1, 2}},
-        {"Most Prolithic", mSelectMostProlithic, {0, 2}},
-        {"Most Maternal", mSelectMaternal, {1}},
-        {"Most Paternal", mSelectPaternal, {2}},
-        {"Biggest Eater", mSelectBiggestEater, {1, 2}},
-        {"Heaviest", mSelectHeaviest, {1, 2}},
+        {"Oldest", mSelectOldest, {1, 2, 3}},
+        {"Most Prolithic", mSelectMostProlithic, {0, 2, 3}},
+        {"Most Maternal", mSelectMaternal, {1, 3}},
+        {"Most Paternal", mSelectPaternal, {2, 3}},
+        {"Biggest Eater", mSelectBiggestEater, {1, 2, 3}},
+        {"Heaviest", mSelectHeaviest, {1, 2, 3}},
     };
     for (const Case& c : cases) {
-        Rows r(pool);
-        r.app.lstSpeciatePool.setChecked(3, true);  // ticks set before stay
+        PoolEditor r(poolOf(pool));
+        r.app.lstSpeciatePool.setChecked(3, true);
         c.command(r.app);
-        std::vector<int> expected = c.ticked;
-        expected.push_back(3);
-        std::sort(expected.begin(), expected.end());
-        EXPECT_EQ(r.ticked(), expected) << c.name;
+        EXPECT_EQ(r.ticked(), c.ticked) << c.name;
         EXPECT_TRUE(r.app.lstSpeciatePool.visible());
         EXPECT_FALSE(r.app.uiBusy);
     }
+    // Everyone more paternal than maternal: the least negative is still the most maternal,
+    // but below the floor of -1000 nobody holds the record.
+    PoolEditor r(poolOf({with(1, 0, 5), with(1, 1, 3)})), low(poolOf({with(1, 0, 1500)})), none(poolOf({}));
+    mSelectMaternal(r.app);
+    mSelectMaternal(low.app);
+    mSelectHeaviest(none.app);
+    EXPECT_EQ(r.ticked(), (std::vector<int>{1}));
+    EXPECT_TRUE(low.ticked().empty());
+    EXPECT_TRUE(none.app.lstSpeciatePool.visible());
 }
 
 TEST(RecordHolders, TheCurrentRowMovesToTheFirstOtherHolder) {
-    std::vector<DrifterRec> pool = {with(90, 0, 0, 0, 0), with(50, 0, 0, 0, 0), with(90, 0, 0, 0, 0)};
-    Rows r(pool);
+    PoolEditor r(poolOf({with(90), with(50), with(90)}));
     r.app.lstSpeciatePool.setCurrentIndex(1);
     mSelectOldest(r.app);
     EXPECT_EQ(r.app.lstSpeciatePool.currentIndex(), 0);
-    r.app.lstSpeciatePool.setCurrentIndex(0);
     mSelectOldest(r.app);
     EXPECT_EQ(r.app.lstSpeciatePool.currentIndex(), 2);
-
-    Rows only({with(90, 0, 0, 0, 0), with(5, 0, 0, 0, 0)});
-    only.app.lstSpeciatePool.setCurrentIndex(0);
+    PoolEditor only(poolOf({with(90), with(5)}));
     mSelectOldest(only.app);
     EXPECT_EQ(only.app.lstSpeciatePool.currentIndex(), 0);
 }
 
-TEST(RecordHolders, FloorsAndEmptyPools) {
-    // Everyone more paternal than maternal: the least negative is still the most maternal.
-    Rows r({with(1, 0, 5, 0, 0), with(1, 1, 3, 0, 0)});
-    mSelectMaternal(r.app);
-    EXPECT_EQ(r.ticked(), (std::vector<int>{1}));
-    // Below the floor of -1000 nobody holds the record.
-    Rows low({with(1, 0, 1500, 0, 0)});
-    mSelectMaternal(low.app);
-    EXPECT_TRUE(low.ticked().empty());
-    Rows none({});
-    mSelectHeaviest(none.app);
-    EXPECT_TRUE(none.app.lstSpeciatePool.visible());
-}
-
 TEST(SelectionCommands, AllAndInvert) {
-    Rows r({makeDrifter(0), makeDrifter(1), makeDrifter(2)});
+    PoolEditor r(poolOf({makeDrifter(0), makeDrifter(1), makeDrifter(2)}));
     r.app.lstSpeciatePool.setChecked(1, true);
     InvertPoolDrifterSelection(r.app);
     EXPECT_EQ(r.ticked(), (std::vector<int>{0, 2}));
-    InvertPoolDrifterSelection(r.app);
-    EXPECT_EQ(r.ticked(), (std::vector<int>{1}));
     SelectAllDrifters(r.app);
     SelectAllDrifters(r.app);
     EXPECT_EQ(r.ticked(), (std::vector<int>{0, 1, 2}));
@@ -118,37 +83,29 @@ TEST(SelectionCommands, AllAndInvert) {
 }
 
 TEST(QuickSpeciate, TogglingChangesTheDepthAndRestartsThePass) {
-    {
-        Rows r({makeDrifter(0)});
-        ToggleQuickSpeciate(r.app);
-        EXPECT_FALSE(r.app.quickSpeciate);
-        EXPECT_EQ(r.app.similarityDepth, 1000);
-        EXPECT_FALSE(r.app.poolSpeciesPending);  // no pool file open
-        EXPECT_EQ(r.app.scrollPoolSpeciesThreshold, 444);
-        EXPECT_EQ(r.app.txtPoolSpeciesThreshold, " 44.4");
-        EXPECT_FLOAT_EQ(r.app.poolThreshold, 44.4f);
-        EXPECT_TRUE(r.app.poolThresholdTyped);
-        EXPECT_EQ(r.app.dna.scrollDrifterSpeciesThreshold.pos, 965);  // nudged and put back
-        EXPECT_TRUE(r.app.drifterThresholdTyped);
-        ToggleQuickSpeciate(r.app);
-        EXPECT_EQ(r.app.similarityDepth, 100);
-    }
-    {
-        Rows r({makeDrifter(0), makeDrifter(1)});
-        r.app.openPoolPath = "/pools/open.aqp";
-        ToggleQuickSpeciate(r.app);
-        EXPECT_TRUE(r.app.poolSpeciesPending);
-        speciatePoolList(r.app);
-        EXPECT_FALSE(r.app.poolSpeciesPending);
-        EXPECT_EQ(r.app.lstSpeciatePool.text(1).substr(0, 4), "{0} ");
-    }
-    {
-        // At position 0 the nudge goes to the other end and back.
-        Rows r({makeDrifter(0)});
-        r.app.scrollPoolSpeciesThreshold = 0;
-        r.app.poolThreshold = 0;
-        ToggleQuickSpeciate(r.app);
-        EXPECT_EQ(r.app.scrollPoolSpeciesThreshold, 0);
-        EXPECT_EQ(r.app.txtPoolSpeciesThreshold, " 0");
-    }
+    PoolEditor r(poolOf({makeDrifter(0), makeDrifter(1)}));
+    ToggleQuickSpeciate(r.app);
+    EXPECT_FALSE(r.app.quickSpeciate);
+    EXPECT_EQ(r.app.similarityDepth, 1000);
+    EXPECT_FALSE(r.app.poolSpeciesPending);  // no pool file open
+    EXPECT_EQ(r.app.scrollPoolSpeciesThreshold, 444);
+    EXPECT_EQ(r.app.txtPoolSpeciesThreshold, " 44.4");
+    EXPECT_TRUE(r.app.poolThresholdTyped);
+    EXPECT_EQ(r.app.dna.scrollDrifterSpeciesThreshold.pos, 965);  // nudged and put back
+    EXPECT_TRUE(r.app.drifterThresholdTyped);
+
+    r.app.openPoolPath = "/pools/open.aqp";
+    ToggleQuickSpeciate(r.app);
+    EXPECT_EQ(r.app.similarityDepth, 100);
+    EXPECT_TRUE(r.app.poolSpeciesPending);
+    speciatePoolList(r.app);
+    EXPECT_FALSE(r.app.poolSpeciesPending);
+    EXPECT_EQ(r.app.lstSpeciatePool.text(1).substr(0, 4), "{0} ");
+
+    // At position 0 the nudge goes to the other end and back.
+    r.app.scrollPoolSpeciesThreshold = 0;
+    r.app.poolThreshold = 0;
+    ToggleQuickSpeciate(r.app);
+    EXPECT_EQ(r.app.scrollPoolSpeciesThreshold, 0);
+    EXPECT_EQ(r.app.txtPoolSpeciesThreshold, " 0");
 }

@@ -3,74 +3,30 @@
 
 #include <cstring>
 
-#include "pooleditor/DrifterList.h"
+#include "pooleditor/PoolEditorFixture.h"
 #include "pooleditor/SpeciesPass.h"
 #include "shell/MultiTask.h"
-#include "support/ManualClock.h"
-#include "support/PoolFixtures.h"
 #include "support/RecordingNotice.h"
-#include "support/ScriptedUi.h"
 
 using namespace aq;
 using namespace aqtest;
 
 namespace {
 
-// Every reading of the clock moves it on, so a pass runs out of time after a few drifters.
-class SteppingClock : public ManualClock {
-public:
-    double step = 0;
-    double secondsSinceMidnight() override {
-        double now = seconds;
-        seconds += step;
-        return now;
-    }
-};
-
-struct Editor {
-    ScriptedUi ui;
-    SteppingClock clock;
-    App app{ui, clock};
-    explicit Editor(const Pool& pool, int depth = 100) {
-        app.openPool = pool;
+struct Editor : PoolEditor {
+    explicit Editor(const Pool& pool, int depth = 100) : PoolEditor(pool) {
         app.openPoolPath = "/pools/open.aqp";
         app.similarityDepth = static_cast<std::int16_t>(depth);
         app.poolLoaded = true;
-        populateSpeciatePoolList(app);
         app.poolSpeciesPending = true;
     }
     // Runs slices as the timer would, until the pass is done; returns how many it took.
     int finish() {
         int slices = 0;
-        while (app.poolSpeciesPending && slices < 10000) {
-            speciatePoolList(app);
-            ++slices;
-        }
+        for (; app.poolSpeciesPending && slices < 10000; ++slices) speciatePoolList(app);
         return slices;
     }
-    std::vector<std::int32_t> tags() const {
-        std::vector<std::int32_t> t;
-        for (int i = 0; i < app.lstSpeciatePool.count(); ++i) t.push_back(app.lstSpeciatePool.tag(i));
-        return t;
-    }
 };
-
-int species(const std::vector<std::int32_t>& tags) {
-    std::int32_t top = -1;
-    for (auto t : tags) top = std::max(top, t);
-    return top + 1;
-}
-
-// A pool whose drifters differ only in how many of their first genes they share with drifter 0.
-Pool kinPool(std::initializer_list<int> shared) {
-    Pool p = makePool(static_cast<int>(shared.size()), 0);
-    int i = 0;
-    for (int s : shared) {
-        auto& g = p.drifters[static_cast<std::size_t>(i++)].genes;
-        for (int k = 0; k < 1000; ++k) g[k] = static_cast<std::uint8_t>(k < s ? k : 200 + i);
-    }
-    return p;
-}
 
 }  // namespace
 
@@ -90,7 +46,7 @@ TEST(SpeciesPass, TheDefaultPoolAtBothDepths) {
         e.app.poolThreshold = static_cast<float>(c.position / 10.0);
         e.finish();
         auto tags = e.tags();
-        EXPECT_EQ(species(tags), c.speciesCount) << c.depth << " " << c.position;
+        EXPECT_EQ(*std::max_element(tags.begin(), tags.end()) + 1, c.speciesCount) << c.depth << " " << c.position;
         EXPECT_EQ(std::vector<std::int32_t>(tags.begin(), tags.begin() + static_cast<long>(c.first.size())), c.first);
         EXPECT_EQ(tags, poolSpeciesTags(e.app.openPool, e.app.poolThreshold, c.depth));
         // The tags stand at the head of the lines, and the pass leaves the list usable.
@@ -100,64 +56,48 @@ TEST(SpeciesPass, TheDefaultPoolAtBothDepths) {
     }
 }
 
-TEST(SpeciesPass, KnownTagsOfABuiltPool) {
-    // Shares with drifter 0 of 100 leading genes (depth 100); drifter 0 shares all with itself.
-    Pool p = kinPool({100, 50, 44, 43, 100, 10});
-    Editor e(p);
-    e.finish();
-    // 44 and more is similar at 44.4%; drifters 3 and 5 share their first 10 genes too (10 < 44).
-    EXPECT_EQ(e.tags(), (std::vector<std::int32_t>{0, 0, 0, 1, 0, 2}));
-    EXPECT_EQ(e.app.lstSpeciatePool.text(5).substr(0, 4), "{2} ");
-}
-
 TEST(SpeciesPass, SlicesGiveTheTagsOfOnePass) {
-    Pool p = defaultPool();
-    Editor whole(p, 1000);
-    whole.finish();
-
-    Editor sliced(p, 1000);
+    Editor whole(defaultPool(), 1000), sliced(defaultPool(), 1000);
+    EXPECT_EQ(whole.finish(), 1);
     sliced.clock.step = 0.7;  // three readings fill a slice
-    int slices = sliced.finish();
-    EXPECT_GT(slices, 10);
+    EXPECT_GT(sliced.finish(), 10);
     EXPECT_EQ(sliced.tags(), whole.tags());
     EXPECT_EQ(sliced.app.lstSpeciatePool.text(4), whole.app.lstSpeciatePool.text(4));
+    // A start time that single precision rounds up still gets its whole slice.
+    Editor late(defaultPool());
+    late.clock.seconds = 4000.0002;
+    EXPECT_EQ(late.finish(), 1);
 }
 
 TEST(SpeciesPass, TheNoticeComesOnceForASlowPassAndPatienceGrows) {
-    // 1000 look-alike drifters.
-    Pool p = makePool(1000, 0);
+    Pool p = makePool(1000, 0);  // look-alikes: the pass compares every pair
     for (auto& d : p.drifters) std::memset(d.genes, 7, sizeof d.genes);
     Editor e(p);
     e.app.comboSpeciatePoolGroup0 = 2;
     e.app.lastHelpMove = e.clock.seconds - 100;
-    aqtest::RecordingNotice recorder;
+    RecordingNotice recorder;
     e.app.notice = &recorder;
-    std::vector<std::string>& notices = recorder.shown;
-    e.clock.step = 0.9;  // two drifters a slice: slow enough for every notice
+    e.clock.step = 0.9;  // two drifters a slice
     speciatePoolList(e.app);
-    ASSERT_EQ(notices.size(), 1u);
-    EXPECT_EQ(notices[0].substr(0, 94),
+    ASSERT_EQ(recorder.shown.size(), 1u);
+    EXPECT_EQ(recorder.shown[0].substr(0, 94),
               "Please be patient. Extended species grouping may take several minutes on larger aquariums.\r\n\r\n");
-    EXPECT_NE(notices[0].find("within the selected species boundary threshold."), std::string::npos);
+    EXPECT_NE(recorder.shown[0].find("within the selected species boundary threshold."), std::string::npos);
     EXPECT_EQ(e.app.poolPatience, 16);
     EXPECT_FALSE(e.app.lstSpeciatePool.enabled());
     e.finish();
-    EXPECT_EQ(notices.size(), 1u);
+    EXPECT_EQ(recorder.shown.size(), 1u);
     EXPECT_TRUE(e.app.lstSpeciatePool.enabled());
-
-    // Patience runs 16, 32, 64, 128, 256 and stays there.
     for (int expected : {32, 64, 128, 256, 256}) {
         e.app.poolSpeciesPending = true;
         e.finish();
         EXPECT_EQ(e.app.poolPatience, expected);
     }
-    EXPECT_EQ(notices.size(), 6u);
-
     // None outside "extended species.".
     e.app.comboSpeciatePoolGroup0 = 1;
     e.app.poolSpeciesPending = true;
     e.finish();
-    EXPECT_EQ(notices.size(), 6u);
+    EXPECT_EQ(recorder.shown.size(), 6u);
 }
 
 TEST(SpeciesPass, AThresholdChangeDuringAPass) {
@@ -170,15 +110,15 @@ TEST(SpeciesPass, AThresholdChangeDuringAPass) {
     ASSERT_EQ(e.app.poolPassIndex, 2);
     setPoolSpeciesThresholdPosition(e.app, 0);  // everything is similar now
     EXPECT_EQ(e.app.txtPoolSpeciesThreshold, " 0");
-    EXPECT_TRUE(e.app.poolSpeciesPending);
-    EXPECT_TRUE(e.app.poolPassRunning);
+    EXPECT_TRUE(e.app.poolSpeciesPending && e.app.poolPassRunning);
     e.finish();
     EXPECT_EQ(e.tags(), (std::vector<std::int32_t>(10, 0)));
 
-    // A change after the pass (or one that finishes in its slice) starts a new pass.
+    // A change after the pass starts a new one.
     Editor f(p);
     f.finish();
     EXPECT_EQ(f.tags(), (std::vector<std::int32_t>{0, 0, 1, 2, 3, 4, 5, 6, 7, 8}));
+    EXPECT_EQ(f.app.lstSpeciatePool.text(2).substr(0, 4), "{1} ");
     setPoolSpeciesThresholdPosition(f.app, 0);
     EXPECT_TRUE(f.app.poolSpeciesPending);
     EXPECT_FALSE(f.app.poolPassRunning);
@@ -186,119 +126,80 @@ TEST(SpeciesPass, AThresholdChangeDuringAPass) {
     EXPECT_EQ(f.tags(), (std::vector<std::int32_t>(10, 0)));
 
     // A generated pool without a path doesn't restart.
-    Editor g(p);
-    g.finish();
-    g.app.openPoolPath.clear();
-    setPoolSpeciesThresholdPosition(g.app, 0);
-    EXPECT_FALSE(g.app.poolSpeciesPending);
-    EXPECT_FLOAT_EQ(g.app.poolThreshold, 0.0f);
+    f.app.openPoolPath.clear();
+    setPoolSpeciesThresholdPosition(f.app, 500);
+    EXPECT_FALSE(f.app.poolSpeciesPending);
+    EXPECT_FLOAT_EQ(f.app.poolThreshold, 50.0f);
 }
 
 TEST(SpeciesPass, AListOutOfStepWithThePoolRestartsThePass) {
-    Pool p = kinPool({100, 50, 10, 10});
-    Editor e(p);
+    Editor e(kinPool({100, 50, 10, 10}));
     e.clock.step = 0.7;
     speciatePoolList(e.app);
     ASSERT_EQ(e.app.poolPassIndex, 2);
     e.app.lstSpeciatePool.remove(3);  // the list no longer matches the pool
-    e.app.lstSpeciatePool.remove(2);
     speciatePoolList(e.app);
     EXPECT_EQ(e.app.poolPassIndex, 0);
-    EXPECT_TRUE(e.app.poolPassRunning);
-    EXPECT_TRUE(e.app.poolSpeciesPending);
+    EXPECT_TRUE(e.app.poolPassRunning && e.app.poolSpeciesPending);
     EXPECT_FALSE(e.app.uiBusy);
     populateSpeciatePoolList(e.app);
     e.finish();
     EXPECT_EQ(e.tags(), (std::vector<std::int32_t>{0, 0, 1, 2}));
 }
 
-TEST(SpeciesPass, AClockReadingThatRoundsUpStillGivesAFullSlice) {
-    Editor e(defaultPool());
-    e.clock.seconds = 4000.0002;  // single precision holds 4000.000244
-    ASSERT_GT(static_cast<double>(static_cast<float>(e.clock.seconds)), e.clock.seconds);
-    EXPECT_EQ(e.finish(), 1);
-}
-
 TEST(SpeciesThreshold, TypedTextsAndTheLateRewrite) {
     struct Case {
         const char* typed;
         int position;
-        float threshold;
         const char* canonical;
     } cases[] = {
-        {"95%", 950, 95.0f, " 95"},     {" 95 ", 950, 95.0f, " 95"},    {"abc", 0, 0.0f, " 0"},
-        {"-5", 1000, 100.0f, " 100"},   {"12.34", 123, 12.3f, " 12.3"}, {".7", 7, 0.7f, " .7"},
-        {"44.45", 444, 44.4f, " 44.4"},  // 444.5 goes to the even 444
-        {"1e1", 100, 10.0f, " 10"},     {"300", 1000, 100.0f, " 100"},
+        {" 95% ", 950, " 95"}, {"abc", 0, " 0"},    {"-5", 1000, " 100"},    {"300", 1000, " 100"},
+        {".7", 7, " .7"},      {"1e1", 100, " 10"}, {"44.45", 444, " 44.4"},  // 444.5 goes to the even 444
     };
     for (const Case& c : cases) {
+        SCOPED_TRACE(c.typed);
         ScriptedUi ui;
         ManualClock clock;
         App app(ui, clock);
-        app.scrollPoolSpeciesThreshold = 500;
-        typePoolSpeciesThreshold(app, c.typed);
         MultiTask task;
         FramesShown shown{true, false};
+        typePoolSpeciesThreshold(app, c.typed);
+        app.uiBusy = true;  // busy: the typed text waits for the next sweep
+        validatePoolSpeciesThreshold(app);
+        EXPECT_TRUE(app.poolThresholdTyped);
+        EXPECT_EQ(app.scrollPoolSpeciesThreshold, 444);
+        app.uiBusy = false;
         for (int t = 0; t < 6; ++t) tmrMultiTaskTick(app, task, shown);
         EXPECT_FALSE(app.poolThresholdTyped);
-        EXPECT_EQ(app.scrollPoolSpeciesThreshold, c.position) << c.typed;
-        EXPECT_FLOAT_EQ(app.poolThreshold, c.threshold) << c.typed;
+        EXPECT_EQ(app.scrollPoolSpeciesThreshold, c.position);
+        EXPECT_FLOAT_EQ(app.poolThreshold, static_cast<float>(c.position / 10.0));
         EXPECT_EQ(app.txtPoolSpeciesThreshold, c.typed) << "the text stays as typed at first";
         // Typed again and left alone for more than five seconds: the text is rewritten.
         typePoolSpeciesThreshold(app, c.typed);
         clock.advance(5.5);
         for (int t = 0; t < 6; ++t) tmrMultiTaskTick(app, task, shown);
-        EXPECT_EQ(app.txtPoolSpeciesThreshold, c.canonical) << c.typed;
+        EXPECT_EQ(app.txtPoolSpeciesThreshold, c.canonical);
     }
-}
-
-TEST(SpeciesThreshold, BusyDefersTheTypedText) {
-    ScriptedUi ui;
-    ManualClock clock;
-    App app(ui, clock);
-    typePoolSpeciesThreshold(app, "50");
-    app.uiBusy = true;
-    validatePoolSpeciesThreshold(app);
-    EXPECT_TRUE(app.poolThresholdTyped);
-    EXPECT_EQ(app.scrollPoolSpeciesThreshold, 444);
 }
 
 TEST(SpeciesThreshold, RangeMessages) {
-    {
-        Editor e(defaultPool(), 100);
-        e.ui.message("Range found.  Listed drifters all match from 0% to  95% of each other's genetic sequences.");
-        findPoolThresholdRange(e.app);
-        EXPECT_TRUE(e.ui.done()) << e.ui.report();
-    }
-    {
-        Editor e(defaultPool(), 1000);
-        e.ui.message("Range found.  Listed drifters all match from 0% to  99.5% of each other's genetic sequences.");
-        findPoolThresholdRange(e.app);
-        EXPECT_TRUE(e.ui.done()) << e.ui.report();
-    }
-    {
-        Editor e(kinPool({60, 60}), 100);  // two drifters equal in their first 100 genes at depth 100
-        e.ui.message("Zero range found.  Listed drifters all match  60% of each other's genetic sequences.");
-        findPoolThresholdRange(e.app);
-        EXPECT_TRUE(e.ui.done()) << e.ui.report();
-    }
-    {
-        Editor e(kinPool({100, 100, 90}), 1000);
-        e.ui.message("Range found.  Listed drifters all match from 9% to  10% of each other's genetic sequences.");
+    struct Case {
+        Pool pool;
+        int depth;
+        const char* message;
+    } cases[] = {
+        {defaultPool(), 100, "Range found.  Listed drifters all match from 0% to  95%"},
+        {defaultPool(), 1000, "Range found.  Listed drifters all match from 0% to  99.5%"},
+        {kinPool({60, 60}), 100, "Zero range found.  Listed drifters all match  60%"},
+        {kinPool({100, 100, 95, 3}), 100, "Range found.  Listed drifters all match from 3% to  100%"},  // to even
+        {kinPool({100, 100, 90}), 1000, "Range found.  Listed drifters all match from 9% to  10%"},
+        {kinPool({100}), 100, "Zero range found.  Listed drifters all match  100%"},  // one drifter
+    };
+    for (const Case& c : cases) {
+        Editor e(c.pool, c.depth);
+        e.ui.message(std::string(c.message) + " of each other's genetic sequences.");
         findPoolThresholdRange(e.app);
         EXPECT_TRUE(e.ui.done()) << e.ui.report();
         EXPECT_FALSE(e.app.PoolProgressBar1.visible);
-    }
-    {
-        Editor e(kinPool({100, 100, 95, 3}), 100);  // half-way thousandths round to even
-        e.ui.message("Range found.  Listed drifters all match from 3% to  100% of each other's genetic sequences.");
-        findPoolThresholdRange(e.app);
-        EXPECT_TRUE(e.ui.done()) << e.ui.report();
-    }
-    {
-        Editor e(kinPool({100}), 100);  // one drifter: nothing to tell apart
-        e.ui.message("Zero range found.  Listed drifters all match  100% of each other's genetic sequences.");
-        findPoolThresholdRange(e.app);
-        EXPECT_TRUE(e.ui.done()) << e.ui.report();
     }
 }

@@ -1,0 +1,63 @@
+#pragma once
+// A program state with a pool on show in the drifter list, for the pool editor tests.
+#include <vector>
+
+#include "pooleditor/DrifterList.h"
+#include "support/ManualClock.h"
+#include "support/PoolFixtures.h"
+#include "support/ScriptedUi.h"
+
+namespace aqtest {
+
+// Every reading moves the clock on by `step`, so a slice runs out of time after a few drifters.
+class SteppingClock : public ManualClock {
+public:
+    double step = 0;
+    double secondsSinceMidnight() override {
+        double now = seconds;
+        seconds += step;
+        return now;
+    }
+};
+
+inline aq::Pool poolOf(std::vector<aq::DrifterRec> drifters, int food = 0) {
+    aq::Pool p = makePool(0, food);
+    p.drifters = std::move(drifters);
+    p.drifterCount = static_cast<int>(p.drifters.size());
+    return p;
+}
+
+// Drifters that share their first `shared` genes with one pattern and differ from everyone after.
+inline aq::Pool kinPool(std::initializer_list<int> shared) {
+    aq::Pool p = makePool(static_cast<int>(shared.size()), 0);
+    int i = 0;
+    for (int s : shared) {
+        auto& g = p.drifters[static_cast<std::size_t>(i++)].genes;
+        for (int k = 0; k < 1000; ++k) g[k] = static_cast<std::uint8_t>(k < s ? k : 200 + i);
+    }
+    return p;
+}
+
+struct PoolEditor {
+    ScriptedUi ui;
+    SteppingClock clock;
+    aq::App app{ui, clock};
+    explicit PoolEditor(aq::Pool pool) {
+        app.openPool = std::move(pool);
+        aq::populateSpeciatePoolList(app);
+    }
+    aq::DrifterRec& d(int i) { return app.openPool.drifters[static_cast<std::size_t>(i)]; }
+    std::vector<int> ticked() const {
+        std::vector<int> t;
+        for (int i = 0; i < app.lstSpeciatePool.count(); ++i)
+            if (app.lstSpeciatePool.checked(i)) t.push_back(i);
+        return t;
+    }
+    std::vector<std::int32_t> tags() const {
+        std::vector<std::int32_t> t;
+        for (int i = 0; i < app.lstSpeciatePool.count(); ++i) t.push_back(app.lstSpeciatePool.tag(i));
+        return t;
+    }
+};
+
+}  // namespace aqtest
