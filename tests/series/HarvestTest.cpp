@@ -316,6 +316,9 @@ TEST(Harvest, FoldersAndFailures) {
     Rig r;
     r.writePoolFile("a.aqp", {candidate(1, 10, 3)});
     writeBytes(r.dir.file("B.aqp"), std::string(40, '\x07'));
+    std::string negative = aq::poolBytes(makePool(0, 1));  // a count of -1 reads as no drifters
+    negative.replace(12, 4, std::string(4, '\xFF'));
+    writeBytes(r.dir.file("b2.aqp"), negative);
     r.writePoolFile("c.aqp", {candidate(3, 11, 30)});
     r.writePoolFile("c.txt", {candidate(4, 12, 90)});
     r.ui.message("Not a Aquarium 4 or 5 data file");
