@@ -18,13 +18,6 @@ inline aq::Genome genome(int fill, std::vector<int> head = {}) {
     return g;
 }
 
-// With a `step`, every reading moves the clock on, so each slice of a pass runs out of time.
-class SteppingClock : public ManualClock {
-public:
-    double step = 0;
-    double secondsSinceMidnight() override { return seconds += step; }
-};
-
 struct DnaFixture {
     ScriptedUi ui;
     SteppingClock clock;

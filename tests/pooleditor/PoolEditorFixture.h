@@ -9,17 +9,6 @@
 
 namespace aqtest {
 
-// Every reading moves the clock on by `step`, so a slice runs out of time after a few drifters.
-class SteppingClock : public ManualClock {
-public:
-    double step = 0;
-    double secondsSinceMidnight() override {
-        double now = seconds;
-        seconds += step;
-        return now;
-    }
-};
-
 inline aq::Pool poolOf(std::vector<aq::DrifterRec> drifters, int food = 0) {
     aq::Pool p = makePool(0, food);
     p.drifters = std::move(drifters);

@@ -13,4 +13,16 @@ public:
     void advance(double s) { seconds += s; }
 };
 
+// Every reading moves the clock on by `step`, so a slice of a long pass runs out of time
+// after a few items.
+class SteppingClock : public ManualClock {
+public:
+    double step = 0;
+    double secondsSinceMidnight() override {
+        double now = seconds;
+        seconds += step;
+        return now;
+    }
+};
+
 }  // namespace aqtest
