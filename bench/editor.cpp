@@ -5,6 +5,7 @@
 
 #include <random>
 
+#include "EqualBytes.h"
 #include "dnaeditor/DrifterFiles.h"
 #include "foodeditor/FoodEdits.h"
 #include "foodeditor/FoodList.h"
@@ -110,19 +111,7 @@ void DnaThresholdRange2000(benchmark::State& state) {
 // Floor of the ranges: every pair, every one of the 1000 genes, counted in a plain loop.
 void EqualBytesEveryPair2000(benchmark::State& state) {
     const aq::Pool& pool = worldPool();
-    for (auto _ : state) {
-        long total = 0;
-        for (int i = 0; i < kCount; ++i) {
-            const std::uint8_t* a = pool.drifters[static_cast<std::size_t>(i)].genes;
-            for (int j = 0; j < i; ++j) {
-                const std::uint8_t* b = pool.drifters[static_cast<std::size_t>(j)].genes;
-                int m = 0;
-                for (int k = 0; k < 1000; ++k) m += a[k] == b[k];
-                total += m;
-            }
-        }
-        benchmark::DoNotOptimize(total);
-    }
+    for (auto _ : state) benchmark::DoNotOptimize(equalBytesEveryPair(pool, kCount, 1000));
 }
 
 // The split looks for the two most different genomes, so its floor is the pairwise count too.

@@ -4,6 +4,7 @@
 
 #include <random>
 
+#include "EqualBytes.h"
 #include "pooleditor/DrifterList.h"
 #include "pooleditor/SpeciesPass.h"
 #include "support/ManualClock.h"
@@ -80,19 +81,7 @@ void SpeciesSlice(benchmark::State& state) {
 void EqualBytesEveryPair(benchmark::State& state) {
     const aq::Pool& pool = poolFor(static_cast<int>(state.range(1)));
     int depth = static_cast<int>(state.range(0));
-    for (auto _ : state) {
-        long total = 0;
-        for (int i = 0; i < kDrifters; ++i) {
-            const std::uint8_t* a = pool.drifters[static_cast<std::size_t>(i)].genes;
-            for (int j = 0; j < i; ++j) {
-                const std::uint8_t* b = pool.drifters[static_cast<std::size_t>(j)].genes;
-                int m = 0;
-                for (int k = 0; k < depth; ++k) m += a[k] == b[k];
-                total += m;
-            }
-        }
-        benchmark::DoNotOptimize(total);
-    }
+    for (auto _ : state) benchmark::DoNotOptimize(equalBytesEveryPair(pool, kDrifters, depth));
 }
 
 }  // namespace
