@@ -3,7 +3,7 @@
 // `count` drifters, every gene up to `depth`, counted in a plain loop.
 #include <cstdint>
 
-#include "pool/Records.h"
+#include "format/Records.h"
 
 inline long equalBytesEveryPair(const aq::Pool& pool, int count, int depth) {
     long total = 0;

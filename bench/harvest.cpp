@@ -6,8 +6,8 @@
 
 #include <random>
 
-#include "shell/QuietUi.h"
-#include "pool/PoolFile.h"
+#include "base/QuietUi.h"
+#include "format/PoolFile.h"
 #include "pooleditor/DrifterKey.h"
 #include "series/Grouping.h"
 #include "series/PrepareSteps.h"

@@ -3,8 +3,8 @@
 
 #include <filesystem>
 
-#include "pool/PoolFile.h"
-#include "shell/FileIo.h"
+#include "format/PoolFile.h"
+#include "base/FileIo.h"
 #include "support/PoolFixtures.h"
 #include "support/TempDir.h"
 

@@ -7,8 +7,8 @@
 #include <cstring>
 #include <string>
 
-#include "pool/DnaFile.h"
-#include "shell/FileIo.h"
+#include "format/DnaFile.h"
+#include "base/FileIo.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
-#include "shell/FileNames.h"
-#include "shell/Paths.h"
+#include "files/FileNames.h"
+#include "base/Paths.h"
 #include "support/ManualClock.h"
 #include "support/ScriptedUi.h"
 

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "pool/PoolFile.h"
+#include "format/PoolFile.h"
 #include "pooleditor/DrifterKey.h"
 #include "series/Harvest.h"
 #include "series/PrepareSteps.h"

@@ -13,7 +13,7 @@ for target in fuzz/*.cpp; do
   name=$(basename "$target" .cpp)
   echo "== fuzzing $name for ${seconds}s"
   # shellcheck disable=SC2086
-  clang++ -std=c++20 -O1 -g -fsanitize=fuzzer $san -Isrc -Itests "$target" "$out/libaqcore.a" -o "$out/$name"
+  clang++ -std=c++20 -O1 -g -fsanitize=fuzzer $san -Isrc -Itests "$target" "$out/libaqcore.a" "$out/libaqformats.a" -o "$out/$name"
   mkdir -p "$out/corpus-$name"
   "$out/$name" -max_total_time="$seconds" -rss_limit_mb=2048 -max_len=300000 "$out/corpus-$name" 2>&1 | tail -n 2
 done

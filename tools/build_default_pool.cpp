@@ -13,7 +13,7 @@
 #include "default_pool/Bodies.h"
 #include "default_pool/Genomes.h"
 #include "default_pool/Rng.h"
-#include "pool/PoolFile.h"
+#include "format/PoolFile.h"
 
 using namespace aq;
 

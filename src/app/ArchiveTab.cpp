@@ -15,7 +15,7 @@
 #include "archive/ArchiveChecks.h"
 #include "archive/ArchiveHelp.h"
 #include "archive/ArchiveTransfers.h"
-#include "shell/App.h"
+#include "state/App.h"
 
 namespace aqapp {
 

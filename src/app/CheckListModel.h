@@ -4,7 +4,7 @@
 #include <QAbstractListModel>
 #include <QListView>
 
-#include "shell/CheckList.h"
+#include "base/CheckList.h"
 
 namespace aqapp {
 

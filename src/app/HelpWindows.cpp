@@ -10,7 +10,8 @@
 #include <QVBoxLayout>
 
 #include "app/MainWindow.h"
-#include "shell/App.h"
+#include "shell/MultiTask.h"
+#include "state/App.h"
 
 namespace aqapp {
 

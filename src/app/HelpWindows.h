@@ -4,7 +4,7 @@
 #include <QDialog>
 #include <QTimer>
 
-#include "shell/Notice.h"
+#include "base/Notice.h"
 
 class QLabel;
 

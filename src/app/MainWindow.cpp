@@ -18,9 +18,9 @@
 #include "app/MenuTree.h"
 #include "app/PathFrame.h"
 #include "app/TabFrame.h"
-#include "pool/PoolOps.h"
+#include "files/PoolOps.h"
 #include "shell/MenuState.h"
-#include "shell/PathBoxes.h"
+#include "files/PathBoxes.h"
 #include "shell/Settings.h"
 #include "shell/Shutdown.h"
 

@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-#include "shell/App.h"
+#include "state/App.h"
 #include "shell/MultiTask.h"
 
 class QTabWidget;

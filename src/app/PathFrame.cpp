@@ -8,8 +8,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-#include "shell/App.h"
-#include "shell/PathBoxes.h"
+#include "state/App.h"
+#include "files/PathBoxes.h"
 
 namespace aqapp {
 

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "shell/CheckList.h"
+#include "base/CheckList.h"
 
 namespace aqapp {
 

@@ -5,8 +5,8 @@
 #include <functional>
 #include <optional>
 
-#include "pool/PoolGeometry.h"
-#include "pool/Records.h"
+#include "format/PoolGeometry.h"
+#include "format/Records.h"
 
 namespace aq {
 class CheckList;

@@ -6,7 +6,7 @@
 #include <QInputDialog>
 #include <QMessageBox>
 
-#include "shell/FileNames.h"
+#include "files/FileNames.h"
 
 namespace aqapp {
 

@@ -4,7 +4,7 @@
 #include <QStringList>
 #include <QWidget>
 
-#include "shell/Ui.h"
+#include "base/Ui.h"
 
 namespace aqapp {
 

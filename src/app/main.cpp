@@ -5,7 +5,7 @@
 
 #include "app/MainWindow.h"
 #include "app/QtUi.h"
-#include "shell/Clock.h"
+#include "base/Clock.h"
 
 namespace {
 

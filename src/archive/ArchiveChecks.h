@@ -2,7 +2,7 @@
 // The archive list's three check buttons and the caption of the archive button.
 #include <string>
 
-#include "shell/App.h"
+#include "state/App.h"
 
 namespace aq {
 

@@ -3,7 +3,7 @@
 // under the pointer.
 #include <string>
 
-#include "shell/App.h"
+#include "state/App.h"
 
 namespace aq {
 

@@ -4,9 +4,9 @@
 #include <random>
 #include <system_error>
 
-#include "shell/FileNames.h"
-#include "shell/PathBoxes.h"
-#include "shell/Paths.h"
+#include "files/FileNames.h"
+#include "files/PathBoxes.h"
+#include "base/Paths.h"
 
 namespace aq {
 

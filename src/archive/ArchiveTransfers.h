@@ -4,7 +4,7 @@
 #include <string>
 #include <system_error>
 
-#include "shell/App.h"
+#include "state/App.h"
 
 namespace aq {
 

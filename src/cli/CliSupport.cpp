@@ -7,7 +7,7 @@
 
 #include "cli/Cli.h"
 #include "generator/Random.h"
-#include "pool/PoolFile.h"
+#include "format/PoolFile.h"
 
 namespace aqcli {
 

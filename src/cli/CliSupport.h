@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <string>
 
-#include "pool/Records.h"
-#include "shell/Clock.h"
-#include "shell/QuietUi.h"
+#include "format/Records.h"
+#include "base/Clock.h"
+#include "base/QuietUi.h"
 
 namespace aqcli {
 

@@ -4,8 +4,8 @@
 
 #include "cli/Cli.h"
 #include "cli/CliSupport.h"
-#include "pool/DnaFile.h"
-#include "pool/PoolFile.h"
+#include "format/DnaFile.h"
+#include "format/PoolFile.h"
 
 using namespace aqcli;
 

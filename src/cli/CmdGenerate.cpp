@@ -6,8 +6,8 @@
 #include "foodeditor/FoodList.h"
 #include "generator/Generator.h"
 #include "generator/Random.h"
-#include "pool/PoolFile.h"
-#include "pool/PoolOps.h"
+#include "format/PoolFile.h"
+#include "files/PoolOps.h"
 
 using namespace aqcli;
 

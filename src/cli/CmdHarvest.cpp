@@ -9,15 +9,15 @@
 #include "cli/Cli.h"
 #include "cli/CliSupport.h"
 #include "generator/Random.h"
-#include "pool/PoolFile.h"
-#include "pool/PoolOps.h"
+#include "format/PoolFile.h"
+#include "files/PoolOps.h"
 #include "series/Feeding.h"
 #include "series/Grouping.h"
 #include "series/Harvest.h"
 #include "series/PrepareSteps.h"
 #include "series/Success.h"
-#include "shell/Clock.h"
-#include "shell/NumberText.h"
+#include "base/Clock.h"
+#include "base/NumberText.h"
 
 using namespace aqcli;
 

@@ -3,9 +3,9 @@
 
 #include "cli/Cli.h"
 #include "cli/CliSupport.h"
-#include "pool/PoolFile.h"
-#include "pool/PoolMerge.h"
-#include "shell/App.h"
+#include "format/PoolFile.h"
+#include "files/PoolMerge.h"
+#include "state/App.h"
 
 using namespace aqcli;
 

@@ -3,12 +3,12 @@
 
 #include "cli/Cli.h"
 #include "cli/CliSupport.h"
-#include "pool/PoolFile.h"
-#include "pool/PoolOps.h"
+#include "format/PoolFile.h"
+#include "files/PoolOps.h"
 #include "pooleditor/DrifterList.h"
 #include "pooleditor/SpeciesPass.h"
-#include "shell/FileIo.h"
-#include "shell/NumberText.h"
+#include "base/FileIo.h"
+#include "base/NumberText.h"
 
 using namespace aqcli;
 

@@ -4,7 +4,7 @@
 #include "cli/Cli.h"
 #include "cli/CliSupport.h"
 #include "pooleditor/SpeciesPass.h"
-#include "shell/NumberText.h"
+#include "base/NumberText.h"
 
 using namespace aqcli;
 

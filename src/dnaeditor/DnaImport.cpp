@@ -2,8 +2,8 @@
 #include <filesystem>
 
 #include "dnaeditor/DrifterFiles.h"
-#include "pool/PoolOps.h"
-#include "shell/Paths.h"
+#include "files/PoolOps.h"
+#include "base/Paths.h"
 
 namespace aq {
 

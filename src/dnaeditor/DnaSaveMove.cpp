@@ -6,7 +6,7 @@
 
 #include "dnaeditor/DrifterFiles.h"
 #include "dnaeditor/GenePanel.h"
-#include "shell/Paths.h"
+#include "base/Paths.h"
 
 namespace aq {
 

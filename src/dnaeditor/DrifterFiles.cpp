@@ -4,8 +4,8 @@
 #include <filesystem>
 
 #include "dnaeditor/GenePanel.h"
-#include "shell/FileIo.h"
-#include "shell/Paths.h"
+#include "base/FileIo.h"
+#include "base/Paths.h"
 
 namespace aq {
 

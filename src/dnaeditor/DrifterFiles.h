@@ -3,7 +3,7 @@
 // species, the group ticks and the threshold controls.
 #include <string>
 
-#include "shell/App.h"
+#include "state/App.h"
 
 namespace aq {
 

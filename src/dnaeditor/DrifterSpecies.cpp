@@ -6,8 +6,8 @@
 #include "dnaeditor/DrifterFiles.h"
 #include "pooleditor/Similarity.h"
 #include "pooleditor/SpeciesPass.h"
-#include "shell/NumberText.h"
-#include "shell/ThresholdText.h"
+#include "base/NumberText.h"
+#include "base/ThresholdText.h"
 
 namespace aq {
 

@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "generator/StartupSettings.h"
-#include "shell/NumberText.h"
+#include "base/NumberText.h"
 
 namespace aq {
 

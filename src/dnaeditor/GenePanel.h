@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "shell/App.h"
+#include "state/App.h"
 
 namespace aq {
 

@@ -3,11 +3,11 @@
 #include <algorithm>
 
 #include "foodeditor/FoodList.h"
-#include "pool/PoolOps.h"
-#include "pool/PoolSave.h"
+#include "files/PoolOps.h"
+#include "files/PoolSave.h"
 #include "pooleditor/TickedRecords.h"
-#include "shell/FileNames.h"
-#include "shell/NumberText.h"
+#include "files/FileNames.h"
+#include "base/NumberText.h"
 
 namespace aq {
 

@@ -2,7 +2,7 @@
 // The ticked food bits of lstPoolFood: how far a tick spreads, the selection box and
 // its sliders, deletion and saving to a new pool.
 #include "pooleditor/SelectionBox.h"
-#include "shell/App.h"
+#include "state/App.h"
 
 namespace aq {
 

@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "shell/NumberText.h"
+#include "base/NumberText.h"
 
 namespace aq {
 

@@ -2,8 +2,8 @@
 // The lines of lstPoolFood: one per food bit of openPool.
 #include <string>
 
-#include "pool/Records.h"
-#include "shell/App.h"
+#include "format/Records.h"
+#include "state/App.h"
 
 namespace aq {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "shell/ThresholdText.h"
+#include "base/ThresholdText.h"
 
 namespace aq {
 

@@ -2,7 +2,7 @@
 // The proximity threshold of the food tab: scrollbar and text box.
 #include <string>
 
-#include "shell/App.h"
+#include "state/App.h"
 
 namespace aq {
 

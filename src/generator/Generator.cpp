@@ -6,8 +6,8 @@
 #include "foodeditor/FoodList.h"
 #include "generator/Placement.h"
 #include "generator/Random.h"
-#include "pool/PoolOps.h"
-#include "pool/PoolSave.h"
+#include "files/PoolOps.h"
+#include "files/PoolSave.h"
 #include "pooleditor/DrifterList.h"
 
 namespace aq {

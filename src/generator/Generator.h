@@ -5,7 +5,7 @@
 #include <cstdint>
 
 #include "generator/StartupSettings.h"
-#include "shell/App.h"
+#include "state/App.h"
 
 namespace aq {
 

@@ -3,7 +3,7 @@
 // for the whole body (position, previous position and every used segment's points).
 #include <cstdint>
 
-#include "pool/Records.h"
+#include "format/Records.h"
 
 namespace aq {
 

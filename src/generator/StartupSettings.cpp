@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "generator/Random.h"
-#include "shell/NumberText.h"
+#include "base/NumberText.h"
 
 namespace aq {
 

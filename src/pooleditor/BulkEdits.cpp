@@ -3,12 +3,12 @@
 #include <algorithm>
 
 #include "foodeditor/FoodList.h"
-#include "pool/PoolOps.h"
-#include "pool/PoolSave.h"
+#include "files/PoolOps.h"
+#include "files/PoolSave.h"
 #include "pooleditor/DrifterList.h"
 #include "pooleditor/TickedRecords.h"
-#include "shell/FileNames.h"
-#include "shell/NumberText.h"
+#include "files/FileNames.h"
+#include "base/NumberText.h"
 
 namespace aq {
 

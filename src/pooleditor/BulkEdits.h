@@ -2,7 +2,7 @@
 // What can be done to the ticked drifters of lstSpeciatePool: kill, revive, feed,
 // carry off into a new pool file, delete, and move or stretch as one group.
 #include "pooleditor/SelectionBox.h"
-#include "shell/App.h"
+#include "state/App.h"
 
 namespace aq {
 

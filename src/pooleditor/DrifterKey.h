@@ -3,7 +3,7 @@
 // count as the same shape.
 #include <string>
 
-#include "pool/Records.h"
+#include "format/Records.h"
 
 namespace aq {
 

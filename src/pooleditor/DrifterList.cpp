@@ -1,10 +1,10 @@
 #include "pooleditor/DrifterList.h"
 
 #include "foodeditor/FoodList.h"
-#include "pool/PoolOps.h"
-#include "pool/PoolSave.h"
-#include "shell/FileNames.h"
-#include "shell/NumberText.h"
+#include "files/PoolOps.h"
+#include "files/PoolSave.h"
+#include "files/FileNames.h"
+#include "base/NumberText.h"
 
 namespace aq {
 

@@ -2,8 +2,8 @@
 // The lines of lstSpeciatePool: one per drifter of openPool, and the load command.
 #include <string>
 
-#include "pool/Records.h"
-#include "shell/App.h"
+#include "format/Records.h"
+#include "state/App.h"
 
 namespace aq {
 

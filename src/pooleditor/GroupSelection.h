@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "shell/App.h"
+#include "state/App.h"
 
 namespace aq {
 

@@ -1,6 +1,6 @@
 #pragma once
 // Minorities: body plans that few living drifters share, found stage by stage.
-#include "shell/App.h"
+#include "state/App.h"
 
 namespace aq {
 

@@ -3,7 +3,7 @@
 // The drifter list and the food list share it: what differs is only how one selected
 // thing is carried to a new coordinate (a drifter takes its whole body along, a food
 // bit is a point).
-#include "shell/Controls.h"
+#include "base/Controls.h"
 
 namespace aq {
 

@@ -3,7 +3,7 @@
 // and the switch between quick and full genetic comparisons.
 #include <functional>
 
-#include "shell/App.h"
+#include "state/App.h"
 
 namespace aq {
 

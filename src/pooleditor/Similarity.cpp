@@ -5,7 +5,7 @@
 #include <cmath>
 #include <cstring>
 
-#include "pool/Records.h"
+#include "format/Records.h"
 
 #if defined(__SSE2__)
 #include <emmintrin.h>

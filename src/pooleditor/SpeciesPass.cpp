@@ -5,8 +5,8 @@
 
 #include "pooleditor/DrifterList.h"
 #include "pooleditor/Similarity.h"
-#include "shell/NumberText.h"
-#include "shell/ThresholdText.h"
+#include "base/NumberText.h"
+#include "base/ThresholdText.h"
 
 namespace aq {
 

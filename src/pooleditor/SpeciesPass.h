@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "shell/App.h"
+#include "state/App.h"
 
 namespace aq {
 

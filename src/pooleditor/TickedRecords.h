@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "shell/CheckList.h"
+#include "base/CheckList.h"
 
 namespace aq {
 

@@ -2,7 +2,7 @@
 // Starting, finding and closing the simulator, and the timed run of one pool.
 #include <cstdint>
 
-#include "shell/App.h"
+#include "state/App.h"
 
 namespace aq {
 

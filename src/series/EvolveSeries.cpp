@@ -1,6 +1,6 @@
 #include "series/EvolveSeries.h"
 
-#include "pool/PoolOps.h"
+#include "files/PoolOps.h"
 #include "series/AqRun.h"
 #include "series/SeriesLinks.h"
 #include "series/SeriesNames.h"

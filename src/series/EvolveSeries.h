@@ -3,7 +3,7 @@
 // result as the next file or files of the series.
 #include <string>
 
-#include "shell/App.h"
+#include "state/App.h"
 
 namespace aq {
 

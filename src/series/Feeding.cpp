@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "series/PrepareSteps.h"
-#include "shell/Paths.h"
-#include "shell/ThresholdText.h"
+#include "base/Paths.h"
+#include "base/ThresholdText.h"
 
 namespace aq {
 

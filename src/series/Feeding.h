@@ -1,8 +1,8 @@
 #pragma once
 // Energy for chosen drifters and more food for the pool before a run, and the menu
 // item that picks the colour feeding.
-#include "pool/Records.h"
-#include "shell/App.h"
+#include "format/Records.h"
+#include "state/App.h"
 
 namespace aq {
 

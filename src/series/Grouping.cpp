@@ -8,8 +8,8 @@
 #include "generator/Placement.h"
 #include "pooleditor/Similarity.h"
 #include "series/PrepareSteps.h"
-#include "shell/Paths.h"
-#include "shell/ThresholdText.h"
+#include "base/Paths.h"
+#include "base/ThresholdText.h"
 
 namespace aq {
 

@@ -3,8 +3,8 @@
 // gathering of food that go with it, and the menu item that picks the layout.
 #include <string>
 
-#include "pool/Records.h"
-#include "shell/App.h"
+#include "format/Records.h"
+#include "state/App.h"
 
 namespace aq {
 

@@ -6,12 +6,12 @@
 
 #include "foodeditor/FoodList.h"
 #include "generator/Random.h"
-#include "pool/PoolFile.h"
+#include "format/PoolFile.h"
 #include "pooleditor/DrifterKey.h"
 #include "pooleditor/DrifterList.h"
 #include "series/Success.h"
-#include "shell/Paths.h"
-#include "shell/ThresholdText.h"
+#include "base/Paths.h"
+#include "base/ThresholdText.h"
 
 namespace aq {
 

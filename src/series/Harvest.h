@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "series/KeyLines.h"
-#include "shell/App.h"
+#include "state/App.h"
 
 namespace aq {
 

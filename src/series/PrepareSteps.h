@@ -4,8 +4,8 @@
 // its count; none reports anything.
 #include <cstdint>
 
-#include "pool/Records.h"
-#include "shell/App.h"
+#include "format/Records.h"
+#include "state/App.h"
 
 namespace aq {
 

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "pool/PoolOps.h"
+#include "files/PoolOps.h"
 #include "series/SeriesLinks.h"
 #include "series/SeriesNames.h"
 

@@ -4,15 +4,15 @@
 #include <filesystem>
 
 #include "generator/Random.h"
-#include "pool/PoolMerge.h"
-#include "pool/PoolOps.h"
+#include "files/PoolMerge.h"
+#include "files/PoolOps.h"
 #include "pooleditor/Minorities.h"
 #include "series/Feeding.h"
 #include "series/Grouping.h"
 #include "series/Harvest.h"
 #include "series/PrepareSteps.h"
-#include "shell/FileNames.h"
-#include "shell/Paths.h"
+#include "files/FileNames.h"
+#include "base/Paths.h"
 
 namespace aq::series {
 

@@ -4,7 +4,7 @@
 // whose owner isn't built yet does nothing, and the cycle goes on without it.
 #include <string>
 
-#include "shell/App.h"
+#include "state/App.h"
 
 namespace aq::series {
 

@@ -4,7 +4,7 @@
 // "00" are different pools.
 #include <string>
 
-#include "shell/App.h"
+#include "state/App.h"
 
 namespace aq {
 

@@ -3,7 +3,7 @@
 // different pools comparable.
 #include <string>
 
-#include "pool/Records.h"
+#include "format/Records.h"
 
 namespace aq {
 

@@ -1,9 +1,9 @@
 #include "shell/MultiTask.h"
 
+#include "base/Clock.h"
 #include "dnaeditor/DrifterFiles.h"
 #include "foodeditor/FoodThreshold.h"
 #include "pooleditor/SpeciesPass.h"
-#include "shell/Clock.h"
 
 namespace aq {
 
@@ -50,6 +50,11 @@ void tmrMultiTaskTick(App& app, MultiTask& task, FramesShown shown) {
         app.lstSpeciatePool.setVisible(true);
     }
     if (!app.poolSpeciesPending && !app.speciesPending) app.lstSpeciatePool.setEnabled(true);
+}
+
+bool noticeMayFade(App& app, double lastStir) {
+    return elapsedSeconds(lastStir, app.clock.secondsSinceMidnight()) > 5.0 && app.lstSpeciatePool.enabled() &&
+           app.lstSpeciateDrifters.enabled();
 }
 
 }  // namespace aq

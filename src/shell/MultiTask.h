@@ -1,6 +1,6 @@
 #pragma once
 // The background timer's schedule: one phase a tick, five phases a sweep.
-#include "shell/App.h"
+#include "state/App.h"
 
 namespace aq {
 
@@ -17,5 +17,9 @@ struct FramesShown {
 };
 
 void tmrMultiTaskTick(App& app, MultiTask& task, FramesShown shown);
+
+// True when a notice last stirred at `lastStir` may go: more than 5 seconds ago, and
+// both lstSpeciatePool and lstSpeciateDrifters are enabled again.
+bool noticeMayFade(App& app, double lastStir);
 
 }  // namespace aq

@@ -6,10 +6,10 @@
 #include <sstream>
 
 #include "archive/ArchiveChecks.h"
-#include "shell/FileIo.h"
-#include "shell/FileNames.h"
-#include "shell/PathBoxes.h"
-#include "shell/Paths.h"
+#include "base/FileIo.h"
+#include "files/FileNames.h"
+#include "files/PathBoxes.h"
+#include "base/Paths.h"
 
 namespace aq {
 

@@ -3,7 +3,7 @@
 // three folder boxes, as lines of key, " = ", value.
 #include <string>
 
-#include "shell/App.h"
+#include "state/App.h"
 
 namespace aq {
 

@@ -1,7 +1,7 @@
 #include "shell/Shutdown.h"
 
 #include "dnaeditor/DrifterFiles.h"
-#include "pool/PoolSave.h"
+#include "files/PoolSave.h"
 #include "shell/Settings.h"
 
 namespace aq {

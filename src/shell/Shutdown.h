@@ -1,5 +1,5 @@
 #pragma once
-#include "shell/App.h"
+#include "state/App.h"
 
 namespace aq {
 

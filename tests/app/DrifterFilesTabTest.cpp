@@ -5,7 +5,7 @@
 
 #include "Window.h"
 #include "dnaeditor/DrifterFiles.h"
-#include "pool/PoolFile.h"
+#include "format/PoolFile.h"
 #include "support/PoolFixtures.h"
 
 class DrifterFilesTabTest : public QObject {

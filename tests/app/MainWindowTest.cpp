@@ -5,8 +5,8 @@
 #include "Window.h"
 #include "app/MapPanel.h"
 #include "foodeditor/FoodList.h"
-#include "pool/PoolFile.h"
-#include "pool/PoolOps.h"
+#include "format/PoolFile.h"
+#include "files/PoolOps.h"
 #include "pooleditor/DrifterList.h"
 
 class MainWindowTest : public QObject {

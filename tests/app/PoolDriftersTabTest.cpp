@@ -4,7 +4,7 @@
 #include <QSlider>
 
 #include "Window.h"
-#include "pool/PoolFile.h"
+#include "format/PoolFile.h"
 #include "support/PoolFixtures.h"
 
 class PoolDriftersTabTest : public QObject {

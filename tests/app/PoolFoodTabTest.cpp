@@ -3,7 +3,7 @@
 #include <QSlider>
 
 #include "Window.h"
-#include "pool/PoolFile.h"
+#include "format/PoolFile.h"
 #include "support/PoolFixtures.h"
 
 class PoolFoodTabTest : public QObject {

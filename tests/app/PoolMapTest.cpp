@@ -3,7 +3,7 @@
 #include <QtTest>
 
 #include "app/PoolMap.h"
-#include "shell/CheckList.h"
+#include "base/CheckList.h"
 #include "support/PoolFixtures.h"
 
 using aqapp::PoolMap;

@@ -7,7 +7,7 @@
 #include <filesystem>
 
 #include "Window.h"
-#include "pool/PoolFile.h"
+#include "format/PoolFile.h"
 #include "series/Grouping.h"
 #include "series/SeriesFakes.h"
 #include "support/PoolFixtures.h"

@@ -7,7 +7,7 @@
 #include "Window.h"
 #include "generator/Random.h"
 #include "generator/StartupSettings.h"
-#include "pool/PoolFile.h"
+#include "format/PoolFile.h"
 
 class StartupTabTest : public QObject {
     Q_OBJECT

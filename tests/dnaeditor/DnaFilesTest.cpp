@@ -5,7 +5,7 @@
 #include <filesystem>
 
 #include "dnaeditor/DnaFixture.h"
-#include "pool/PoolFile.h"
+#include "format/PoolFile.h"
 #include "support/PoolFixtures.h"
 
 namespace {

@@ -4,7 +4,7 @@
 #include "foodeditor/FoodEdits.h"
 #include "foodeditor/FoodList.h"
 #include "foodeditor/FoodThreshold.h"
-#include "pool/PoolFile.h"
+#include "format/PoolFile.h"
 #include "shell/MultiTask.h"
 #include "support/ManualClock.h"
 #include "support/PoolFixtures.h"

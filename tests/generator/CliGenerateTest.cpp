@@ -8,7 +8,7 @@
 
 #include "generator/Generator.h"
 #include "generator/Random.h"
-#include "pool/PoolFile.h"
+#include "format/PoolFile.h"
 #include "support/PoolFixtures.h"
 #include "support/TempDir.h"
 

@@ -6,7 +6,7 @@
 
 #include "generator/Generator.h"
 #include "generator/Random.h"
-#include "pool/PoolFile.h"
+#include "format/PoolFile.h"
 #include "support/PoolFixtures.h"
 
 namespace {

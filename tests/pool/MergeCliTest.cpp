@@ -1,7 +1,7 @@
 // aqfm merge over pools written in the test.
 #include <gtest/gtest.h>
 
-#include "pool/PoolFile.h"
+#include "format/PoolFile.h"
 #include "support/PoolFixtures.h"
 #include "support/RunCli.h"
 #include "support/TempDir.h"

@@ -4,9 +4,9 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "pool/PoolFile.h"
-#include "pool/PoolOps.h"
-#include "shell/FileIo.h"
+#include "format/PoolFile.h"
+#include "files/PoolOps.h"
+#include "base/FileIo.h"
 #include "support/ManualClock.h"
 #include "support/PoolFixtures.h"
 #include "support/ScriptedUi.h"

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "pool/PoolGeometry.h"
+#include "format/PoolGeometry.h"
 #include "support/PoolFixtures.h"
 
 using namespace aq;

@@ -3,9 +3,9 @@
 
 #include <cstring>
 
-#include "pool/PoolFile.h"
-#include "pool/PoolMerge.h"
-#include "pool/PoolSave.h"
+#include "format/PoolFile.h"
+#include "files/PoolMerge.h"
+#include "files/PoolSave.h"
 #include "pooleditor/DrifterList.h"
 #include "support/ManualClock.h"
 #include "support/PoolFixtures.h"

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <filesystem>
 
-#include "pool/PoolFile.h"
+#include "format/PoolFile.h"
 #include "pooleditor/BulkEdits.h"
 #include "pooleditor/PoolEditorFixture.h"
 #include "support/TempDir.h"

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "pooleditor/PoolEditorFixture.h"
-#include "shell/NumberText.h"
+#include "base/NumberText.h"
 #include "support/TempDir.h"
 
 using namespace aq;

@@ -6,10 +6,10 @@
 
 #include <filesystem>
 
-#include "pool/PoolFile.h"
-#include "pool/PoolOps.h"
+#include "format/PoolFile.h"
+#include "files/PoolOps.h"
 #include "pooleditor/DrifterList.h"
-#include "shell/FileIo.h"
+#include "base/FileIo.h"
 #include "shell/Settings.h"
 #include "support/ManualClock.h"
 #include "support/PoolFixtures.h"

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "pool/PoolFile.h"
+#include "format/PoolFile.h"
 #include "robustness/CliRun.h"
 #include "support/PoolFixtures.h"
 #include "support/TempDir.h"

@@ -6,8 +6,8 @@
 
 #include "archive/ArchiveTransfers.h"
 #include "dnaeditor/DrifterFiles.h"
-#include "pool/DnaFile.h"
-#include "shell/FileIo.h"
+#include "format/DnaFile.h"
+#include "base/FileIo.h"
 #include "support/ManualClock.h"
 #include "support/ScriptedUi.h"
 #include "support/TempDir.h"

@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "SeriesFakes.h"
-#include "pool/PoolFile.h"
+#include "format/PoolFile.h"
 #include "series/EvolveSeries.h"
 #include "support/PoolFixtures.h"
 #include "support/TempDir.h"

@@ -6,7 +6,7 @@
 #include <random>
 
 #include "generator/Random.h"
-#include "pool/PoolFile.h"
+#include "format/PoolFile.h"
 #include "pooleditor/DrifterKey.h"
 #include "series/Harvest.h"
 #include "series/Success.h"

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "pool/PoolFile.h"
+#include "format/PoolFile.h"
 #include "series/AqRun.h"
 #include "series/Simulator.h"
 #include "support/ManualClock.h"

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "pool/PoolFile.h"
+#include "format/PoolFile.h"
 #include "series/SeriesNames.h"
 #include "support/ManualClock.h"
 #include "support/PoolFixtures.h"

@@ -9,7 +9,7 @@
 #include <thread>
 
 #include "SeriesFakes.h"
-#include "pool/PoolFile.h"
+#include "format/PoolFile.h"
 #include "series/AqRun.h"
 #include "series/EvolveSeries.h"
 #include "series/Simulator.h"

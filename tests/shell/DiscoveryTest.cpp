@@ -3,7 +3,7 @@
 
 #include <filesystem>
 
-#include "shell/PathBoxes.h"
+#include "files/PathBoxes.h"
 #include "support/ManualClock.h"
 #include "support/ScriptedUi.h"
 #include "support/TempDir.h"

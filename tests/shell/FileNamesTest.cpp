@@ -3,7 +3,7 @@
 
 #include <filesystem>
 
-#include "shell/FileNames.h"
+#include "files/FileNames.h"
 #include "support/ManualClock.h"
 #include "support/ScriptedUi.h"
 #include "support/TempDir.h"

@@ -1,7 +1,8 @@
 // When the notice window may go by itself.
 #include <gtest/gtest.h>
 
-#include "shell/App.h"
+#include "shell/MultiTask.h"
+#include "state/App.h"
 #include "support/ManualClock.h"
 #include "support/ScriptedUi.h"
 

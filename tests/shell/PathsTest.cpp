@@ -1,7 +1,7 @@
 // Path splitting and joining, with the program's backslash forms and this system's "/" forms.
 #include <gtest/gtest.h>
 
-#include "shell/Paths.h"
+#include "base/Paths.h"
 
 namespace {
 

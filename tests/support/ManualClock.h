@@ -1,6 +1,6 @@
 #pragma once
 // A clock the test moves by hand, so slices and waits run in virtual time.
-#include "shell/Clock.h"
+#include "base/Clock.h"
 
 namespace aqtest {
 

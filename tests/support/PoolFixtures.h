@@ -2,8 +2,8 @@
 // Small pools built in code for tests.
 #include <cstring>
 
-#include "pool/PoolFile.h"
-#include "pool/PoolOps.h"
+#include "format/PoolFile.h"
+#include "files/PoolOps.h"
 
 namespace aqtest {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "shell/Notice.h"
+#include "base/Notice.h"
 
 namespace aqtest {
 

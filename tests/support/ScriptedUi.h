@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "shell/Ui.h"
+#include "base/Ui.h"
 
 namespace aqtest {
 

@@ -3,7 +3,7 @@
 #include <csignal>
 #include <functional>
 
-#include "pool/Records.h"
+#include "format/Records.h"
 
 namespace standin {
 

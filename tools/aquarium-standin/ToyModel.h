@@ -4,7 +4,7 @@
 // byte of a record it did not create stays as it was read.
 #include <cstdint>
 
-#include "pool/Records.h"
+#include "format/Records.h"
 
 namespace standin {
 

@@ -12,8 +12,8 @@
 
 #include "PoolView.h"
 #include "ToyModel.h"
-#include "pool/PoolFile.h"
-#include "pool/PoolOps.h"
+#include "format/PoolFile.h"
+#include "format/DefaultPool.h"
 
 namespace {
 

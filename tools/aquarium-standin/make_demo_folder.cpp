@@ -7,9 +7,9 @@
 
 #include "ToyModel.h"
 #include "generator/Generator.h"
-#include "pool/PoolFile.h"
-#include "pool/PoolOps.h"
-#include "shell/FileIo.h"
+#include "format/PoolFile.h"
+#include "files/PoolOps.h"
+#include "base/FileIo.h"
 
 namespace fs = std::filesystem;
 

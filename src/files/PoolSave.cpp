@@ -1,0 +1,55 @@
+#include "files/PoolSave.h"
+
+#include "files/PoolOps.h"
+#include "files/FileNames.h"
+#include "base/Paths.h"
+
+namespace aq {
+
+bool saveOpenPool(App& app) {
+    std::string path;
+    if (!app.openPoolPath.empty()) {
+        Answer a = app.ui.AskYesNoCancel("Would you like to save over " + app.openPoolPath, "Save Speciated Pool");
+        if (a == Answer::Cancel) return false;
+        if (a == Answer::Yes) {
+            path = app.openPoolPath;
+        } else {
+            path = locateDestFile(app, app.comboPoolPath, fileNameOfPath(app.openPoolPath), "aqp", "Pool Files",
+                                  "Save Pool As");
+        }
+    } else {
+        path = locateDestFile(app, app.comboPoolPath, "", "aqp", "Pool Files", "Save Pool As");
+    }
+    // A cancelled dialog gives no path: the writer writes nothing and the pool stays changed.
+    if (savePoolFile(app, path, true)) {
+        app.poolChanged = false;
+        app.openPoolPath = path;
+    }
+    return true;
+}
+
+void mSavePool(App& app) {
+    if (!app.poolLoaded) return;
+    saveOpenPool(app);
+    app.stateChanged();
+}
+
+bool saveChangesBeforeReplacing(App& app) {
+    while (!savePoolFile(app, app.openPoolPath, true)) {
+        if (app.ui.AskRetryCancel("Error saving file.", "Aquarium File Manager - Species Load") == Answer::Cancel)
+            return false;
+    }
+    app.poolChanged = false;
+    return true;
+}
+
+void saveUndoPoolAs(App& app, const std::string& title) {
+    // The writer saves openPool, so the new pool stands in for it while it is written.
+    Pool kept = std::move(app.openPool);
+    app.openPool = app.undoPool;
+    std::string path = locateDestFile(app, app.comboPoolPath, "", "aqp", "Pool Files", title);
+    savePoolFile(app, path, true);
+    app.openPool = std::move(kept);
+}
+
+}  // namespace aq
