@@ -4,6 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 scripts/setup.sh clang libclang-rt-14-dev
+scripts/check-layers
 jobs=$(nproc)
 
 cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=Release -DAQ_WERROR=ON \
