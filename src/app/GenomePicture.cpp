@@ -23,7 +23,7 @@ constexpr int kGenes = aq::kGeneCount;
 constexpr int kMargin = 4;
 constexpr int kDiffHeight = 8;
 constexpr int kLeastStrip = 2;  // pixels a strip keeps before the picture scrolls
-constexpr int kMostStrip = 28;
+constexpr int kMostStrip = 64;
 const QColor kBackground(250, 250, 250);
 const QColor kDiffer(215, 25, 28);
 

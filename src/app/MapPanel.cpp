@@ -172,6 +172,7 @@ void MapPanel::syncPool() {
     bool cleared =
         app.lstSpeciatePool.count() == 0 && app.lstPoolFood.count() == 0 && (p.drifterCount > 0 || p.foodCount > 0);
     map_->setPool(app.poolLoaded && !cleared ? &app.openPool : nullptr);
+    fit_->setEnabled(map_->pool() != nullptr);
     genes_->refresh();
 }
 

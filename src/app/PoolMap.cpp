@@ -292,7 +292,7 @@ void PoolMap::paintDrifters(QPainter& painter) const {
         } else {
             // A newborn has every point on its position; a far-off body is too small to see.
             double length = std::isfinite(d.totalLength) && d.totalLength > 0 ? d.totalLength : 0;
-            sh.radius = std::clamp(0.5 * length * scale_, kDotRadius, 3 * kDotRadius);
+            sh.radius = std::clamp(0.5 * length * scale_, kDotRadius, 2 * kDotRadius);
             sh.kind = view.contains(sh.at) ? Dot : Off;
         }
     }
