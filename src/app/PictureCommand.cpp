@@ -18,7 +18,7 @@ struct Usage {
     std::string text;
 };
 
-// "1200x900": both sides whole numbers from 16 to 20000.
+// "1200x900": both sides whole numbers from 16 to 8000.
 QSize parseSize(const std::string& text) {
     auto x = text.find_first_of("xX");
     auto side = [&](const std::string& part) {
@@ -27,8 +27,8 @@ QSize parseSize(const std::string& text) {
     };
     int w = x == std::string::npos ? -1 : side(text.substr(0, x));
     int h = x == std::string::npos ? -1 : side(text.substr(x + 1));
-    if (w < 16 || h < 16 || w > 20000 || h > 20000)
-        throw Usage{"option --size needs WIDTHxHEIGHT, each 16 to 20000 pixels, got \"" + text + "\""};
+    if (w < 16 || h < 16 || w > 8000 || h > 8000)
+        throw Usage{"option --size needs WIDTHxHEIGHT, each 16 to 8000 pixels, got \"" + text + "\""};
     return {w, h};
 }
 

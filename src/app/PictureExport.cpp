@@ -23,8 +23,8 @@ bool endsWithSvg(const std::string& path) {
 }  // namespace
 
 std::string writePicture(const std::string& path, QSize size, const PaintFn& paint) {
-    if (size.width() < 1 || size.height() < 1 || size.width() > 20000 || size.height() > 20000)
-        return "a picture must be 1 to 20000 pixels each way";
+    if (size.width() < 1 || size.height() < 1 || size.width() > 8000 || size.height() > 8000)
+        return "a picture must be 1 to 8000 pixels each way";
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);

@@ -32,6 +32,7 @@ int foodTotal(const aq::Pool& p) { return std::clamp<int>(p.foodCount, 0, static
 constexpr double kSmallestBody = 3;
 constexpr double kDotRadius = 4;
 constexpr double kOutlinedBody = 24;
+constexpr float kFarAway = 1e7f;
 // Sprite keys: what is drawn, times a look number below 2^40.
 constexpr std::uint64_t kFoodKey = 1ull << 41, kHaloKey = 2ull << 41, kDotKey = 3ull << 41;
 
@@ -131,7 +132,7 @@ void PoolMap::fit() {
     // The drifters and the food; the walls sit in a corner, so they count only alone.
     double left = 1e30, right = -1e30, bottom = 1e30, top = -1e30;
     auto take = [&](double x, double y) {
-        if (!std::isfinite(x) || !std::isfinite(y) || std::fabs(x) > 1e7 || std::fabs(y) > 1e7) return;
+        if (!(std::fabs(x) < kFarAway && std::fabs(y) < kFarAway)) return;
         left = std::min(left, x), right = std::max(right, x);
         bottom = std::min(bottom, y), top = std::max(top, y);
     };
@@ -211,15 +212,22 @@ void PoolMap::paintPool(QPainter& painter) const {
         return;
     }
     const aq::Pool& pool = *pool_;
-    QRectF world(toScreen(pool.minX, pool.maxY), toScreen(pool.maxX, pool.minY));
-    painter.fillRect(world, kWater);
+    // Rectangles are cut to the canvas first: a file's bounds may lie anywhere.
+    const QRectF canvas = QRectF(rect()).adjusted(-4, -4, 4, 4);
+    auto onCanvas = [&](double left, double top, double right, double bottom) {
+        return QRectF(toScreen(left, top), toScreen(right, bottom)).intersected(canvas);
+    };
+    QRectF world = onCanvas(pool.minX, pool.maxY, pool.maxX, pool.minY);
     painter.setPen(QPen(QColor(90, 110, 130), 1));
-    painter.drawRect(world);
+    if (world.isValid()) {
+        painter.fillRect(world, kWater);
+        painter.drawRect(world);
+    }
 
     painter.setBrush(QColor(110, 90, 70));
     for (const aq::GreatWall& w : pool.walls) {
-        if (!(w.right >= w.left && w.top >= w.bottom)) continue;
-        painter.drawRect(QRectF(toScreen(w.left, w.top), toScreen(w.right, w.bottom)));
+        QRectF r = onCanvas(w.left, w.top, w.right, w.bottom);
+        if (w.right >= w.left && w.top >= w.bottom && r.isValid()) painter.drawRect(r);
     }
 
     // Food: dots coloured by family; ticked ones ringed.
@@ -251,7 +259,7 @@ void PoolMap::paintPool(QPainter& painter) const {
     if (box) {
         painter.setBrush(Qt::NoBrush);
         painter.setPen(QPen(QColor(200, 0, 120), 1, Qt::DashLine));
-        painter.drawRect(QRectF(toScreen(box->left, box->top), toScreen(box->right, box->bottom)));
+        painter.drawRect(onCanvas(box->left, box->top, box->right, box->bottom));
     }
 }
 
@@ -276,13 +284,14 @@ void PoolMap::paintDrifters(QPainter& painter) const {
         for (int s = 0; s < used && finite; ++s) {
             const float* pt = &d.segments[s].point1X;
             for (int k = 0; k < 8; k += 2) {
-                finite = finite && std::isfinite(pt[k]) && std::isfinite(pt[k + 1]);
+                // Points far beyond any world count as broken: the rasterizer cannot take them.
+                finite = finite && std::fabs(pt[k]) < kFarAway && std::fabs(pt[k + 1]) < kFarAway;
                 left = std::min(left, pt[k]), right = std::max(right, pt[k]);
                 bottom = std::min(bottom, pt[k + 1]), top = std::max(top, pt[k + 1]);
             }
         }
         Shape& sh = shapes[std::size_t(i)];
-        if (!std::isfinite(d.x) || !std::isfinite(d.y)) continue;  // nowhere to draw it
+        if (!(std::fabs(d.x) < kFarAway && std::fabs(d.y) < kFarAway)) continue;  // nowhere to draw it
         sh.at = toScreen(d.x, d.y);
         double extent = finite ? std::max(right - left, top - bottom) * scale_ : 0;
         if (used > 0 && finite && extent >= kSmallestBody) {

@@ -118,6 +118,8 @@ private slots:
         aq::Pool generated;
         QVERIFY(aq::buildStartupPool(aqtest::defaultPool(), aq::StartupSettings{}, generated));
         QVERIFY(aq::writePool(pool, generated).empty());
+        std::string odd = dir.file("odd.aqp");  // every float of its records a byte pattern
+        QVERIFY(aq::writePool(odd, aqtest::makePool(40, 40)).empty());
         struct Row {
             std::vector<std::string> args;
             int status;
@@ -125,6 +127,8 @@ private slots:
         } rows[] = {
             {{"map", pool, dir.file("m.png"), "--size", "300x200"}, 0, ""},
             {{"genes", pool, dir.file("g.svg")}, 0, ""},
+            {{"map", odd, dir.file("odd.svg"), "--size", "200x100"}, 0, ""},
+            {{"map", odd, dir.file("odd.png")}, 0, ""},
             {{"map", dir.file("none.aqp"), dir.file("x.png")}, 1, "Error opening"},
             {{"map", pool, dir.file("no/such/folder/x.png")}, 1, "Error saving"},
             {{"map", pool, dir.file("x.png"), "--size", "3x2"}, 2, "option --size"},
