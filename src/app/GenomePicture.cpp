@@ -241,7 +241,8 @@ void GenomePicture::resizeEvent(QResizeEvent*) { refresh(); }
 
 int GenomePicture::geneAt(QPoint p) const {
     Layout l = layoutFor(size(), 1, false);
-    if (p.x() < l.strips.left() || p.x() > l.strips.right() || p.y() < l.diffRow.top() || p.y() > l.strips.bottom())
+    if (l.strips.width() <= 0 || p.x() < l.strips.left() || p.x() > l.strips.right() || p.y() < l.diffRow.top() ||
+        p.y() > l.strips.bottom())
         return -1;
     return std::clamp((p.x() - l.strips.left()) * kGenes / l.strips.width(), 0, kGenes - 1);
 }

@@ -117,6 +117,12 @@ std::optional<int> runPictureCommand(int argc, char** argv) {
     if (argc < 2 || std::string(argv[1]) != "--picture") return std::nullopt;
     // No window is shown, so no display is needed.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Scripts read stderr for our messages; the platform's remarks about its runtime
+    // folder are not theirs.
+    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
+        if (type != QtDebugMsg && type != QtInfoMsg && !text.startsWith("QStandardPaths:"))
+            std::cerr << text.toStdString() << "\n";
+    });
     QApplication app(argc, argv);
     std::string message;
     int status = pictureCommand(std::vector<std::string>(argv + 2, argv + argc), message);
