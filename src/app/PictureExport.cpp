@@ -32,6 +32,7 @@ std::string writePicture(const std::string& path, QSize size, const PaintFn& pai
         QSvgGenerator svg;
         svg.setOutputDevice(&buffer);
         svg.setSize(size);
+        svg.setResolution(96);  // a CSS pixel, so viewers show it at the size asked for
         svg.setViewBox(QRect(QPoint(0, 0), size));
         svg.setTitle("Aquarium File Manager");
         QPainter painter;
