@@ -81,7 +81,7 @@ std::vector<std::uint8_t> GenomePicture::differingGenes(const std::vector<Genome
 GenomePicture::Layout GenomePicture::layoutFor(QSize size, int count, bool all) const {
     Layout l;
     int line = fontMetrics().height();
-    int right = size.width() - kMargin - (!all && scroll_->isVisible() ? scroll_->sizeHint().width() : 0);
+    int right = size.width() - kMargin - (!all && !scroll_->isHidden() ? scroll_->sizeHint().width() : 0);
     l.diffRow = QRect(QPoint(kMargin, kMargin), QPoint(right - 1, kMargin + kDiffHeight - 1));
     int stripsTop = l.diffRow.bottom() + 3;
     // Under the strips: the gene numbers, then the legend.
@@ -101,7 +101,7 @@ GenomePicture::Layout GenomePicture::layoutFor(QSize size, int count, bool all) 
     return l;
 }
 
-int GenomePicture::firstStrip() const { return scroll_->isVisible() ? scroll_->value() : 0; }
+int GenomePicture::firstStrip() const { return scroll_->isHidden() ? 0 : scroll_->value(); }
 
 void GenomePicture::refresh() {
     int count = source_ ? static_cast<int>(source_().size()) : 0;
@@ -272,7 +272,7 @@ void GenomePicture::mousePressEvent(QMouseEvent* e) {
 }
 
 void GenomePicture::wheelEvent(QWheelEvent* e) {
-    if (!scroll_->isVisible()) return;
+    if (scroll_->isHidden()) return;
     scroll_->setValue(scroll_->value() - e->angleDelta().y() / 40);
 }
 
