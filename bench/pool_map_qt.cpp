@@ -1,17 +1,20 @@
-// Drawing the pool map with 2000 drifters and 2000 food bits, offscreen.
+// Drawing the pool map with 2000 drifters and 2000 food bits, and the genome picture of
+// 2000 genomes, offscreen, next to filling the same canvas once.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
 #include <QImage>
 #include <QPainter>
 
+#include "app/GenomePicture.h"
 #include "app/PoolMap.h"
 #include "support/PoolFixtures.h"
 
 namespace {
 
 // 2000 copies of the default pool's drifters spread over the world, and 2000 food bits.
-aq::Pool bigPool() {
+// Newborns have every point of their bodies on their positions, as a generated pool's have.
+aq::Pool bigPool(bool newborn) {
     aq::Pool base = aqtest::defaultPool();
     aq::Pool p = base;
     p.drifters.clear();
@@ -22,7 +25,7 @@ aq::Pool bigPool() {
         d.y += dy;
         for (auto& s : d.segments) {
             float* pt = &s.point1X;
-            for (int k = 0; k < 8; ++k) pt[k] += (k % 2 == 0) ? dx : dy;
+            for (int k = 0; k < 8; ++k) pt[k] = newborn ? (k % 2 == 0 ? d.x : d.y) : pt[k] + (k % 2 == 0 ? dx : dy);
         }
         p.drifters.push_back(d);
     }
@@ -38,7 +41,7 @@ aq::Pool bigPool() {
 }
 
 void DrawMap2000(benchmark::State& state) {
-    aq::Pool pool = bigPool();
+    aq::Pool pool = bigPool(state.range(0) != 0);
     aqapp::PoolMap map;
     map.resize(1000, 800);
     map.setPool(&pool);
@@ -49,9 +52,44 @@ void DrawMap2000(benchmark::State& state) {
     }
 }
 
+// 2000 genomes, each strip drawn: the picture on a screen scrolls beyond a few hundred,
+// so the export, which squeezes every strip in, is the larger job.
+void DrawGenes2000(benchmark::State& state) {
+    aq::Pool pool = bigPool(false);
+    for (int i = 0; i < 2000; ++i)
+        for (int g = 0; g < 1000; ++g)
+            pool.drifters[std::size_t(i)].genes[g] = static_cast<std::uint8_t>((i * 7 + g * 13) % 256);
+    aqapp::GenomePicture picture;
+    picture.resize(1000, 800);
+    picture.setSource([&pool] {
+        std::vector<aqapp::GenomeStrip> strips;
+        for (int i = 0; i < 2000; ++i)
+            strips.push_back({QString("Drifter %1").arg(i), pool.drifters[std::size_t(i)].genes, i});
+        return strips;
+    });
+    picture.refresh();
+    const bool all = state.range(0) != 0;
+    QImage image(picture.size(), QImage::Format_ARGB32_Premultiplied);
+    for (auto _ : state) {
+        QPainter painter(&image);
+        picture.paintPicture(painter, picture.size(), all);
+    }
+}
+
+// Floor: touching every pixel of the canvas once.
+void FillCanvas1000x800(benchmark::State& state) {
+    QImage image(1000, 800, QImage::Format_ARGB32_Premultiplied);
+    for (auto _ : state) {
+        QPainter painter(&image);
+        painter.fillRect(image.rect(), QColor(250, 250, 250));
+    }
+}
+
 }  // namespace
 
-BENCHMARK(DrawMap2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(DrawGenes2000)->ArgName("all")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(FillCanvas1000x800)->Unit(benchmark::kMillisecond);
+BENCHMARK(DrawMap2000)->ArgName("newborn")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");

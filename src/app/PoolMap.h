@@ -1,9 +1,12 @@
 #pragma once
 // A map of a pool: its bounds, walls, food bits and drifter bodies. Zoom with the
-// wheel, pan by dragging, double click to fit. A click picks a drifter or food bit.
+// wheel, pan by dragging, double click or Home to fit. A click picks a drifter or food bit.
+#include <QImage>
 #include <QWidget>
+#include <cstdint>
 #include <functional>
 #include <optional>
+#include <unordered_map>
 
 #include "format/PoolGeometry.h"
 #include "format/Records.h"
@@ -21,23 +24,31 @@ public:
 
     explicit PoolMap(QWidget* parent = nullptr);
 
-    // The pool is not owned; call update() after it changed.
+    // The pool is not owned; call update() after it changed. Without a pool the map
+    // shows a hint instead.
     void setPool(const aq::Pool* pool);
+    const aq::Pool* pool() const { return pool_; }
     // Ticked rows are drawn highlighted (row i is record i).
     void setTicks(const aq::CheckList* drifters, const aq::CheckList* food);
     void setSelectionBox(std::optional<aq::WorldRect> box);
     // Asked at every drawing for the selection box to outline (overrides setSelectionBox).
     void setBoxProvider(std::function<std::optional<aq::WorldRect>()> provider) { boxProvider_ = std::move(provider); }
     void setPicks(Picks p) { picks_ = p; }
-    // Shows the whole world.
+    // Frames the drifters and food (the walls only when there is nothing else); the map
+    // then follows resizes until the user zooms or pans.
     void fit();
+    // Pans (or zooms out) just enough that `r` is on show.
+    void ensureVisible(const aq::WorldRect& r);
+    bool userFramed() const { return userFramed_; }
 
     QPointF toScreen(double x, double y) const;
     QPointF toWorld(QPointF p) const;
     double scale() const { return scale_; }
 
-    // Draws the pool on any painter of the widget's size (used by paintEvent and benchmarks).
+    // Draws the pool on any painter of the widget's size (used by paintEvent, export and benchmarks).
     void paintPool(QPainter& painter) const;
+
+    static const char* const kHint;
 
 signals:
     void drifterPicked(int index, bool ctrl);
@@ -47,12 +58,16 @@ protected:
     void paintEvent(QPaintEvent*) override;
     void resizeEvent(QResizeEvent*) override;
     void wheelEvent(QWheelEvent* e) override;
+    void keyPressEvent(QKeyEvent* e) override;
     void mousePressEvent(QMouseEvent* e) override;
     void mouseMoveEvent(QMouseEvent* e) override;
     void mouseReleaseEvent(QMouseEvent* e) override;
     void mouseDoubleClickEvent(QMouseEvent* e) override;
 
 private:
+    void paintDrifters(QPainter& painter) const;
+    void stamp(QPainter& painter, std::uint64_t key, double radius, QPointF at,
+               const std::function<void(QPainter&, const QRectF&)>& draw) const;
     const aq::Pool* pool_ = nullptr;
     const aq::CheckList* drifterTicks_ = nullptr;
     const aq::CheckList* foodTicks_ = nullptr;
@@ -60,9 +75,11 @@ private:
     std::function<std::optional<aq::WorldRect>()> boxProvider_;
     Picks picks_ = Picks::None;
     double scale_ = 0.1, centerX_ = 0, centerY_ = 0;
-    bool fitted_ = false;
+    bool userFramed_ = false;  // zoomed or panned by hand: resizes keep the view
     QPoint pressPos_, lastPos_;
     bool dragging_ = false;
+    mutable bool rasterPainting_ = true;
+    mutable std::unordered_map<std::uint64_t, QImage> sprites_;
 };
 
 }  // namespace aqapp

@@ -4,6 +4,7 @@
 #include <QStandardPaths>
 
 #include "app/MainWindow.h"
+#include "app/PictureCommand.h"
 #include "app/QtUi.h"
 #include "base/Clock.h"
 
@@ -23,6 +24,7 @@ QString programFolder() {
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (auto status = aqapp::runPictureCommand(argc, argv)) return *status;
     QApplication qapp(argc, argv);
     QCoreApplication::setApplicationName("AqFileManager");
     QCoreApplication::setOrganizationName("Aquarium");

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "Window.h"
+#include "app/MapPanel.h"
 #include "dnaeditor/DrifterFiles.h"
 #include "format/PoolFile.h"
 #include "support/PoolFixtures.h"
@@ -107,6 +108,52 @@ private slots:
         SCRIPT_DONE(h);
         QCOMPARE(list->model()->rowCount(), 3);
         QVERIFY(app.speciesPending);
+    }
+
+    // The picture beside the list: a strip per ticked file, the genes that differ marked
+    // above them, a click choosing the gene of the gene panel; a right-click saves it.
+    void genomePictureShowsTheTickedFilesAndPicksGenes() {
+        aqtest::Window<> h;
+        std::filesystem::create_directories(h.file("dna"));
+        writeGenome(h.file("dna/a.dna"), 1, 10);
+        writeGenome(h.file("dna/b.dna"), 1, 20);
+        writeGenome(h.file("dna/c.dna"), 200, 30);
+        h.app().comboDrifterPath = h.file("dna");
+        h.w.resize(1400, 800);
+        h.w.show();
+        h.w.selectTab(5);
+        h.menu("mLoadDrifter");
+        h.get<QComboBox>("comboSpeciateDrifterGroup")->setCurrentIndex(0);  // one file a tick
+        aq::speciateDrifterList(h.app());
+        h.tick("lstSpeciateDrifters", 0);
+        h.tick("lstSpeciateDrifters", 1);
+        QCoreApplication::processEvents();
+        aqapp::GenomePicture* picture = h.w.mapPanel()->genes();
+        QVERIFY(picture->isVisible());
+        auto columnOf = [&](int gene) {
+            for (int x = 0; x < picture->width(); ++x)
+                if (picture->geneAt(QPoint(x, 8)) == gene) return x;
+            return -1;
+        };
+        const int diffRow = 8, firstStrip = 20;
+        QImage image = picture->grab().toImage();
+        QCOMPARE(image.pixelColor(columnOf(0), diffRow), QColor(215, 25, 28));
+        QVERIFY(image.pixelColor(columnOf(500), diffRow) != QColor(215, 25, 28));
+        QCOMPARE(image.pixel(columnOf(500), firstStrip), aqapp::GenomePicture::valueColor(1));
+        QCOMPARE(picture->tipAt(QPoint(columnOf(0), firstStrip)), QString("a.dna\nGene 0: 10"));
+
+        // A click on gene 500 chooses it; the third file differs there and is marked once ticked.
+        QTest::mouseClick(picture, Qt::LeftButton, Qt::NoModifier, QPoint(columnOf(500), firstStrip));
+        QCOMPARE(h.text("txtGene"), QString("500"));
+        QCOMPARE(h.text("lblGeneRange"), QString("\nThe chosen gene has a value of 1 within the selected drifters."));
+        h.tick("lstSpeciateDrifters", 2);
+        QCoreApplication::processEvents();
+        QCOMPARE(picture->grab().toImage().pixelColor(columnOf(500), diffRow), QColor(215, 25, 28));
+
+        h.ui.file("save", "Aquarium File Manager - Save Picture", h.file("genes"));
+        h.w.mapPanel()->savePicture("png");
+        SCRIPT_DONE(h);
+        QCOMPARE(QImage(QString::fromStdString(h.file("genes.png"))).size(), picture->size());
     }
 };
 

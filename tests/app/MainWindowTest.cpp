@@ -99,6 +99,21 @@ private slots:
         QVERIFY(!h.app().lstSpeciatePool.checked(7));
         emit panel->map()->drifterPicked(7, true);
         QVERIFY(h.app().lstSpeciatePool.checked(7));
+        // The toggle shows the ticked drifters' genes in the map's place; a click there finds the drifter.
+        QCoreApplication::processEvents();
+        h.get<QToolButton>("cmdShowGenes")->click();
+        QVERIFY(panel->genes()->isVisible() && !panel->map()->isVisible());
+        int firstTicked = 0;
+        while (!h.app().lstSpeciatePool.checked(firstTicked)) ++firstTicked;
+        h.app().lstSpeciatePool.setCurrentIndex(-1);
+        QTest::mouseClick(panel->genes(), Qt::LeftButton, Qt::NoModifier, QPoint(50, 20));
+        QCOMPARE(h.app().lstSpeciatePool.currentIndex(), firstTicked);
+        h.get<QToolButton>("cmdShowGenes")->click();
+        // Lists cleared (a load that was cancelled): the map no longer shows the pool.
+        h.app().lstSpeciatePool.clear();
+        h.app().lstPoolFood.clear();
+        QCoreApplication::processEvents();
+        QVERIFY(panel->map()->isVisible() && !panel->map()->pool());
         h.get<QToolButton>("cmdShowMap")->click();
         QVERIFY(!panel->isVisible());
         h.app().poolChanged = false;

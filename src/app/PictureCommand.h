@@ -1,0 +1,19 @@
+#pragma once
+// `AqFileManager --picture map|genes POOL OUT [--size WxH]`: writes the pool map or the
+// picture of all drifters' genomes as PNG or SVG (by OUT's extension) without a window,
+// for scripts. Exit status as aqfm's: 0 done, 1 file or data error, 2 usage error.
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace aqapp {
+
+// The mode's work, with a QApplication running; `args` follow "--picture". What went
+// wrong, or the help, goes to `message`.
+int pictureCommand(const std::vector<std::string>& args, std::string& message);
+
+// For main(): nothing unless the first argument is "--picture"; then runs the mode on
+// an offscreen platform and gives the exit status.
+std::optional<int> runPictureCommand(int argc, char** argv);
+
+}  // namespace aqapp
