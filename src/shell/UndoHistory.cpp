@@ -40,6 +40,8 @@ void captureLists(const App& app, PoolSnapshot& s) {
     s.foodCurrent = app.lstPoolFood.currentIndex();
     s.drifterListEnabled = app.lstSpeciatePool.enabled();
     s.speciesPending = app.poolSpeciesPending;
+    s.path = app.openPoolPath;
+    s.changed = app.poolChanged;
     const SliderState* d[4] = {&app.SliderSpeciatePoolDrifterX, &app.SliderSpeciatePoolDrifterY,
                                &app.SliderSpeciatePoolDrifterWidth, &app.SliderSpeciatePoolDrifterHeight};
     const SliderState* f[4] = {&app.SliderFoodX, &app.SliderFoodY, &app.SliderFoodWidth, &app.SliderFoodHeight};
@@ -63,7 +65,7 @@ PoolSnapshot capturePool(const App& app) {
 }
 
 std::size_t bytesOf(const PoolSnapshot& s) {
-    return sizeof(PoolSnapshot) + s.pool.drifters.size() * sizeof(DrifterRec) + s.pool.food.size() * sizeof(FoodBit) +
+    return sizeof(PoolSnapshot) + s.path.capacity() + s.pool.drifters.size() * sizeof(DrifterRec) + s.pool.food.size() * sizeof(FoodBit) +
            s.pool.historyBlock.size() + rowBytes(s.drifterRows) + rowBytes(s.foodRows);
 }
 
@@ -112,17 +114,21 @@ void PoolHistory::reset(App& app) {
     started_ = true;
 }
 
+// A save clears the changed flag of an unchanged pool: every other state now differs
+// from the file, even one that matched the file read before.
+void PoolHistory::noteSave(const App& app) {
+    if (!current_.changed || app.poolChanged) return;
+    savedId_ = currentId_;
+    forEachSnapshot([](PoolSnapshot& s) { s.changed = true; });
+}
+
 void PoolHistory::prepare(App& app) {
     if (started_ && samePool(app.openPool, current_.pool) && app.poolLoaded == current_.poolLoaded) {
+        noteSave(app);
         captureLists(app, current_);
-        if (!app.poolChanged) savedId_ = currentId_;
         return;
     }
     // Changed where no step watched: read from a file, or edited by a running command.
-    if (!started_ || !app.poolChanged) {
-        reset(app);
-        return;
-    }
     commit(app, "Edit");
 }
 
@@ -132,10 +138,14 @@ void PoolHistory::commit(App& app, const std::string& name) {
         return;
     }
     if (samePool(app.openPool, current_.pool) && app.poolLoaded == current_.poolLoaded) {
-        if (!app.poolChanged) savedId_ = currentId_;
+        noteSave(app);
+        current_.changed = app.poolChanged;
+        current_.path = app.openPoolPath;
         return;
     }
-    if (!app.poolChanged) {
+    // Another file read into the editor; moving drifters changes the pool and leaves
+    // the flag clear, so the flag alone doesn't tell a load.
+    if (!app.poolChanged && (app.openPoolPath != current_.path || app.poolLoaded != current_.poolLoaded)) {
         reset(app);
         return;
     }
@@ -153,7 +163,10 @@ bool PoolHistory::move(App& app, bool undo) {
     restorePool(app, s.snap);
     current_ = std::move(s.snap);
     currentId_ = s.id;
-    app.poolChanged = currentId_ != savedId_;
+    // The file's own state is unchanged; others keep the flag they had.
+    app.poolChanged = currentId_ != savedId_ && current_.changed;
+    current_.changed = app.poolChanged;
+    current_.path = app.openPoolPath;
     app.stateChanged();
     return true;
 }

@@ -34,6 +34,11 @@ public:
     std::size_t bytes() const { return bytes_; }
 
 protected:
+    template <class Fn>
+    void forEachSnapshot(Fn fn) {
+        for (Step& s : undo_) fn(s.snap);
+        for (Step& s : redo_) fn(s.snap);
+    }
     void clearSteps() {
         undo_.clear();
         redo_.clear();
@@ -71,6 +76,8 @@ private:
 struct PoolSnapshot {
     Pool pool;
     bool poolLoaded = false;
+    std::string path;
+    bool changed = false;  // poolChanged while this was the state on show
     std::vector<CheckRow> drifterRows, foodRows;
     int drifterCurrent = -1, foodCurrent = -1;
     bool drifterListEnabled = true;
@@ -84,8 +91,8 @@ public:
     // Before a user's action: takes in what happened since the last step (a pool read
     // from a file starts a new history) and the ticks as they are now.
     void prepare(App& app);
-    // After a user's action: a changed pool becomes a step named `name`; a pool read
-    // from a file starts a new history; a save marks the state as the file's.
+    // After a user's action: a changed pool becomes a step named `name`; another pool
+    // read from a file starts a new history; a save marks the state as the file's.
     void commit(App& app, const std::string& name);
     // Clears the steps; the state on show becomes the history's start.
     void reset(App& app);
@@ -94,6 +101,7 @@ public:
 
 private:
     bool move(App& app, bool undo);
+    void noteSave(const App& app);
     PoolSnapshot current_;
     bool started_ = false;
     std::uint64_t currentId_ = 0, savedId_ = 0, nextId_ = 0;

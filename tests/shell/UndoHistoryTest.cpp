@@ -85,6 +85,16 @@ TEST(UndoHistory, RandomEditsUndoToTheLoadedFileAndRedoToTheLast) {
     EXPECT_TRUE(aq::poolBytes(app.openPool) == last);
     EXPECT_EQ(app.lstSpeciatePool.count(), lastRows);
     EXPECT_TRUE(app.poolChanged);
+
+    // Saved here: every other state differs from the file, the saved one again doesn't.
+    history.prepare(app);
+    app.poolChanged = false;
+    history.commit(app, "Save Pool File");
+    EXPECT_EQ(history.undoCount(), std::size_t(steps));
+    while (history.undo(app)) EXPECT_TRUE(app.poolChanged);
+    while (history.redo(app)) {
+    }
+    EXPECT_FALSE(app.poolChanged);
 }
 
 }  // namespace
