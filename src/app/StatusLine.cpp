@@ -43,7 +43,7 @@ public:
         set(2, QString("%1 drifters, %2 food bits")
                    .arg(std::max(app.openPool.drifterCount, 0))
                    .arg(std::max(app.openPool.foodCount, 0)));
-        set(3, QString("%1 drifters and %2 food bits ticked")
+        set(3, QString("ticked: %1 drifters, %2 food bits")
                    .arg(app.lstSpeciatePool.checkedCount())
                    .arg(app.lstPoolFood.checkedCount()));
         const aq::ProgressBarState& b = app.PoolProgressBar1;

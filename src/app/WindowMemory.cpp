@@ -1,6 +1,7 @@
 // What the window remembers between runs of its own: geometry, the map toggle and
 // the splitter beside the tabs.
 #include <QEvent>
+#include <QScreen>
 #include <QSettings>
 #include <QSplitter>
 #include <QTabWidget>
@@ -18,6 +19,11 @@ public:
     explicit WindowMemory(MainWindow& w) : QObject(&w), w_(w) {
         auto s = windowSettings();
         if (s->contains("geometry")) w.restoreGeometry(s->value("geometry").toByteArray());
+        // A window kept from a bigger screen still fits this one.
+        if (QScreen* screen = w.screen()) {
+            QSize room = screen->availableGeometry().size();
+            if (w.width() > room.width() || w.height() > room.height()) w.resize(w.size().boundedTo(room));
+        }
         if (s->contains("showMap")) toggle()->setChecked(s->value("showMap").toBool());
         if (s->contains("splitter")) splitter()->restoreState(s->value("splitter").toByteArray());
         w.installEventFilter(this);
