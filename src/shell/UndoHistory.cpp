@@ -39,6 +39,7 @@ void captureLists(const App& app, PoolSnapshot& s) {
     s.drifterCurrent = app.lstSpeciatePool.currentIndex();
     s.foodCurrent = app.lstPoolFood.currentIndex();
     s.drifterListEnabled = app.lstSpeciatePool.enabled();
+    s.foodListEnabled = app.lstPoolFood.enabled();
     s.speciesPending = app.poolSpeciesPending;
     s.path = app.openPoolPath;
     s.changed = app.poolChanged;
@@ -73,7 +74,7 @@ void restorePool(App& app, const PoolSnapshot& s) {
     app.openPool = s.pool;
     app.poolLoaded = s.poolLoaded;
     restoreRows(app.lstSpeciatePool, s.drifterRows, s.drifterCurrent, s.drifterListEnabled);
-    restoreRows(app.lstPoolFood, s.foodRows, s.foodCurrent, true);
+    restoreRows(app.lstPoolFood, s.foodRows, s.foodCurrent, s.foodListEnabled);
     SliderState* d[4] = {&app.SliderSpeciatePoolDrifterX, &app.SliderSpeciatePoolDrifterY,
                          &app.SliderSpeciatePoolDrifterWidth, &app.SliderSpeciatePoolDrifterHeight};
     SliderState* f[4] = {&app.SliderFoodX, &app.SliderFoodY, &app.SliderFoodWidth, &app.SliderFoodHeight};

@@ -80,7 +80,7 @@ struct PoolSnapshot {
     bool changed = false;  // poolChanged while this was the state on show
     std::vector<CheckRow> drifterRows, foodRows;
     int drifterCurrent = -1, foodCurrent = -1;
-    bool drifterListEnabled = true;
+    bool drifterListEnabled = true, foodListEnabled = true;
     bool speciesPending = false;
     SliderState drifterBox[4], foodBox[4];
     bool drifterLabels[4] = {}, foodLabels[4] = {};
