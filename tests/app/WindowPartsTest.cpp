@@ -12,6 +12,7 @@
 #include "pool/DnaFile.h"
 #include "pool/PoolFile.h"
 #include "pool/PoolOps.h"
+#include "shell/UndoHistory.h"
 #include "dnaeditor/GenePanel.h"
 #include "pooleditor/DrifterList.h"
 
@@ -124,6 +125,12 @@ private slots:
         QCOMPARE(h.get<QMenu>("mFile")->actions().last()->text(), QString("E&xit"));
         h.menu("keyTab4");
         QCOMPARE(h.w.selectedTab(), 4);
+        const aq::Pool before = h.app().openPool;
+        h.click("cmdNewStartupPool");  // a button's command is a step too
+        QCOMPARE(h.w.menuItem("mUndo")->text(), QString("&Undo Generate Pool Now"));
+        h.menu("mUndo");
+        QVERIFY(!h.app().poolChanged);
+        QVERIFY(aq::samePool(h.app().openPool, before));
         QVERIFY(!h.w.windowIcon().isNull());
 
         QCOMPARE(h.wrongTexts({{"cmdLstArchiveAll", "All"},
