@@ -139,7 +139,8 @@ void EditMenu::watchControls() {
     }
     for (const char* list : {"lstSpeciatePool", "lstSpeciateDrifters"})
         if (auto* v = w_.findChild<QListView*>(list))
-            new FocusWatch(v, [this] { prepare(); }, [this] { commit("Load"); });
+            new FocusWatch(
+                v, [this] { prepare(); }, [this] { commit("Load"); });
     connect(w_.findChild<QTabWidget*>("TabStrip1"), &QTabWidget::currentChanged, this, [this] { refreshItems(); });
     refreshItems();
 }

@@ -42,7 +42,9 @@ protected:
 
 private:
     QToolButton* toggle() const { return w_.findChild<QToolButton*>("cmdShowMap"); }
-    QSplitter* splitter() const { return qobject_cast<QSplitter*>(w_.findChild<QTabWidget*>("TabStrip1")->parentWidget()); }
+    QSplitter* splitter() const {
+        return qobject_cast<QSplitter*>(w_.findChild<QTabWidget*>("TabStrip1")->parentWidget());
+    }
 
     MainWindow& w_;
 };

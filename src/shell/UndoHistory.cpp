@@ -32,7 +32,6 @@ std::size_t rowBytes(const std::vector<CheckRow>& rows) {
     return n;
 }
 
-
 void captureLists(const App& app, PoolSnapshot& s) {
     s.drifterRows = rowsOf(app.lstSpeciatePool);
     s.foodRows = rowsOf(app.lstPoolFood);
@@ -66,8 +65,9 @@ PoolSnapshot capturePool(const App& app) {
 }
 
 std::size_t bytesOf(const PoolSnapshot& s) {
-    return sizeof(PoolSnapshot) + s.path.capacity() + s.pool.drifters.size() * sizeof(DrifterRec) + s.pool.food.size() * sizeof(FoodBit) +
-           s.pool.historyBlock.size() + rowBytes(s.drifterRows) + rowBytes(s.foodRows);
+    return sizeof(PoolSnapshot) + s.path.capacity() + s.pool.drifters.size() * sizeof(DrifterRec) +
+           s.pool.food.size() * sizeof(FoodBit) + s.pool.historyBlock.size() + rowBytes(s.drifterRows) +
+           rowBytes(s.foodRows);
 }
 
 void restorePool(App& app, const PoolSnapshot& s) {

@@ -9,12 +9,12 @@
 
 #include "Window.h"
 #include "app/WindowParts.h"
+#include "dnaeditor/GenePanel.h"
 #include "pool/DnaFile.h"
 #include "pool/PoolFile.h"
 #include "pool/PoolOps.h"
-#include "shell/UndoHistory.h"
-#include "dnaeditor/GenePanel.h"
 #include "pooleditor/DrifterList.h"
+#include "shell/UndoHistory.h"
 
 namespace {
 

@@ -54,15 +54,33 @@ TEST(UndoHistory, RandomEditsUndoToTheLoadedFileAndRedoToTheLast) {
         history.prepare(app);
         if (history.undoCount() == 0) ticksBefore = ticks(app.lstSpeciatePool);
         switch (pick(9)) {
-            case 0: aq::killSelectedPoolSpecies(app); break;
-            case 1: aq::reviveSelectedPoolSpecies(app); break;
-            case 2: aq::feedSelectedPoolSpecies(app); break;
-            case 3: if (pick(8) == 0 && app.openPool.drifterCount > 10) aq::deleteSelectedPoolSpecies(app, false); break;
-            case 4: if (pick(8) == 0 && app.openPool.foodCount > 10) aq::deleteSelectedFood(app); break;
-            case 5: aq::MoveDrifterBox(app, aq::Axis::X, slide(app.SliderSpeciatePoolDrifterX)); break;
-            case 6: aq::StretchDrifterBox(app, aq::Axis::Y, slide(app.SliderSpeciatePoolDrifterHeight)); break;
-            case 7: aq::MoveFoodBox(app, aq::Axis::Y, slide(app.SliderFoodY)); break;
-            default: aq::StretchFoodBox(app, aq::Axis::X, slide(app.SliderFoodWidth)); break;
+            case 0:
+                aq::killSelectedPoolSpecies(app);
+                break;
+            case 1:
+                aq::reviveSelectedPoolSpecies(app);
+                break;
+            case 2:
+                aq::feedSelectedPoolSpecies(app);
+                break;
+            case 3:
+                if (pick(8) == 0 && app.openPool.drifterCount > 10) aq::deleteSelectedPoolSpecies(app, false);
+                break;
+            case 4:
+                if (pick(8) == 0 && app.openPool.foodCount > 10) aq::deleteSelectedFood(app);
+                break;
+            case 5:
+                aq::MoveDrifterBox(app, aq::Axis::X, slide(app.SliderSpeciatePoolDrifterX));
+                break;
+            case 6:
+                aq::StretchDrifterBox(app, aq::Axis::Y, slide(app.SliderSpeciatePoolDrifterHeight));
+                break;
+            case 7:
+                aq::MoveFoodBox(app, aq::Axis::Y, slide(app.SliderFoodY));
+                break;
+            default:
+                aq::StretchFoodBox(app, aq::Axis::X, slide(app.SliderFoodWidth));
+                break;
         }
         const std::size_t had = history.undoCount();
         history.commit(app, "edit " + std::to_string(n));
