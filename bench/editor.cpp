@@ -13,6 +13,7 @@
 #include "pooleditor/DrifterList.h"
 #include "pooleditor/SpeciesPass.h"
 #include "series/SeriesNames.h"
+#include "shell/UndoHistory.h"
 #include "support/ManualClock.h"
 #include "support/PoolFixtures.h"
 #include "support/ScriptedUi.h"
@@ -143,8 +144,38 @@ void FoodBoxSliderMove(benchmark::State& state) {
     }
 }
 
+// One undoable edit: the history looks at the pool before and after, and keeps the
+// state before as a step (older steps drop off once 256 MB are held).
+void UndoableKillOrRevive2000(benchmark::State& state) {
+    Loaded l;
+    aq::PoolHistory history;
+    history.reset(l.app);
+    bool kill = true;
+    for (auto _ : state) {
+        history.prepare(l.app);
+        kill ? aq::killSelectedPoolSpecies(l.app) : aq::reviveSelectedPoolSpecies(l.app);
+        history.commit(l.app, "Kill");
+        kill = !kill;
+    }
+}
+
+void UndoThenRedo2000(benchmark::State& state) {
+    Loaded l;
+    aq::PoolHistory history;
+    history.reset(l.app);
+    history.prepare(l.app);
+    aq::killSelectedPoolSpecies(l.app);
+    history.commit(l.app, "Kill");
+    for (auto _ : state) {
+        history.undo(l.app);
+        history.redo(l.app);
+    }
+}
+
 }  // namespace
 
+BENCHMARK(UndoableKillOrRevive2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(UndoThenRedo2000)->Unit(benchmark::kMillisecond);
 BENCHMARK(PopulateSpeciatePoolList2000)->Unit(benchmark::kMillisecond);
 BENCHMARK(CopyDrifters2000)->Unit(benchmark::kMillisecond);
 BENCHMARK(CopyFood2000)->Unit(benchmark::kMillisecond);

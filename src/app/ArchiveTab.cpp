@@ -28,10 +28,15 @@ public:
         auto* grid = new QGridLayout(this);
         auto* all = button("cmdLstArchiveAll", "", "Click here to set or clear all selections");
         all->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
-        all->setFixedWidth(18);
         auto* drifters = button("cmdLstArchiveAllDrifter", "", "Click here to select or unselect all drifter files");
         auto* pools = button("cmdLstArchiveAllPool", "", "Click here to select or unselect all pool files");
-        for (auto* b : {drifters, pools}) b->setFixedWidth(18);
+        // Short captions say what each button ticks; the tooltips tell the rest.
+        const char* captions[3] = {"All", "DNA", "AQP"};
+        QPushButton* three[3] = {all, drifters, pools};
+        for (int k = 0; k < 3; ++k) {
+            three[k]->setText(captions[k]);
+            three[k]->setFixedWidth(three[k]->fontMetrics().horizontalAdvance(captions[k]) + 16);
+        }
         list_ = new QListView(this);
         list_->setObjectName("lstArchive");
         bindCheckList(list_, app_.archive.lstArchive);

@@ -1,5 +1,8 @@
 #include "app/CheckListModel.h"
 
+#include <QStyledItemDelegate>
+#include <QTimer>
+
 namespace aqapp {
 
 CheckListModel::CheckListModel(aq::CheckList& list, QObject* parent) : QAbstractListModel(parent), list_(list) {
@@ -16,7 +19,7 @@ int CheckListModel::rowCount(const QModelIndex& parent) const {
 QVariant CheckListModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || index.row() >= list_.count()) return {};
     const aq::CheckRow& r = list_.row(index.row());
-    if (role == Qt::DisplayRole) return QString::fromStdString(r.text);
+    if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return QString::fromStdString(r.text);
     if (role == Qt::CheckStateRole) return r.checked ? Qt::Checked : Qt::Unchecked;
     return {};
 }
@@ -35,12 +38,63 @@ Qt::ItemFlags CheckListModel::flags(const QModelIndex& index) const {
 void CheckListModel::rowChanged(int row) {
     QModelIndex i = index(row);
     emit dataChanged(i, i, {Qt::DisplayRole, Qt::CheckStateRole});
+    // A row grown past the longest widens the view's scroll range, once per batch.
+    if (longest_ >= 0 && longest_ < list_.count() && row < list_.count() &&
+        list_.text(row).size() > list_.text(longest_).size()) {
+        longest_ = row;
+        if (!relayoutDue_) {
+            relayoutDue_ = true;
+            QTimer::singleShot(0, this, [this] {
+                relayoutDue_ = false;
+                emit layoutAboutToBeChanged();
+                emit layoutChanged();
+            });
+        }
+    }
 }
+
+int CheckListModel::longestRow() const {
+    if (longest_ < 0 || longest_ >= list_.count()) {
+        longest_ = -1;
+        std::size_t most = 0;
+        for (int i = 0; i < list_.count(); ++i)
+            if (longest_ < 0 || list_.text(i).size() > most) {
+                longest_ = i;
+                most = list_.text(i).size();
+            }
+    }
+    return longest_;
+}
+
+namespace {
+
+// Every row as wide as the longest, so the list scrolls sideways to its end instead
+// of cutting rows short; the view asks one row's size when its rows are uniform.
+class LongestRowDelegate : public QStyledItemDelegate {
+public:
+    LongestRowDelegate(CheckListModel* model, QObject* parent) : QStyledItemDelegate(parent), model_(model) {}
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        QSize own = QStyledItemDelegate::sizeHint(option, index);
+        int longest = model_->longestRow();
+        if (longest < 0 || longest == index.row()) return own;
+        QSize wide = QStyledItemDelegate::sizeHint(option, model_->index(longest));
+        return {std::max(own.width(), wide.width()), own.height()};
+    }
+
+private:
+    CheckListModel* model_;
+};
+
+}  // namespace
 
 CheckListModel* bindCheckList(QListView* view, aq::CheckList& list) {
     auto* model = new CheckListModel(list, view);
     view->setModel(model);
     view->setUniformItemSizes(true);  // keeps 2000-row lists quick
+    view->setItemDelegate(new LongestRowDelegate(model, view));
+    view->setTextElideMode(Qt::ElideNone);
+    view->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    view->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     view->setSelectionMode(QAbstractItemView::SingleSelection);
     auto sync = [view, model] {
         aq::CheckList& l = model->list();

@@ -20,13 +20,24 @@ public:
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
     aq::CheckList& list() { return list_; }
+    // The row with the longest text, which sets the width the view scrolls to.
+    int longestRow() const;
 
     void beginReset() override { beginResetModel(); }
-    void endReset() override { endResetModel(); }
+    void endReset() override {
+        longest_ = -1;
+        endResetModel();
+    }
     void beginInsert(int row) override { beginInsertRows({}, row, row); }
-    void endInsert() override { endInsertRows(); }
+    void endInsert() override {
+        longest_ = -1;
+        endInsertRows();
+    }
     void beginRemove(int row) override { beginRemoveRows({}, row, row); }
-    void endRemove() override { endRemoveRows(); }
+    void endRemove() override {
+        longest_ = -1;
+        endRemoveRows();
+    }
     void rowChanged(int row) override;
     void stateChanged() override { emit listStateChanged(); }
 
@@ -35,6 +46,8 @@ signals:
 
 private:
     aq::CheckList& list_;
+    mutable int longest_ = -1;  // -1: to be found again
+    bool relayoutDue_ = false;
 };
 
 // Makes `view` show `list`, following its current row, enabled and visible states.

@@ -136,6 +136,8 @@ public:
         if (geneText_->text() != geneText) geneText_->setText(geneText);
         showBar(value_, g.VsGeneValue);
         showBar(range_, g.VsGeneRange);
+        barCaptions_[0]->setVisible(g.VsGeneValue.visible);
+        barCaptions_[1]->setVisible(g.VsGeneRange.visible);
         geneRange_->setText(QString::fromStdString(g.lblGeneRange).replace("\r\n", "\n"));
         zeroGene_->setEnabled(g.cmdZeroGeneEnabled);
     }
@@ -225,9 +227,19 @@ private:
         row->addWidget(inc);
         panel->addLayout(row);
 
-        auto* bars = new QHBoxLayout;
+        auto* bars = new QGridLayout;
         value_ = geneBar("VsGeneValue");
         range_ = geneBar("VsGeneRange");
+        // Captions over the two bars; they hide with their bar.
+        const char* barNames[2][2] = {{"lblVsGeneValue", "Value"}, {"lblVsGeneRange", "Spread"}};
+        QScrollBar* both[2] = {value_, range_};
+        for (int k = 0; k < 2; ++k) {
+            auto* l = new QLabel(barNames[k][1], this);
+            l->setObjectName(barNames[k][0]);
+            l->setBuddy(both[k]);
+            bars->addWidget(l, 0, k, Qt::AlignHCenter);
+            barCaptions_[k] = l;
+        }
         connect(value_, &QScrollBar::valueChanged, this, [this](int v) {
             app_.dna.gene.VsGeneValue.pos = v;
             aq::ShiftGeneValues(app_);
@@ -238,8 +250,9 @@ private:
         });
         new FocusHint(value_, [this](bool in) { aq::geneScrollFocus(app_, false, in); });
         new FocusHint(range_, [this](bool in) { aq::geneScrollFocus(app_, true, in); });
-        bars->addWidget(value_);
-        bars->addWidget(range_);
+        bars->addWidget(value_, 1, 0, Qt::AlignHCenter);
+        bars->addWidget(range_, 1, 1, Qt::AlignHCenter);
+        bars->setRowStretch(1, 1);
         panel->addLayout(bars, 1);
 
         geneRange_ = new QLabel(this);
@@ -279,6 +292,7 @@ private:
     QPushButton* zeroGene_ = nullptr;
     QScrollBar *value_ = nullptr, *range_ = nullptr;
     QLabel* geneRange_ = nullptr;
+    QLabel* barCaptions_[2] = {};
 };
 
 }  // namespace

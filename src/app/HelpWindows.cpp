@@ -12,6 +12,8 @@
 #include "app/MainWindow.h"
 #include "shell/MultiTask.h"
 #include "state/App.h"
+#include "app/WindowParts.h"
+#include "state/App.h"
 
 namespace aqapp {
 
@@ -38,7 +40,7 @@ QLabel* addLabel(QWidget* parent, QLayout* layout, const char* name, bool wrap =
 QLabel* addIcon(QWidget* parent, QLayout* layout, const char* name) {
     auto* pic = new QLabel(parent);
     pic->setObjectName(name);
-    pic->setPixmap(parent->style()->standardIcon(QStyle::SP_DirIcon).pixmap(32, 32));
+    pic->setPixmap(appIcon().pixmap(32, 32));
     layout->addWidget(pic);
     return pic;
 }

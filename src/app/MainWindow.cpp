@@ -13,11 +13,14 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include "app/EditMenu.h"
 #include "app/MapPanel.h"
 #include "app/HelpWindows.h"
 #include "app/MenuTree.h"
 #include "app/PathFrame.h"
 #include "app/TabFrame.h"
+#include "files/PoolOps.h"
+#include "app/WindowParts.h"
 #include "files/PoolOps.h"
 #include "shell/MenuState.h"
 #include "files/PathBoxes.h"
@@ -45,6 +48,7 @@ MainWindow::MainWindow(aq::Ui& ui, aq::Clock& clock, const QString& programFolde
     app.poolLoaded = false;
     app.dnaLoaded = false;
     buildMenuTree(this);
+    edits_ = new EditMenu(*this);
     app.quickSpeciate = menuItem("mQuickSpec")->isChecked();
     app.similarityDepth = 1000;
     if (app.quickSpeciate) app.similarityDepth = 100;
@@ -117,6 +121,8 @@ MainWindow::MainWindow(aq::Ui& ui, aq::Clock& clock, const QString& programFolde
     // The archive list's ticks and boxes, then the settings file over them.
     aq::startupSettings(app);
     refreshAll();
+    edits_->watchControls();
+    installWindowParts(*this);
 }
 
 MainWindow::~MainWindow() { app_->onStateChanged = nullptr; }
@@ -127,7 +133,9 @@ QAction* MainWindow::menuItem(const QString& name) const {
 }
 
 void MainWindow::onMenu(const QString& name, std::function<void()> fn) {
-    if (QAction* a = menuItem(name)) connect(a, &QAction::triggered, this, [fn = std::move(fn)] { fn(); });
+    // Each menu command is one step of the undo history, named by its caption.
+    if (QAction* a = menuItem(name))
+        connect(a, &QAction::triggered, this, [this, a, fn = std::move(fn)] { edits_->step(a->text(), fn); });
 }
 
 int MainWindow::selectedTab() const { return tabs_->currentIndex() + 1; }

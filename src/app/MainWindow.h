@@ -17,6 +17,7 @@ namespace aqapp {
 class TabFrame;
 class MapPanel;
 class PathFrame;
+class EditMenu;
 
 class MainWindow : public QMainWindow {
     Q_OBJECT
@@ -40,6 +41,7 @@ public:
     QTimer& multiTaskTimer() { return tmrMultiTask_; }
     MapPanel* mapPanel() { return mapPanel_; }
     PathFrame* pathFrame() const { return pathFrame_; }
+    EditMenu& editMenu() const { return *edits_; }
 
     static const char* const kCaption;
 
@@ -56,6 +58,7 @@ private:
     aq::MultiTask task_;
     MapPanel* mapPanel_ = nullptr;
     PathFrame* pathFrame_ = nullptr;
+    EditMenu* edits_ = nullptr;
 };
 
 }  // namespace aqapp

@@ -2,10 +2,13 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
+#include <QTimer>
 
 #include "app/MainWindow.h"
 #include "app/PictureCommand.h"
 #include "app/QtUi.h"
+#include "base/Clock.h"
+#include "app/WindowParts.h"
 #include "base/Clock.h"
 
 namespace {
@@ -28,10 +31,14 @@ int main(int argc, char** argv) {
     QApplication qapp(argc, argv);
     QCoreApplication::setApplicationName("AqFileManager");
     QCoreApplication::setOrganizationName("Aquarium");
+    QGuiApplication::setDesktopFileName("aqfilemanager");
     aqapp::QtUi ui;
     aq::SystemClock clock;
     aqapp::MainWindow window(ui, clock, programFolder());
     ui.setParentWidget(&window);
     window.show();
+    // AqFileManager FILE...: pools and DNA files opened once the window is up.
+    QStringList files = QCoreApplication::arguments().mid(1);
+    if (!files.isEmpty()) QTimer::singleShot(0, &window, [&window, files] { aqapp::openFiles(window, files); });
     return qapp.exec();
 }

@@ -75,7 +75,7 @@ void populateSpeciatePoolList(App& app) {
     while (list.count() > keep) list.remove(keep);
 }
 
-void initiateLoadPoolFile(App& app) {
+void initiateLoadPoolFile(App& app, const std::string& chosen) {
     if (app.poolChanged) {
         Answer a = app.ui.AskYesNoCancel(
             "The currently open pool file has been changed.  Save changes before opening another file?",
@@ -90,7 +90,9 @@ void initiateLoadPoolFile(App& app) {
 
     std::string previousPath = app.openPoolPath;
     bool previousChanged = app.poolChanged;
-    app.openPoolPath = locateSourceFile(app, app.comboPoolPath, "", "aqp", "Aquarium Files", "Select Pool File");
+    app.openPoolPath = !chosen.empty() ? chosen
+                                       : locateSourceFile(app, app.comboPoolPath, "", "aqp", "Aquarium Files",
+                                                          "Select Pool File");
     if (app.openPoolPath.empty()) {
         app.stateChanged();
         return;

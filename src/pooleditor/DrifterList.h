@@ -19,7 +19,8 @@ void populateSpeciatePoolList(App& app);
 // Lists a pool just loaded or generated into openPool and starts its species pass.
 void showNewOpenPool(App& app);
 
-// The user's load of a pool into the two editor lists.
-void initiateLoadPoolFile(App& app);
+// The user's load of a pool into the two editor lists; `chosen`, when given (a file
+// opened from outside the program), stands for the file dialog's answer.
+void initiateLoadPoolFile(App& app, const std::string& chosen = {});
 
 }  // namespace aq

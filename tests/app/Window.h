@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QSettings>
 #include <QtTest>
 #include <type_traits>
 #include <utility>
@@ -26,6 +27,11 @@ struct Window {
     ManualClock clock;
     UiT ui = makeUi();
     TempDir dir;
+    // The window's own settings (geometry, recent files) go to the test's folder.
+    bool settingsInDir = [this] {
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, QString::fromStdString(dir.path()));
+        return true;
+    }();
     aqapp::MainWindow w{ui, clock, QString::fromStdString(dir.path())};
 
     aq::App& app() { return w.app(); }

@@ -1,0 +1,18 @@
+#include "app/WindowParts.h"
+
+#include <QApplication>
+
+#include "app/MainWindow.h"
+
+namespace aqapp {
+
+void installWindowParts(MainWindow& w) {
+    QApplication::setWindowIcon(appIcon());
+    w.setWindowIcon(appIcon());
+    installShortcuts(w);
+    installFileOpening(w);
+    installStatusLine(w);
+    installWindowMemory(w);
+}
+
+}  // namespace aqapp

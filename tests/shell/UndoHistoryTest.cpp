@@ -1,0 +1,118 @@
+// Undo and redo: a random run of edits undone back to the loaded file, byte for byte.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "foodeditor/FoodEdits.h"
+#include "foodeditor/FoodList.h"
+#include "format/PoolFile.h"
+#include "pooleditor/BulkEdits.h"
+#include "pooleditor/DrifterList.h"
+#include "base/QuietUi.h"
+#include "shell/UndoHistory.h"
+#include "support/ManualClock.h"
+#include "support/PoolFixtures.h"
+
+namespace {
+
+// Deletes without saving what it deletes.
+struct DeletingUi : aq::QuietUi {
+    aq::Answer AskYesNoCancel(const std::string&, const std::string&) override { return aq::Answer::No; }
+};
+
+std::vector<bool> ticks(const aq::CheckList& l) {
+    std::vector<bool> t;
+    for (int i = 0; i < l.count(); ++i) t.push_back(l.checked(i));
+    return t;
+}
+
+TEST(UndoHistory, RandomEditsUndoToTheLoadedFileAndRedoToTheLast) {
+    const unsigned seed = std::random_device{}();
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    std::mt19937 rng(seed);
+    DeletingUi ui;
+    aqtest::ManualClock clock;
+    aq::App app(ui, clock);
+    app.openPool = aqtest::defaultPool();
+    app.poolLoaded = true;
+    aq::showNewOpenPool(app);
+    aq::setSpeciatePoolSliders(app);
+    aq::setFoodSliders(app);
+    const std::string loaded = aq::poolBytes(app.openPool);
+    aq::PoolHistory history;
+    history.reset(app);
+    std::vector<bool> ticksBefore;
+
+    auto pick = [&](int n) { return std::uniform_int_distribution<int>(0, std::max(n - 1, 0))(rng); };
+    auto slide = [&](const aq::SliderState& s) { return s.min + pick(s.max - s.min + 1); };
+    int steps = 0;
+    for (int n = 0; n < 200; ++n) {
+        for (aq::CheckList* l : {&app.lstSpeciatePool, &app.lstPoolFood})
+            if (l->count() > 0) l->setChecked(pick(l->count()), pick(2) == 1);
+        aq::setSpeciatePoolSliders(app);
+        aq::setFoodSliders(app);
+        history.prepare(app);
+        if (history.undoCount() == 0) ticksBefore = ticks(app.lstSpeciatePool);
+        switch (pick(9)) {
+            case 0:
+                aq::killSelectedPoolSpecies(app);
+                break;
+            case 1:
+                aq::reviveSelectedPoolSpecies(app);
+                break;
+            case 2:
+                aq::feedSelectedPoolSpecies(app);
+                break;
+            case 3:
+                if (pick(8) == 0 && app.openPool.drifterCount > 10) aq::deleteSelectedPoolSpecies(app, false);
+                break;
+            case 4:
+                if (pick(8) == 0 && app.openPool.foodCount > 10) aq::deleteSelectedFood(app);
+                break;
+            case 5:
+                aq::MoveDrifterBox(app, aq::Axis::X, slide(app.SliderSpeciatePoolDrifterX));
+                break;
+            case 6:
+                aq::StretchDrifterBox(app, aq::Axis::Y, slide(app.SliderSpeciatePoolDrifterHeight));
+                break;
+            case 7:
+                aq::MoveFoodBox(app, aq::Axis::Y, slide(app.SliderFoodY));
+                break;
+            default:
+                aq::StretchFoodBox(app, aq::Axis::X, slide(app.SliderFoodWidth));
+                break;
+        }
+        const std::size_t had = history.undoCount();
+        history.commit(app, "edit " + std::to_string(n));
+        steps += history.undoCount() > had;
+    }
+    ASSERT_GT(steps, 50);
+    EXPECT_EQ(history.undoCount(), std::size_t(steps));
+    const std::string last = aq::poolBytes(app.openPool);
+    const auto lastRows = app.lstSpeciatePool.count();
+
+    while (history.undo(app)) {
+    }
+    EXPECT_TRUE(aq::poolBytes(app.openPool) == loaded);
+    EXPECT_FALSE(app.poolChanged);  // back at the file's state
+    EXPECT_EQ(ticks(app.lstSpeciatePool), ticksBefore);
+    EXPECT_EQ(app.lstSpeciatePool.count(), app.openPool.drifterCount);
+    EXPECT_EQ(app.lstPoolFood.count(), app.openPool.foodCount);
+    while (history.redo(app)) {
+    }
+    EXPECT_TRUE(aq::poolBytes(app.openPool) == last);
+    EXPECT_EQ(app.lstSpeciatePool.count(), lastRows);
+    EXPECT_TRUE(app.poolChanged);
+
+    // Saved here: every other state differs from the file, the saved one again doesn't.
+    history.prepare(app);
+    app.poolChanged = false;
+    history.commit(app, "Save Pool File");
+    EXPECT_EQ(history.undoCount(), std::size_t(steps));
+    while (history.undo(app)) EXPECT_TRUE(app.poolChanged);
+    while (history.redo(app)) {
+    }
+    EXPECT_FALSE(app.poolChanged);
+}
+
+}  // namespace
