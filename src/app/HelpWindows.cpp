@@ -10,9 +10,8 @@
 #include <QVBoxLayout>
 
 #include "app/MainWindow.h"
-#include "shell/MultiTask.h"
-#include "state/App.h"
 #include "app/WindowParts.h"
+#include "shell/MultiTask.h"
 #include "state/App.h"
 
 namespace aqapp {

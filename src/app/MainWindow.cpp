@@ -9,21 +9,20 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QSplitter>
-#include <QToolButton>
 #include <QTabWidget>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "app/EditMenu.h"
-#include "app/MapPanel.h"
 #include "app/HelpWindows.h"
+#include "app/MapPanel.h"
 #include "app/MenuTree.h"
 #include "app/PathFrame.h"
 #include "app/TabFrame.h"
-#include "files/PoolOps.h"
 #include "app/WindowParts.h"
+#include "files/PathBoxes.h"
 #include "files/PoolOps.h"
 #include "shell/MenuState.h"
-#include "files/PathBoxes.h"
 #include "shell/Settings.h"
 #include "shell/Shutdown.h"
 
@@ -32,8 +31,9 @@ namespace aqapp {
 const char* const MainWindow::kCaption = "Aquarium File Manager - v.3.1.0.1";
 
 namespace {
-const char* const kTabCaptions[6] = {"Archive", "Startup Pool", "Edit Drifters in Pool File", "Edit Food in Pool File",
-                                     "Edit Drifter Files", "Create Series"};
+const char* const kTabCaptions[6] = {
+    "Archive",      "Startup Pool", "Edit Drifters in Pool File", "Edit Food in Pool File", "Edit Drifter Files",
+    "Create Series"};
 }
 
 MainWindow::MainWindow(aq::Ui& ui, aq::Clock& clock, const QString& programFolder, QWidget* parent)
@@ -61,8 +61,8 @@ MainWindow::MainWindow(aq::Ui& ui, aq::Clock& clock, const QString& programFolde
     auto* layout = new QVBoxLayout(central);
     tabs_ = new QTabWidget(central);
     tabs_->setObjectName("TabStrip1");
-    TabFrame* (*makers[6])(MainWindow&) = {makeArchiveTab,       makeStartupTab,      makePoolDriftersTab,
-                                           makePoolFoodTab,      makeDrifterFilesTab, makeSeriesTab};
+    TabFrame* (*makers[6])(MainWindow&) = {makeArchiveTab,  makeStartupTab,      makePoolDriftersTab,
+                                           makePoolFoodTab, makeDrifterFilesTab, makeSeriesTab};
     for (int k = 0; k < 6; ++k) {
         TabFrame* f = makers[k](*this);
         frames_.push_back(f);
@@ -156,9 +156,7 @@ void MainWindow::refreshAll() {
     if (pathFrame_) pathFrame_->refresh();
 }
 
-void MainWindow::tick() {
-    aq::tmrMultiTaskTick(*app_, task_, {frameShown(3), frameShown(4)});
-}
+void MainWindow::tick() { aq::tmrMultiTaskTick(*app_, task_, {frameShown(3), frameShown(4)}); }
 
 void MainWindow::closeEvent(QCloseEvent* e) {
     tmrMultiTask_.stop();

@@ -7,7 +7,6 @@
 #include "app/MainWindow.h"
 #include "app/PictureCommand.h"
 #include "app/QtUi.h"
-#include "base/Clock.h"
 #include "app/WindowParts.h"
 #include "base/Clock.h"
 
