@@ -16,6 +16,7 @@
 
 #include "app/CheckListModel.h"
 #include "app/ClickLabel.h"
+#include "app/LiveProgressBar.h"
 #include "app/LoadOnFocus.h"
 #include "app/MainWindow.h"
 #include "app/TabFrame.h"
@@ -88,6 +89,7 @@ public:
         bar_->setTextVisible(false);
         bar_->setVisible(false);
         left->addWidget(bar_);
+        paintProgressLive(bar_, app_.dna.drifterProgressBar1);
         left->addLayout(buildThresholdRow());
 
         w.onMenu("mLoadDrifter", [this] { aq::initiateLoadDrifterArchive(app_); });
@@ -122,9 +124,7 @@ public:
                 threshold_->lineEdit()->setCursorPosition(d.thresholdCaret);
             }
         }
-        bar_->setRange(d.drifterProgressBar1.min, std::max(d.drifterProgressBar1.min, d.drifterProgressBar1.max));
-        bar_->setValue(d.drifterProgressBar1.value);
-        bar_->setVisible(d.drifterProgressBar1.visible);
+        showProgressBar(bar_, d.drifterProgressBar1);
         if (group_->currentIndex() != d.comboSpeciateDrifterGroup) {
             QSignalBlocker b(group_);
             group_->setCurrentIndex(d.comboSpeciateDrifterGroup);

@@ -93,7 +93,16 @@ void MapPanel::watchControls() {
         auto* view = window_.findChild<QListView*>(name);
         if (!view || !view->model()) continue;
         QAbstractItemModel* m = view->model();
-        auto repaint = [this] { map_->update(); };
+        auto repaint = [this] {
+            // The map shows what the lists show: once a load has cleared them, the pool
+            // behind them is no longer on show.
+            aq::App& a = window_.app();
+            bool listed = a.lstSpeciatePool.count() > 0 || a.lstPoolFood.count() > 0 ||
+                          (a.openPool.drifterCount <= 0 && a.openPool.foodCount <= 0);
+            const aq::Pool* shown = listed ? &a.openPool : nullptr;
+            if (map_->pool() != shown) map_->setPool(shown);
+            map_->update();
+        };
         connect(m, &QAbstractItemModel::dataChanged, map_, repaint);
         connect(m, &QAbstractItemModel::modelReset, map_, repaint);
         connect(m, &QAbstractItemModel::rowsInserted, map_, repaint);

@@ -23,6 +23,7 @@ public:
 
     // The pool is not owned; call update() after it changed.
     void setPool(const aq::Pool* pool);
+    const aq::Pool* pool() const { return pool_; }
     // Ticked rows are drawn highlighted (row i is record i).
     void setTicks(const aq::CheckList* drifters, const aq::CheckList* food);
     void setSelectionBox(std::optional<aq::WorldRect> box);

@@ -5,7 +5,17 @@
 
 #include "Window.h"
 #include "pool/PoolFile.h"
+#include "pooleditor/SpeciesPass.h"
 #include "support/PoolFixtures.h"
+
+// Counts the paintings of a widget.
+struct Paints : QObject {
+    int count = 0;
+    bool eventFilter(QObject*, QEvent* e) override {
+        count += e->type() == QEvent::Paint;
+        return false;
+    }
+};
 
 class PoolDriftersTabTest : public QObject {
     Q_OBJECT
@@ -128,6 +138,30 @@ private slots:
         QTest::keyClicks(text, "95%");
         QTRY_COMPARE_WITH_TIMEOUT(scroll->value(), 950, 5000);
         QCOMPARE(text->text(), QString("95%"));
+    }
+
+    void longWorkKeepsTheViewAndShowsItsBar() {
+        aqtest::Window<> h;
+        h.w.show();
+        load(h, aqtest::makePool(400, 0));
+        auto* view = h.get<QListView>("lstSpeciatePool");
+        QVERIFY(view->verticalScrollBar()->maximum() > 0);
+        // Kill rewrites every line in place: the view stays at the top, away from the current row.
+        h.tick("lstSpeciatePool", 350);
+        QCOMPARE(h.app().lstSpeciatePool.currentIndex(), 350);
+        view->scrollToTop();
+        h.menu("mSelectKill");
+        QCOMPARE(h.app().openPool.drifters[350].alive, 0);
+        QCOMPARE(view->verticalScrollBar()->value(), 0);
+
+        // The range scan paints its bar while it runs.
+        Paints paints;
+        h.get("PoolProgressBar1")->installEventFilter(&paints);
+        h.ui.message(aq::thresholdRangeMessage(aq::poolThresholdRange(h.app().openPool, 100, {})));
+        QTest::mouseClick(h.get("lblPoolPer"), Qt::LeftButton);
+        QVERIFY(paints.count > 0);
+        QVERIFY(h.get("PoolProgressBar1")->isHidden());
+        SCRIPT_DONE(h);
     }
 };
 
