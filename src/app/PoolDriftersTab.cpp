@@ -104,7 +104,7 @@ public:
             sentence_[k]->setEnabled(app_.poolSentenceEnabled[k]);
         }
         QSignalBlocker b1(scroll_), b2(text_);
-        scroll_->setValue(app_.scrollPoolSpeciesThreshold);
+        if (!scroll_->isSliderDown()) scroll_->setValue(app_.scrollPoolSpeciesThreshold);
         QString t = QString::fromStdString(app_.txtPoolSpeciesThreshold);
         if (text_->text() != t) text_->setText(t);
         showProgressBar(bar_, app_.PoolProgressBar1);
@@ -154,6 +154,8 @@ private:
         scroll_->setSingleStep(5);
         scroll_->setPageStep(50);
         scroll_->setValue(app_.scrollPoolSpeciesThreshold);
+        // A drag runs the handler once, on release; arrows and page steps run it at each step.
+        scroll_->setTracking(false);
         connect(scroll_, &QScrollBar::valueChanged, this, [this](int v) {
             aq::setPoolSpeciesThresholdPosition(app_, v);
             refresh();
