@@ -28,7 +28,7 @@ int main(int argc, char** argv) {
     QCoreApplication::setOrganizationName("Aquarium");
     aqapp::QtUi ui;
     aq::SystemClock clock;
-    aqapp::MainWindow window(ui, clock, programFolder());
+    aqapp::MainWindow window(ui, clock, programFolder(), nullptr, QCoreApplication::applicationDirPath());
     ui.setParentWidget(&window);
     window.show();
     return qapp.exec();

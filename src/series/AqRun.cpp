@@ -22,7 +22,8 @@ std::uint32_t startAt(App& app, const std::string& folder, const std::string& na
 // The folder of the box, taken from the program's current folder when it is relative:
 // the simulator starts in another folder, where a relative path would name another file.
 std::string simulatorFolder(const std::string& box) {
-    if (box.empty()) return box;
+    // Windows paths (a backslash or a drive) are left to the simulator that knows them.
+    if (box.empty() || box.front() == '/' || box.find_first_of("\\:") != std::string::npos) return box;
     std::error_code ec;
     std::filesystem::path absolute = std::filesystem::absolute(box, ec);
     return ec ? box : absolute.lexically_normal().string();

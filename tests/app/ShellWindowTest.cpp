@@ -2,12 +2,15 @@
 // about and the notice.
 #include <QCheckBox>
 #include <QDialog>
+#include <QFileDialog>
 #include <QPushButton>
+#include <QTimer>
 #include <filesystem>
 
 #include "Window.h"
 #include "app/HelpWindows.h"
 #include "app/PathFrame.h"
+#include "app/QtUi.h"
 
 using aqapp::MainWindow;
 
@@ -23,6 +26,34 @@ class ShellWindowTest : public QObject {
     static QString boxText(MainWindow& w, const char* name) { return w.findChild<QComboBox*>(name)->currentText(); }
 
 private slots:
+    void fileDialogsTakeNewNamesAndTheSaveDialogKeepsItsName() {
+        aqtest::TempDir dir;
+        aqapp::QtUi ui;
+        QString nameShown;
+        // The next file dialog shows its name field to `nameShown` and is answered with `name`
+        // (or what it shows); an answer it refuses leaves it to a cancel.
+        auto answer = [&nameShown](const QString& name) {
+            QTimer::singleShot(0, [&nameShown, name] {
+                auto* dlg = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+                if (!dlg) return;
+                nameShown = dlg->findChild<QLineEdit*>("fileNameEdit")->text();
+                if (!name.isEmpty()) dlg->selectFile(name);
+                QTimer::singleShot(500, dlg, &QDialog::reject);
+                dlg->accept();
+            });
+        };
+        answer("missing.aqp");
+        QVERIFY(ui.ChooseOpenFile(dir.path(), "", "aqp", "Aquarium Files", "Select Pool File").ends_with("/missing.aqp"));
+        answer("kept.aqp");
+        QVERIFY(!ui.ChooseSaveFile(dir.path(), "", "aqp", "Pool Files", "Save Pool As").empty());
+        answer("");
+        QVERIFY(ui.ChooseSaveFile(dir.path(), "", "aqp", "Pool Files", "Save Pool As").ends_with("/kept.aqp"));
+        QCOMPARE(nameShown, QString("kept.aqp"));
+        answer("");
+        ui.ChooseOpenFile(dir.path(), "", "aqp", "Aquarium Files", "Select Pool File");
+        QCOMPARE(nameShown, QString());  // the open dialog starts empty
+    }
+
     void settingsSurviveARestart() {
         aqtest::ScriptedUi ui;
         aqtest::ManualClock clock;
