@@ -129,6 +129,16 @@ private slots:
         auto* text = h.get<QLineEdit>("txtPoolSpeciesThreshold");
         QCOMPARE(scroll->value(), 444);
         QCOMPARE(text->text(), QString("44.4"));
+        // A drag of a threshold's thumb that ends where it began runs no handler.
+        for (const char* name : {"scrollPoolSpeciesThreshold", "scrollFoodThreshold"}) {
+            auto* bar = h.get<QScrollBar>(name);
+            const int at = bar->value();
+            bar->setSliderDown(true);
+            bar->setSliderPosition(at / 2);
+            bar->setSliderPosition(at);
+            bar->setSliderDown(false);
+        }
+        QCOMPARE(h.app().txtPoolSpeciesThreshold + h.app().txtFoodThreshold, std::string("44.488.8"));
         scroll->setValue(7);
         QCOMPARE(text->text(), QString(" .7"));
         QCOMPARE(h.app().poolThreshold, 0.7f);
