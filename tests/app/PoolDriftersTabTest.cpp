@@ -153,6 +153,7 @@ private slots:
     void longWorkKeepsTheViewAndShowsItsBar() {
         aqtest::Window<> h;
         h.w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&h.w));
         load(h, aqtest::makePool(400, 0));
         auto* view = h.get<QListView>("lstSpeciatePool");
         QVERIFY(view->verticalScrollBar()->maximum() > 0);
