@@ -156,7 +156,7 @@ private slots:
         QVERIFY(QTest::qWaitForWindowExposed(&h.w));
         load(h, aqtest::makePool(400, 0));
         auto* view = h.get<QListView>("lstSpeciatePool");
-        QVERIFY(view->verticalScrollBar()->maximum() > 0);
+        QTRY_VERIFY(view->verticalScrollBar()->maximum() > 0);
         // Kill rewrites every line in place: the view stays at the top, away from the current row.
         h.tick("lstSpeciatePool", 350);
         QCOMPARE(h.app().lstSpeciatePool.currentIndex(), 350);

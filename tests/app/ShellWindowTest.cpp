@@ -31,14 +31,17 @@ private slots:
         aqapp::QtUi ui;
         QString nameShown;
         // The next file dialog shows its name field to `nameShown` and is answered with `name`
-        // (or what it shows); an answer it refuses leaves it to a cancel.
+        // (or what it shows); an answer it refuses (and any warning about it) ends in a cancel.
         auto answer = [&nameShown](const QString& name) {
             QTimer::singleShot(0, [&nameShown, name] {
                 auto* dlg = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
                 if (!dlg) return;
                 nameShown = dlg->findChild<QLineEdit*>("fileNameEdit")->text();
                 if (!name.isEmpty()) dlg->selectFile(name);
-                QTimer::singleShot(500, dlg, &QDialog::reject);
+                QTimer::singleShot(500, dlg, [] {
+                    for (QWidget* w : QApplication::topLevelWidgets())
+                        if (auto* d = qobject_cast<QDialog*>(w); d && d->isVisible()) d->reject();
+                });
                 static_cast<QDialog*>(dlg)->accept();  // QFileDialog checks the name
             });
         };
