@@ -36,9 +36,8 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* e) override {
-        const bool popup =
-            (e->type() == QEvent::FocusIn || e->type() == QEvent::FocusOut) &&
-            static_cast<QFocusEvent*>(e)->reason() == Qt::PopupFocusReason;
+        const bool popup = (e->type() == QEvent::FocusIn || e->type() == QEvent::FocusOut) &&
+                           static_cast<QFocusEvent*>(e)->reason() == Qt::PopupFocusReason;
         if (e->type() == QEvent::FocusIn && !popup) fn_(true);
         if (e->type() == QEvent::FocusOut && !popup) fn_(false);
         return QObject::eventFilter(watched, e);

@@ -61,7 +61,7 @@ struct SeriesControls {
     bool selectRange = false;   // the slider's selection shows a run's progress
     int selStart = 0;
     int selLength = 0;
-    int runSeconds = 0;         // seconds the present run has gone, as the tab shows them
+    int runSeconds = 0;  // seconds the present run has gone, as the tab shows them
     bool restartRequested = false;
     bool nextRequested = false;
 };

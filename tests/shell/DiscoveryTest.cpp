@@ -67,8 +67,8 @@ TEST(PathBoxes, PatternsIgnoreCaseAndProgramsNeedNoExe) {
         const char *folder, *pattern;
         bool found;
     } cases[] = {
-        {"Sim", "aquarium*.EXE", true}, {"Bin", "Aquarium*.exe", true},   {"Bin", "Aquarium5*.exe", false},
-        {"Data", "?.DNA", true},        {"Dirs", "aquarium*.exe", false}, {"Missing", "*.dna", false},
+        {"Sim", "aquarium*.EXE", true},    {"Bin", "Aquarium*.exe", true},   {"Bin", "Aquarium5*.exe", false},
+        {"Data", "?.DNA", true},           {"Dirs", "aquarium*.exe", false}, {"Missing", "*.dna", false},
         {"Notes", "Aquarium*.exe", false},  // named like the simulator, but no program
     };
     for (const Case& c : cases) EXPECT_EQ(aq::filePatternExists(f.at(c.folder), c.pattern), c.found) << c.folder;
