@@ -2,6 +2,8 @@
 
 #include <QStyledItemDelegate>
 #include <QTimer>
+#include <QScrollBar>
+#include <memory>
 
 namespace aqapp {
 
@@ -101,9 +103,24 @@ CheckListModel* bindCheckList(QListView* view, aq::CheckList& list) {
         view->setEnabled(l.enabled());
         int cur = l.currentIndex();
         QModelIndex want = cur >= 0 && cur < model->rowCount() ? model->index(cur) : QModelIndex();
-        if (view->currentIndex() != want) view->setCurrentIndex(want);
+        if (view->currentIndex() == want) return;
+        // The program's own change of the current row leaves the view where the user
+        // scrolled it; a caller that wants the row in sight scrolls to it.
+        const bool autoScroll = view->hasAutoScroll();
+        view->setAutoScroll(false);
+        view->setCurrentIndex(want);
+        view->setAutoScroll(autoScroll);
     };
     QObject::connect(model, &CheckListModel::listStateChanged, view, sync);
+    // Rewriting the rows (a slider move, kill, revive, feed, species tags) resets the
+    // model; the view keeps its scroll position across it.
+    auto top = std::make_shared<int>(0);
+    QObject::connect(model, &QAbstractItemModel::modelAboutToBeReset, view,
+                     [view, top] { *top = view->verticalScrollBar()->value(); });
+    QObject::connect(model, &QAbstractItemModel::modelReset, view, [view, top] {
+        view->doItemsLayout();
+        view->verticalScrollBar()->setValue(*top);
+    });
     QObject::connect(view->selectionModel(), &QItemSelectionModel::currentChanged, view,
                      [model](const QModelIndex& now) {
                          aq::CheckList& l = model->list();

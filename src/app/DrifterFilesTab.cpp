@@ -16,6 +16,7 @@
 
 #include "app/CheckListModel.h"
 #include "app/ClickLabel.h"
+#include "app/LiveProgressBar.h"
 #include "app/LoadOnFocus.h"
 #include "app/MainWindow.h"
 #include "app/TabFrame.h"
@@ -26,7 +27,7 @@ namespace aqapp {
 
 namespace {
 
-// Tells the core when one of the gene scrollbars gains or loses the focus.
+// Tells when a control gains or loses the focus; a popup opening over it is neither.
 class FocusHint : public QObject {
 public:
     FocusHint(QWidget* target, std::function<void(bool)> fn) : QObject(target), fn_(std::move(fn)) {
@@ -35,8 +36,10 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* e) override {
-        if (e->type() == QEvent::FocusIn) fn_(true);
-        if (e->type() == QEvent::FocusOut) fn_(false);
+        const bool popup = (e->type() == QEvent::FocusIn || e->type() == QEvent::FocusOut) &&
+                           static_cast<QFocusEvent*>(e)->reason() == Qt::PopupFocusReason;
+        if (e->type() == QEvent::FocusIn && !popup) fn_(true);
+        if (e->type() == QEvent::FocusOut && !popup) fn_(false);
         return QObject::eventFilter(watched, e);
     }
 
@@ -88,6 +91,7 @@ public:
         bar_->setTextVisible(false);
         bar_->setVisible(false);
         left->addWidget(bar_);
+        paintProgressLive(bar_, app_.dna.drifterProgressBar1);
         left->addLayout(buildThresholdRow());
 
         w.onMenu("mLoadDrifter", [this] { aq::initiateLoadDrifterArchive(app_); });
@@ -108,7 +112,7 @@ public:
         {
             QSignalBlocker b1(scroll_), b2(threshold_);
             scroll_->setRange(d.scrollDrifterSpeciesThreshold.min, d.scrollDrifterSpeciesThreshold.max);
-            scroll_->setValue(d.scrollDrifterSpeciesThreshold.pos);
+            if (!scroll_->isSliderDown()) scroll_->setValue(d.scrollDrifterSpeciesThreshold.pos);
             QStringList items;
             for (const auto& item : d.thresholdItems) items << QString::fromStdString(item);
             if (items != itemsShown_) {
@@ -122,9 +126,7 @@ public:
                 threshold_->lineEdit()->setCursorPosition(d.thresholdCaret);
             }
         }
-        bar_->setRange(d.drifterProgressBar1.min, std::max(d.drifterProgressBar1.min, d.drifterProgressBar1.max));
-        bar_->setValue(d.drifterProgressBar1.value);
-        bar_->setVisible(d.drifterProgressBar1.visible);
+        showProgressBar(bar_, d.drifterProgressBar1);
         if (group_->currentIndex() != d.comboSpeciateDrifterGroup) {
             QSignalBlocker b(group_);
             group_->setCurrentIndex(d.comboSpeciateDrifterGroup);
@@ -151,6 +153,8 @@ private:
         scroll_->setObjectName("scrollDrifterSpeciesThreshold");
         scroll_->setSingleStep(5);
         scroll_->setPageStep(50);
+        // A drag runs the handler once, on release; arrows and page steps run it at each step.
+        scroll_->setTracking(false);
         connect(scroll_, &QScrollBar::valueChanged, this, [this](int v) {
             aq::setDrifterThresholdPosition(app_, v);
             refresh();
@@ -166,9 +170,9 @@ private:
         };
         connect(threshold_, &QComboBox::editTextChanged, this, typed);
         connect(threshold_, &QComboBox::textActivated, this, typed);
-        // Leaving the box applies the text at once.
-        connect(threshold_->lineEdit(), &QLineEdit::editingFinished, this, [this] {
-            if (!app_.drifterThresholdTyped) return;
+        // Leaving the box applies its text at once, also when the timer has read it already.
+        new FocusHint(threshold_, [this](bool in) {
+            if (in) return;
             aq::validateDrifterSpeciesThreshold(app_);
             aq::scrollDrifterSpeciesThresholdChange(app_);
             refresh();
@@ -273,13 +277,17 @@ private:
         bar->setInvertedControls(true);
         bar->setFocusPolicy(Qt::StrongFocus);
         bar->setMinimumHeight(160);
+        // A drag changes the genes once, on release: every step of it would rescale or
+        // shift them from the last step's values, and mark unchanged files as changed.
+        bar->setTracking(false);
         return bar;
     }
 
     static void showBar(QScrollBar* bar, const aq::ScrollBarState& s) {
+        bar->setVisible(s.visible);
+        if (bar->isSliderDown()) return;  // the user's drag is not undone under the pointer
         bar->setRange(s.min, std::max(s.min, s.max));
         bar->setValue(s.pos);
-        bar->setVisible(s.visible);
     }
 
     QComboBox* group_ = nullptr;

@@ -36,11 +36,13 @@ const char* const kTabCaptions[6] = {
     "Create Series"};
 }
 
-MainWindow::MainWindow(aq::Ui& ui, aq::Clock& clock, const QString& programFolder, QWidget* parent)
+MainWindow::MainWindow(aq::Ui& ui, aq::Clock& clock, const QString& programFolder, QWidget* parent,
+                       const QString& homeFolder)
     : QMainWindow(parent), app_(std::make_unique<aq::App>(ui, clock)) {
     setObjectName("frmAqFile");
     aq::App& app = *app_;
     app.programFolder = programFolder.toStdString();
+    app.homeFolder = homeFolder.toStdString();
 
     // Start-up, in the program's order: the default pool, the shared flags, the menus.
     aq::loadDefaultPool(app);

@@ -23,7 +23,10 @@ class MainWindow : public QMainWindow {
     Q_OBJECT
 public:
     // `programFolder` holds the settings file and the simulator hand-over file.
-    MainWindow(aq::Ui& ui, aq::Clock& clock, const QString& programFolder, QWidget* parent = nullptr);
+    // `homeFolder`, the program's own folder, is where the folder search and the dialogs
+    // start; empty means `programFolder`.
+    MainWindow(aq::Ui& ui, aq::Clock& clock, const QString& programFolder, QWidget* parent = nullptr,
+               const QString& homeFolder = {});
     ~MainWindow() override;
 
     aq::App& app() { return *app_; }

@@ -18,6 +18,7 @@
 #include "app/BoxSliders.h"
 #include "app/CheckListModel.h"
 #include "app/ClickLabel.h"
+#include "app/LiveProgressBar.h"
 #include "app/LoadOnFocus.h"
 #include "app/MainWindow.h"
 #include "app/TabFrame.h"
@@ -52,6 +53,7 @@ public:
         bar_->setTextVisible(false);
         bar_->hide();
         layout->addWidget(bar_);
+        paintProgressLive(bar_, app_.PoolProgressBar1);
 
         layout->addLayout(buildThresholdRow());
         layout->addLayout(buildSliders());
@@ -102,13 +104,10 @@ public:
             sentence_[k]->setEnabled(app_.poolSentenceEnabled[k]);
         }
         QSignalBlocker b1(scroll_), b2(text_);
-        scroll_->setValue(app_.scrollPoolSpeciesThreshold);
+        if (!scroll_->isSliderDown()) scroll_->setValue(app_.scrollPoolSpeciesThreshold);
         QString t = QString::fromStdString(app_.txtPoolSpeciesThreshold);
         if (text_->text() != t) text_->setText(t);
-        const aq::ProgressBarState& bar = app_.PoolProgressBar1;
-        bar_->setRange(bar.min, std::max(bar.min, bar.max));
-        bar_->setValue(bar.value);
-        bar_->setVisible(bar.visible);
+        showProgressBar(bar_, app_.PoolProgressBar1);
         sliders_->show(controls());
     }
 
@@ -155,6 +154,8 @@ private:
         scroll_->setSingleStep(5);
         scroll_->setPageStep(50);
         scroll_->setValue(app_.scrollPoolSpeciesThreshold);
+        // A drag runs the handler once, on release; arrows and page steps run it at each step.
+        scroll_->setTracking(false);
         connect(scroll_, &QScrollBar::valueChanged, this, [this](int v) {
             aq::setPoolSpeciesThresholdPosition(app_, v);
             refresh();

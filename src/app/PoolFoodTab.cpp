@@ -56,6 +56,8 @@ public:
         scroll_->setRange(0, 1000);
         scroll_->setSingleStep(5);
         scroll_->setPageStep(50);
+        // A drag runs the handler once, on release; arrows and page steps run it at each step.
+        scroll_->setTracking(false);
         connect(scroll_, &QScrollBar::valueChanged, this, [this](int v) {
             aq::setFoodThresholdPosition(app_, v);
             refresh();
@@ -98,7 +100,7 @@ public:
     void refresh() override {
         QSignalBlocker b1(scroll_), b2(text_), b3(group_);
         group_->setCurrentIndex(app_.comboFoodGroup);
-        scroll_->setValue(app_.scrollFoodThreshold);
+        if (!scroll_->isSliderDown()) scroll_->setValue(app_.scrollFoodThreshold);
         QString t = QString::fromStdString(app_.txtFoodThreshold);
         if (text_->text() != t) text_->setText(t);
         // The threshold belongs to the proximity mode alone.

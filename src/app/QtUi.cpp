@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
 
@@ -84,7 +85,8 @@ std::string chooseFile(QWidget* parent, bool save, const std::string& folder, co
                        const std::string& extension, const std::string& description, const std::string& title) {
     QFileDialog dlg(parent, QString::fromStdString(title));
     dlg.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-    dlg.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    // A name that does not exist is returned too: the callers tell the user "File Not Found".
+    dlg.setFileMode(QFileDialog::AnyFile);
     // The save dialog asks nothing about a file that exists: the callers ask.
     if (save) dlg.setOption(QFileDialog::DontConfirmOverwrite);
     QStringList filters = nameFilters(extension, description);
@@ -105,7 +107,12 @@ std::string QtUi::ChooseOpenFile(const std::string& folder, const std::string& n
 
 std::string QtUi::ChooseSaveFile(const std::string& folder, const std::string& name, const std::string& extension,
                                  const std::string& description, const std::string& title) {
-    return chooseFile(parent_, true, folder, name, extension, description, title);
+    // The save dialog keeps the name of its last answer when it is given none; only the
+    // open dialog starts with an empty name.
+    std::string shown = name.empty() ? lastSaveName_ : name;
+    std::string chosen = chooseFile(parent_, true, folder, shown, extension, description, title);
+    if (!chosen.empty()) lastSaveName_ = QFileInfo(QString::fromStdString(chosen)).fileName().toStdString();
+    return chosen;
 }
 
 void QtUi::YieldToUi() { QCoreApplication::processEvents(QEventLoop::AllEvents, 50); }

@@ -27,6 +27,7 @@ public:
 private:
     QPointer<QWidget> parent_;
     int waitDepth_ = 0;
+    std::string lastSaveName_;
 };
 
 // Text in messages uses CR LF line breaks; Qt wants LF.

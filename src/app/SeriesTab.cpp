@@ -115,7 +115,7 @@ public:
         layout->addLayout(checks);
 
         auto* exists = new QGroupBox("If the series already exists", this);
-        exists->setObjectName("frSeriesExists");
+        exists->setObjectName("Frame1");
         auto* existsLayout = new QVBoxLayout(exists);
         prompt_ = option("optionCreateSeriesPrompt",
                          "Start series from the beginning and prompt before over-writing files.", existsLayout);
@@ -254,8 +254,9 @@ private:
         }
         if (slider_->value() != c.sliderTimeDelay) slider_->setValue(c.sliderTimeDelay);
         progress_->setVisible(c.selectRange);
-        progress_->setRange(0, std::max(1, c.sliderTimeDelay - aq::SeriesControls::kSliderMin));
-        progress_->setValue(std::clamp(c.selLength, 0, progress_->maximum()));
+        // The run's own seconds, not the slider's selection, which starts at its minimum.
+        progress_->setRange(0, std::max(1, c.sliderTimeDelay));
+        progress_->setValue(std::clamp(c.runSeconds, 0, progress_->maximum()));
     }
 
     QPushButton *now_, *stop_, *restart_, *next_;

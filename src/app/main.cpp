@@ -33,7 +33,7 @@ int main(int argc, char** argv) {
     QGuiApplication::setDesktopFileName("aqfilemanager");
     aqapp::QtUi ui;
     aq::SystemClock clock;
-    aqapp::MainWindow window(ui, clock, programFolder());
+    aqapp::MainWindow window(ui, clock, programFolder(), nullptr, QCoreApplication::applicationDirPath());
     ui.setParentWidget(&window);
     window.show();
     // AqFileManager FILE...: pools and DNA files opened once the window is up.

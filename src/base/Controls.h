@@ -3,6 +3,8 @@
 // progress bar. The slider refuses an inverted range, as the original control did,
 // rather than dragging its other end along as Qt's does.
 #include <algorithm>
+#include <cstdlib>
+#include <functional>
 
 namespace aq {
 
@@ -30,11 +32,37 @@ struct SliderState {
     void setValue(int v) { value = std::clamp(v, min, max); }
 };
 
+// Work that moves a bar holds the thread until it returns, so the window could show
+// the bar only after it is hidden again: `paint` lets it show the bar on the way, about
+// a hundred times over a whole range.
 struct ProgressBarState {
     int min = 0;
     int max = 100;
     int value = 0;
     bool visible = false;
+    std::function<void(const ProgressBarState&)> paint;
+
+    void show(int lo, int hi) {
+        min = lo;
+        max = hi;
+        value = painted_ = lo;
+        visible = true;
+        if (paint) paint(*this);
+    }
+    void setValue(int v) {
+        value = v;
+        if (paint && std::abs(v - painted_) * 100L >= std::max(1, max - min)) {
+            painted_ = v;
+            paint(*this);
+        }
+    }
+    void hide() {
+        visible = false;
+        if (paint) paint(*this);
+    }
+
+private:
+    int painted_ = 0;
 };
 
 }  // namespace aq

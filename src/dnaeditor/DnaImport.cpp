@@ -100,17 +100,8 @@ void importDriftersFromAquarium(App& app) {
     d.dnaPaths = std::move(paths);
     d.dnaChanged = std::move(changed);
     d.dnaCount = static_cast<std::int32_t>(d.dnaPaths.size());
-    restoreDrifterSpeciateScroll(app);
-    if (d.comboSpeciateDrifterGroup == 2) app.lstSpeciateDrifters.setEnabled(false);
-    populateSpeciateDriftersList(app);
-    app.speciesPending = true;
-    if (d.dnaCount == 1) {
-        app.speciesPending = false;
-        app.lstSpeciateDrifters.setEnabled(true);
-        app.lstSpeciateDrifters.setVisible(true);
-    }
     app.dnaLoaded = true;
-    app.stateChanged();
+    showNewDnaList(app);
 }
 
 }  // namespace aq

@@ -95,18 +95,27 @@ void initiateLoadDrifterArchive(App& app) {
     loadDrifterFiles(app, app.dna.dnaFolder);
     if (app.dna.dnaCount <= 0) {
         app.ui.ShowMessage("Nothing to load.  Try a different Drifter Archive path.");
+        setGeneSliders(app);
         app.stateChanged();
         return;
     }
+    showNewDnaList(app);
+}
+
+void showNewDnaList(App& app) {
     restoreDrifterSpeciateScroll(app);
     if (app.dna.comboSpeciateDrifterGroup == 2) app.lstSpeciateDrifters.setEnabled(false);
     populateSpeciateDriftersList(app);
+    // A pass begun on the old list would go on numbering lines that now name other files.
+    app.dna.pass.passRunning = false;
     app.speciesPending = true;
     if (app.dna.dnaCount == 1) {
         app.speciesPending = false;
         app.lstSpeciateDrifters.setEnabled(true);
         app.lstSpeciateDrifters.setVisible(true);
     }
+    // Nothing is ticked in a new list: the gene panel says so.
+    setGeneSliders(app);
     app.stateChanged();
 }
 

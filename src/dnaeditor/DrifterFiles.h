@@ -15,6 +15,8 @@ void initiateLoadDrifterArchive(App& app);
 // Reads every "*.dna" file of `folder` (any case), in name order, into the arrays.
 void loadDrifterFiles(App& app, const std::string& folder);
 void populateSpeciateDriftersList(App& app);
+// Shows a folder just loaded or imported: new lines, a new species pass, the gene panel.
+void showNewDnaList(App& app);
 void restoreDrifterSpeciateScroll(App& app);
 
 // The user's tick on line `row` of lstSpeciateDrifters.

@@ -32,12 +32,9 @@ void writeSpeciesPrefixes(App& app) {
     ProgressBarState& bar = app.dna.drifterProgressBar1;
     list.setVisible(false);
     BusyScope busy(app);
-    bar.min = 0;
-    bar.max = p.lastIndex;
-    bar.value = 0;
-    bar.visible = true;
+    bar.show(0, p.lastIndex);
     for (int i = 0; i <= p.lastIndex && i < list.count(); ++i) {
-        bar.value = i;
+        bar.setValue(i);
         std::string text = list.text(i);
         if (!text.empty() && text.front() == '{') {
             auto cut = text.find(", ");
@@ -46,7 +43,7 @@ void writeSpeciesPrefixes(App& app) {
         if (p.maxGroup > 0 && p.maxGroup < p.lastIndex) text = "{" + std::to_string(list.tag(i)) + "}, " + text;
         list.setText(i, std::move(text));
     }
-    bar.visible = false;
+    bar.hide();
     list.setVisible(true);
     p.maxGroup = -1;
 }
@@ -164,11 +161,9 @@ void findDrifterThresholdRange(App& app) {
     ProgressBarState& bar = d.drifterProgressBar1;
     const int n = static_cast<int>(std::clamp(MinNonZero(1000, app.similarityDepth), 1.0, 1000.0));
     int low = 1000, high = -1;
-    bar.min = 0;
-    bar.max = d.dnaCount - 1;
-    bar.visible = true;
+    bar.show(0, d.dnaCount - 1);
     for (int i = 0; i < d.dnaCount; ++i) {
-        bar.value = i;
+        bar.setValue(i);
         for (int j = 0; j < i; ++j) {
             int m = equalGeneCountOutside(d.dnaGenes[static_cast<std::size_t>(i)].data(),
                                           d.dnaGenes[static_cast<std::size_t>(j)].data(), n, low, high);
@@ -176,7 +171,7 @@ void findDrifterThresholdRange(App& app) {
             low = std::min(low, m);
         }
     }
-    bar.visible = false;
+    bar.hide();
     // Fewer than two files: nothing to tell apart, a file matches itself wholly.
     if (high < 0) low = high = n;
     if (n != 1000) {

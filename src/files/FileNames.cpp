@@ -88,7 +88,7 @@ std::string runFileDialog(App& app, DialogKind kind, const std::string& folder, 
     FileDialogMemory& mem = kind == DialogKind::Save ? app.destDialog : app.sourceDialog;
     if (!mem.used) {
         mem.used = true;
-        mem.folder = app.programFolder;
+        mem.folder = app.homeFolder.empty() ? app.programFolder : app.homeFolder;
     }
     // The dialog's own title and start folder are only lent to this call.
     std::string useTitle = title.empty() ? mem.title : title;

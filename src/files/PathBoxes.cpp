@@ -74,7 +74,11 @@ bool filePatternExists(const std::string& folder, const std::string& pattern) {
         std::error_code fileEc;
         if (!it->is_regular_file(fileEc)) continue;
         std::string name = it->path().filename().string();
-        if (wildcardMatch(pattern, name) || (!bare.empty() && wildcardMatch(bare, name))) return true;
+        if (wildcardMatch(pattern, name)) return true;
+        // Without its ".exe" a program is known by being one: "aquarium_notes.txt" is not.
+        constexpr auto exec = fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec;
+        if (!bare.empty() && wildcardMatch(bare, name) && (it->status(fileEc).permissions() & exec) != fs::perms::none)
+            return true;
     }
     return false;
 }
@@ -146,7 +150,7 @@ void AttemptAqQuickFind(App& app) {
         if (filePatternExists(d, "*.dna")) comboDrifterPath_set(app, d, -1);
         if (filePatternExists(p, "*.aqp")) comboPoolPath_set(app, p, -1);
     }
-    const std::string home = app.programFolder;
+    const std::string home = app.homeFolder.empty() ? app.programFolder : app.homeFolder;
     const std::string root = driveOfPath(home);
     std::string base = home;
     probe(app, home, "");

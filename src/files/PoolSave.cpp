@@ -35,6 +35,13 @@ void mSavePool(App& app) {
 }
 
 bool saveChangesBeforeReplacing(App& app) {
+    // A pool with no file yet (generated, or merged into nothing) is given a name first,
+    // or the save below could only fail, again at every Retry.
+    if (app.openPoolPath.empty()) {
+        std::string path = locateDestFile(app, app.comboPoolPath, "", "aqp", "Pool Files", "Save Pool As");
+        if (path.empty()) return false;
+        app.openPoolPath = path;
+    }
     while (!savePoolFile(app, app.openPoolPath, true)) {
         if (app.ui.AskRetryCancel("Error saving file.", "Aquarium File Manager - Species Load") == Answer::Cancel)
             return false;

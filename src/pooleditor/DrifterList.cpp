@@ -105,9 +105,7 @@ void initiateLoadPoolFile(App& app, const std::string& chosen) {
         // must not overwrite the file that could not be read.
         app.openPoolPath = previousPath;
         app.poolChanged = previousChanged;
-        populateSpeciatePoolList(app);
-        populateFoodList(app);
-        app.stateChanged();
+        showNewOpenPool(app);
         return;
     }
     app.poolChanged = false;
@@ -124,20 +122,23 @@ void initiateLoadPoolFile(App& app, const std::string& chosen) {
         app.openPool = std::move(before);
         app.poolLoaded = loadedBefore;
         app.ui.ShowMessage(problem);
-        populateSpeciatePoolList(app);
-        populateFoodList(app);
-        app.stateChanged();
+        showNewOpenPool(app);
         return;
     }
     showNewOpenPool(app);
 }
 
 void showNewOpenPool(App& app) {
-    // The extended species mode lets no tick through until the species are known.
-    if (app.comboSpeciatePoolGroup0 == 2) app.lstSpeciatePool.setEnabled(false);
+    // Every row is new and has no species yet, also when the pool on show came back
+    // after a failed load: a pass begun on the old rows is dropped and a new one is
+    // due. The extended species mode lets no tick through until the species are known;
+    // an empty pool has no pass to wait for.
+    const bool any = app.openPool.drifterCount > 0;
+    app.poolPassRunning = false;
+    app.lstSpeciatePool.setEnabled(!(any && app.comboSpeciatePoolGroup0 == 2));
     populateSpeciatePoolList(app);
     populateFoodList(app);
-    app.poolSpeciesPending = true;
+    app.poolSpeciesPending = any;
     app.stateChanged();
 }
 

@@ -44,7 +44,7 @@ void beginPass(App& app) {
 // the timer goes on from the first drifter while the pass is pending.
 void restartPass(App& app) {
     beginPass(app);
-    app.PoolProgressBar1.visible = false;
+    app.PoolProgressBar1.hide();
     app.lstSpeciatePool.setVisible(true);
     app.uiBusy = false;
 }
@@ -100,16 +100,13 @@ void speciatePoolList(App& app) {
         list.setVisible(false);
         app.uiBusy = true;
         ProgressBarState& bar = app.PoolProgressBar1;
-        bar.min = 0;
-        bar.max = app.poolLastIndex;
-        bar.value = 0;
-        bar.visible = true;
+        bar.show(0, app.poolLastIndex);
         for (int i = 0; i <= app.poolLastIndex; ++i) {
             if (!drifterListed(app, i)) return restartPass(app);
-            bar.value = i;
+            bar.setValue(i);
             listPoolDrifter(app, i);
         }
-        bar.visible = false;
+        bar.hide();
         list.setVisible(true);
         app.poolMaxGroup = -1;
         app.uiBusy = false;
@@ -210,12 +207,9 @@ std::string thresholdRangeMessage(const ThresholdRange& r) {
 
 void findPoolThresholdRange(App& app) {
     ProgressBarState& bar = app.PoolProgressBar1;
-    bar.value = 0;
-    bar.min = 0;
-    bar.max = app.openPool.drifterCount - 1;
-    bar.visible = true;
-    ThresholdRange r = poolThresholdRange(app.openPool, app.similarityDepth, [&](int i) { bar.value = i; });
-    bar.visible = false;
+    bar.show(0, app.openPool.drifterCount - 1);
+    ThresholdRange r = poolThresholdRange(app.openPool, app.similarityDepth, [&](int i) { bar.setValue(i); });
+    bar.hide();
     if (r.high != r.low) app.ui.YieldToUi();
     app.ui.ShowMessage(thresholdRangeMessage(r));
 }

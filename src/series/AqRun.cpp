@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cmath>
+#include <filesystem>
 #include <thread>
 
 #include "series/SeriesLinks.h"
@@ -14,9 +15,18 @@ namespace {
 const char* const kSimulatorNames[] = {"Aquarium5.1.exe", "Aquarium5.exe", "Aquarium4.1.exe", "Aquarium4.exe",
                                        "Aquarium.exe"};
 
-std::uint32_t startAt(App& app, const std::string& name) {
-    std::string path = series::joinPath(app.comboAquariumPath, name);
-    return simulatorOf(app).start(path, app.programFolder);
+std::uint32_t startAt(App& app, const std::string& folder, const std::string& name) {
+    return simulatorOf(app).start(series::joinPath(folder, name), app.programFolder);
+}
+
+// The folder of the box, taken from the program's current folder when it is relative:
+// the simulator starts in another folder, where a relative path would name another file.
+std::string simulatorFolder(const std::string& box) {
+    // Windows paths (a backslash or a drive) are left to the simulator that knows them.
+    if (box.empty() || box.front() == '/' || box.find_first_of("\\:") != std::string::npos) return box;
+    std::error_code ec;
+    std::filesystem::path absolute = std::filesystem::absolute(box, ec);
+    return ec ? box : absolute.lexically_normal().string();
 }
 
 bool windowShown(App& app, std::uint32_t pid) { return getSimulatorWindow(app, pid) != 0; }
@@ -41,18 +51,20 @@ void resetButtons(App& app) {
 Simulator& simulatorOf(App& app) { return app.series.simulator ? *app.series.simulator : systemSimulator(); }
 
 std::uint32_t startSimulator(App& app) {
+    const std::string folder = simulatorFolder(app.comboAquariumPath);
     for (const char* name : kSimulatorNames) {
         std::string exe = name;
         // Here a simulator needs no ".exe", so each name is tried without it too.
-        std::uint32_t pid = startAt(app, exe);
-        if (pid == 0) pid = startAt(app, exe.substr(0, exe.size() - 4));
+        std::uint32_t pid = startAt(app, folder, exe);
+        if (pid == 0) pid = startAt(app, folder, exe.substr(0, exe.size() - 4));
         if (pid != 0) {
             app.series.run.simulatorProcessId = pid;
+            app.series.run.startedProcesses.push_back(pid);
             return pid;
         }
     }
     app.ui.ShowMessage("Unable to start Aquarium.  Please select the correct Aquarium path and try again. " +
-                       series::joinPath(app.comboAquariumPath, "Aquarium.exe"));
+                       series::joinPath(folder, "Aquarium.exe"));
     return 0;
 }
 
@@ -77,6 +89,12 @@ void closeSimulator(App& app, std::uint32_t window) {
         simulatorOf(app).close(window);
     else
         closeProcessWindows(app, app.series.run.simulatorProcessId);
+}
+
+void closeStartedProcesses(App& app) {
+    std::vector<std::uint32_t> started = std::move(app.series.run.startedProcesses);
+    app.series.run.startedProcesses.clear();
+    for (std::uint32_t pid : started) simulatorOf(app).closeProcess(pid);
 }
 
 void closeProcessWindows(App& app, std::uint32_t processId) {
@@ -110,25 +128,42 @@ RunOutcome runPoolInSimulator(App& app, double& runStart, bool& ranOnce) {
         waitSince(app, runStart, limit);
     }
     auto inTime = [&] { return elapsedSeconds(runStart, now(app)) <= c.sliderTimeDelay; };
+    bool lost = false, checked = false;
+    auto checkWindow = [&] {
+        checked = true;
+        if (getSimulatorWindow(app, pid) != 0) return;
+        waitSince(app, now(app), 10.0, windowShown, pid);
+        if (getSimulatorWindow(app, pid) == 0) {  // the simulator is gone
+            resetButtons(app);
+            lost = true;
+        }
+    };
     while (watching(c) && inTime()) {
         double segmentStart = now(app);
         while (watching(c) && inTime() && elapsedSeconds(segmentStart, now(app)) <= c.sliderTimeDelay / 3.0) {
             double shown = std::nearbyint(elapsedSeconds(runStart, now(app)));
             if (shown > SeriesControls::kSliderMax) shown = SeriesControls::kSliderMax;
+            c.runSeconds = static_cast<int>(shown);
             shown -= SeriesControls::kSliderMin;
             if (shown < 0) shown = 0;
             c.selLength = static_cast<int>(shown);
             app.series.changed();
             waitSince(app, now(app), 1.0);
         }
-        if (getSimulatorWindow(app, pid) == 0) {
-            waitSince(app, now(app), 10.0, windowShown, pid);
-            if (getSimulatorWindow(app, pid) == 0) resetButtons(app);  // the simulator is gone
-        }
+        checkWindow();
     }
+    // A run shorter than the start's grace has not looked for the window yet: a simulator
+    // that never showed is noticed all the same, and its run did not happen.
+    const bool lateCheck = !checked && watching(c);
+    if (lateCheck) checkWindow();
     ranOnce = true;
-    closeSimulator(app, getSimulatorWindow(app, pid));
+    const std::uint32_t window = getSimulatorWindow(app, pid);
+    closeSimulator(app, window);
+    // Without a window the close reaches no one: the process itself is ended, so the
+    // next run never overlaps it.
+    if (window == 0) simulatorOf(app).closeProcess(pid);
     getSimulatorWindow(app, 0);
+    if (lateCheck && lost) return RunOutcome::NotFinished;
     bool finished = elapsedSeconds(runStart, now(app)) >= c.sliderTimeDelay || c.nextRequested || c.restartRequested;
     return finished ? RunOutcome::Finished : RunOutcome::NotFinished;
 }

@@ -19,6 +19,8 @@ std::uint32_t findSimulatorWindow(App& app, std::uint32_t processId);
 std::uint32_t getSimulatorWindow(App& app, std::uint32_t processId);
 void closeSimulator(App& app, std::uint32_t window);
 void closeProcessWindows(App& app, std::uint32_t processId);
+// Ends every process the series has started, by its id.
+void closeStartedProcesses(App& app);
 
 // Waits, letting the window work, until more than `seconds` have passed since `start`
 // or `until` (when given) holds.

@@ -39,7 +39,7 @@ public:
         while (c_.stopEnabled || !c_.frameVisible) {
             if (!cycle(currentFile)) return;
         }
-        c_.selLength = 0;
+        c_.selLength = c_.runSeconds = 0;
         c_.selStart = SeriesControls::kSliderMax;
         c_.selectRange = false;
         app_.series.changed();
@@ -246,15 +246,21 @@ private:
 
 void EvolvePoolSeries(App& app, const std::string&, bool) {
     const bool busyAtStart = app.uiBusy;
+    app.series.run.seriesRunning = true;
     SeriesRun(app).run();
     // Finish: whatever ended the series.
     closeSimulator(app, 0);
+    closeStartedProcesses(app);
     setButtons(app, false);
     getSimulatorWindow(app, 0);
     app.uiBusy = busyAtStart;
+    app.series.run.seriesRunning = false;
 }
 
 void cmdCreateSeriesNowClick(App& app) {
+    // After Stop the series still unwinds (a run's waits, the close); a click meanwhile
+    // would start a second series, and a second simulator, inside the first.
+    if (app.series.run.seriesRunning) return;
     setButtons(app, true);
     EvolvePoolSeries(app, "", false);
     app.ui.YieldToUi();

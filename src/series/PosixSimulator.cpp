@@ -84,6 +84,9 @@ public:
         }
     }
 
+    // A child counts as its own window, so it is closed the same way, ready or not.
+    void closeProcess(std::uint32_t processId) override { close(processId); }
+
     ~PosixSimulator() override {
         for (auto& [id, c] : children_)
             if (c.out >= 0) ::close(c.out);

@@ -18,6 +18,8 @@ public:
     // Asks the window to close and returns once the simulator has dealt with it (saved
     // its pool and gone). A window that has gone is ignored.
     virtual void close(std::uint32_t window) = 0;
+    // Ends process `processId` as close does, whether or not its window ever showed.
+    virtual void closeProcess(std::uint32_t processId) = 0;
 };
 
 // Child processes of this system. A started simulator counts as having a window once it

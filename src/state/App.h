@@ -72,8 +72,12 @@ struct App {
     // Selected entry of comboSpeciatePoolGroup0 (2 is "extended species.").
     int comboSpeciatePoolGroup0 = 1;
 
-    // The folder the program runs from (settings and the simulator hand-over file live here).
+    // The folder of the program's data: settings and the simulator hand-over file. It is
+    // the program's own folder unless that one is not writable.
     std::string programFolder;
+    // The program's own folder, where the folder search and the file dialogs start; empty
+    // when it is programFolder.
+    std::string homeFolder;
 
     // Pool drifter editor: the species pass (kept between slices), its threshold
     // controls, the progress bar and the four sliders of the selection box.

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace aq {
 
@@ -60,6 +61,7 @@ struct SeriesControls {
     bool selectRange = false;   // the slider's selection shows a run's progress
     int selStart = 0;
     int selLength = 0;
+    int runSeconds = 0;  // seconds the present run has gone, as the tab shows them
     bool restartRequested = false;
     bool nextRequested = false;
 };
@@ -68,6 +70,10 @@ struct SeriesControls {
 struct AqRunState {
     std::uint32_t simulatorProcessId = 0;
     std::uint32_t lastSimulatorWindow = 0;
+    // Every process the running series has started and not yet seen closed: one that never
+    // showed its window has no window to close it by.
+    std::vector<std::uint32_t> startedProcesses;
+    bool seriesRunning = false;  // a series is on, until its Finish has run
 };
 
 struct SeriesState {

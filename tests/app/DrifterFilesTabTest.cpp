@@ -17,6 +17,12 @@ class DrifterFilesTabTest : public QObject {
         bytes[0] = static_cast<char>(gene0);
         aqtest::writeBytes(path, bytes);
     }
+    // A drag of the thumb through `steps`, released at the last one.
+    static void drag(QScrollBar* bar, std::initializer_list<int> steps) {
+        bar->setSliderDown(true);
+        for (int v : steps) bar->setSliderPosition(v);
+        bar->setSliderDown(false);
+    }
 
 private slots:
     void loadTickEditSaveMoveAndImport() {
@@ -47,6 +53,9 @@ private slots:
         QCOMPARE(h.row("lstSpeciateDrifters", 0), QString("{0}, a.dna"));
         QCOMPARE(h.row("lstSpeciateDrifters", 2), QString("{1}, c.dna"));
         QVERIFY(app.lstSpeciateDrifters.enabled());
+        // Scroll bars act once per change of position: a drag that ends where it began does nothing.
+        drag(h.get<QScrollBar>("scrollDrifterSpeciesThreshold"), {900, 700, 965});
+        QVERIFY(!app.speciesPending);
 
         // A tick spreads over the extended species; the gene panel shows gene 0 of both.
         h.tick("lstSpeciateDrifters", 0);
@@ -57,10 +66,12 @@ private slots:
         auto* range = h.get<QScrollBar>("VsGeneRange");
         auto* value = h.get<QScrollBar>("VsGeneValue");
         QCOMPARE(QList<int>({range->value(), value->value()}), QList<int>({10, 15}));
+        drag(value, {17, 20, 15});
+        QCOMPARE(app.dna.dnaChanged, (std::vector<std::uint8_t>{0, 0, 0}));
         value->setValue(16);  // shift both up by one
         QCOMPARE(app.dna.dnaGenes[0][0], 11);
         QCOMPARE(app.dna.dnaGenes[1][0], 21);
-        range->setValue(11);  // 11 doesn't work: on to 12
+        drag(range, {13, 15, 11});  // one move to 11, which doesn't work: on to 12
         QCOMPARE(range->value(), 12);
         QCOMPARE(app.dna.dnaGenes[0][0], 10);
         QCOMPARE(app.dna.dnaGenes[1][0], 22);
@@ -108,6 +119,13 @@ private slots:
         SCRIPT_DONE(h);
         QCOMPARE(list->model()->rowCount(), 3);
         QVERIFY(app.speciesPending);
+
+        // Leaving the threshold box applies its text, also when the timer has read it already.
+        threshold->setEditText("90");
+        aq::validateDrifterSpeciesThreshold(app);
+        QFocusEvent out(QEvent::FocusOut, Qt::TabFocusReason);
+        QApplication::sendEvent(threshold, &out);
+        QCOMPARE(app.dna.thresholdText, std::string(" 90%"));
     }
 
     // The picture beside the list: a strip per ticked file, the genes that differ marked

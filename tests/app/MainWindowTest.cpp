@@ -135,6 +135,15 @@ private slots:
         QCOMPARE(h.app().openPool.drifterCount, 49);
         QCOMPARE(h.app().lstSpeciatePool.count(), 49);
         QCOMPARE(h.app().openPoolPath, std::string("/somewhere/else.aqp"));
+        // Its rows are new, so the timer numbers their species again.
+        QTRY_VERIFY_WITH_TIMEOUT(h.row("lstSpeciatePool", 0).startsWith("{0} "), 5000);
+        // A load cancelled in its dialog leaves the lists empty, and the map with them.
+        auto* map = h.get<aqapp::PoolMap>("PoolMap");
+        QVERIFY(map->pool());
+        h.ui.file("open", "Select Pool File", "");
+        h.menu("mLoadPool");
+        QCOMPARE(h.app().lstSpeciatePool.count(), 0);
+        QVERIFY(!map->pool());
     }
 };
 

@@ -5,6 +5,7 @@
 
 #include "Window.h"
 #include "format/PoolFile.h"
+#include "pooleditor/SpeciesPass.h"
 #include "support/PoolFixtures.h"
 
 class PoolDriftersTabTest : public QObject {
@@ -119,6 +120,13 @@ private slots:
         auto* text = h.get<QLineEdit>("txtPoolSpeciesThreshold");
         QCOMPARE(scroll->value(), 444);
         QCOMPARE(text->text(), QString("44.4"));
+        // A drag of a threshold's thumb that ends where it began runs no handler.
+        for (auto* bar : {scroll, h.get<QScrollBar>("scrollFoodThreshold")}) {
+            bar->setSliderDown(true);
+            for (int at : {bar->value() / 2, bar->value()}) bar->setSliderPosition(at);
+            bar->setSliderDown(false);
+        }
+        QCOMPARE(h.app().txtPoolSpeciesThreshold + h.app().txtFoodThreshold, std::string("44.488.8"));
         scroll->setValue(7);
         QCOMPARE(text->text(), QString(" .7"));
         QCOMPARE(h.app().poolThreshold, 0.7f);
@@ -128,6 +136,33 @@ private slots:
         QTest::keyClicks(text, "95%");
         QTRY_COMPARE_WITH_TIMEOUT(scroll->value(), 950, 5000);
         QCOMPARE(text->text(), QString("95%"));
+    }
+
+    void longWorkKeepsTheViewAndShowsItsBar() {
+        aqtest::Window<> h;
+        h.w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&h.w));
+        load(h, aqtest::makePool(400, 0));
+        auto* view = h.get<QListView>("lstSpeciatePool");
+        QTRY_VERIFY(view->verticalScrollBar()->maximum() > 0);
+        // Kill rewrites every line in place: the view stays at the top, away from the current row.
+        h.tick("lstSpeciatePool", 350);
+        QCOMPARE(h.app().lstSpeciatePool.currentIndex(), 350);
+        view->scrollToTop();
+        h.menu("mSelectKill");
+        QCOMPARE(h.app().openPool.drifters[350].alive, 0);
+        QCOMPARE(view->verticalScrollBar()->value(), 0);
+
+        // The range scan's bar is on show while the scan runs.
+        int seen = 0;
+        h.app().PoolProgressBar1.paint = [&, paint = h.app().PoolProgressBar1.paint](const auto& s) {
+            if (paint) paint(s);
+            seen += h.get("PoolProgressBar1")->isVisible();
+        };
+        h.ui.message(aq::thresholdRangeMessage(aq::poolThresholdRange(h.app().openPool, 100, {})));
+        QTest::mouseClick(h.get("lblPoolPer"), Qt::LeftButton);
+        QVERIFY(seen > 0 && h.get("PoolProgressBar1")->isHidden());
+        SCRIPT_DONE(h);
     }
 };
 

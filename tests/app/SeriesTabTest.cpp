@@ -43,7 +43,8 @@ private slots:
                  {"cmdCreateSeriesNext", "Save and Continue"},
                  {"sliderTimeDelay:tip", "Number of seconds to run each pool in the series."},
                  {"optionCreateSeriesPrompt", "Start series from the beginning and prompt before over-writing files."},
-                 {"lblCreateSeriesHelp", "Click the Create Series Now button to evolve a series of pool files."}}),
+                 {"lblCreateSeriesHelp", "Click the Create Series Now button to evolve a series of pool files."},
+                 {"Frame1", "If the series already exists"}}),
             QStringList());
         QString enabled;
         for (const char* b :
@@ -99,16 +100,25 @@ private slots:
         auto* now = h.get<QPushButton>("cmdCreateSeriesNow");
         auto* bar = h.get<QProgressBar>("sliderTimeDelaySelection");
         int shown = 0;
-        bool nowWasDisabled = false;
+        bool nowWasDisabled = false, stopped = false, clickedAgain = false;
         h.ui.onYield = [&] {
             shown = std::max(shown, bar->isVisible() ? bar->value() : 0);
             nowWasDisabled = nowWasDisabled || !now->isEnabled();
-            if (sim.starts >= 2 && stop->isEnabled()) stop->click();
+            if (stopped && !clickedAgain) {
+                clickedAgain = true;
+                now->click();  // while the series still unwinds: no second series
+            }
+            if (sim.starts >= 2 && stop->isEnabled()) {
+                stop->click();
+                stopped = true;
+            }
         };
         now->click();
         SCRIPT_DONE(h);
-        QVERIFY(nowWasDisabled);
-        QCOMPARE(shown, 30 - 7);
+        QVERIFY(nowWasDisabled && clickedAgain);
+        QCOMPARE(sim.starts, 2);
+        QVERIFY(!sim.overlap);
+        QCOMPARE(shown, 30);  // seconds of the run
         QVERIFY(now->isEnabled() && !stop->isEnabled() && !bar->isVisible());
         QVERIFY(std::filesystem::exists(h.file("pool0.aqp")));
         QVERIFY(!std::filesystem::exists(h.file("pool00.aqp")));

@@ -2,12 +2,15 @@
 // about and the notice.
 #include <QCheckBox>
 #include <QDialog>
+#include <QFileDialog>
 #include <QPushButton>
+#include <QTimer>
 #include <filesystem>
 
 #include "Window.h"
 #include "app/HelpWindows.h"
 #include "app/PathFrame.h"
+#include "app/QtUi.h"
 
 using aqapp::MainWindow;
 
@@ -23,6 +26,35 @@ class ShellWindowTest : public QObject {
     static QString boxText(MainWindow& w, const char* name) { return w.findChild<QComboBox*>(name)->currentText(); }
 
 private slots:
+    void fileDialogsTakeNewNamesAndTheSaveDialogKeepsItsName() {
+        aqtest::TempDir dir;
+        aqapp::QtUi ui;
+        QString nameShown;
+        // The next file dialog shows its name field to `nameShown` and is answered with `name`
+        // (or what it shows); an answer it refuses (and any warning about it) ends in a cancel.
+        auto answer = [&nameShown](const QString& name) {
+            QTimer::singleShot(0, [&nameShown, name] {
+                auto* dlg = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+                if (!dlg) return;
+                nameShown = dlg->findChild<QLineEdit*>("fileNameEdit")->text();
+                if (!name.isEmpty()) dlg->selectFile(name);
+                QTimer::singleShot(500, dlg, [] {
+                    for (QWidget* w : QApplication::topLevelWidgets())
+                        if (auto* d = qobject_cast<QDialog*>(w); d && d->isVisible()) d->reject();
+                });
+                static_cast<QDialog*>(dlg)->accept();  // QFileDialog checks the name
+            });
+        };
+        answer("missing.aqp");
+        QVERIFY(
+            ui.ChooseOpenFile(dir.path(), "", "aqp", "Aquarium Files", "Select Pool File").ends_with("/missing.aqp"));
+        answer("kept.aqp");
+        ui.ChooseSaveFile(dir.path(), "", "aqp", "Pool Files", "Save Pool As");
+        answer("");
+        QVERIFY(ui.ChooseSaveFile(dir.path(), "", "aqp", "Pool Files", "Save Pool As").ends_with("/kept.aqp"));
+        QCOMPARE(nameShown, QString("kept.aqp"));
+    }
+
     void settingsSurviveARestart() {
         aqtest::ScriptedUi ui;
         aqtest::ManualClock clock;

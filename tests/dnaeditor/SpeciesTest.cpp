@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "dnaeditor/DnaFixture.h"
+#include "dnaeditor/GenePanel.h"
 #include "support/RecordingNotice.h"
 
 namespace {
@@ -55,6 +56,21 @@ TEST(DrifterSpecies, ANewThresholdReworksThePass) {
     aq::speciateDrifterList(s.app);
     EXPECT_EQ(s.lines(), (std::vector<std::string>{"a.dna", "b.dna", "c.dna"}));  // all one species now
     EXPECT_TRUE(s.app.lstSpeciateDrifters.enabled());
+}
+
+TEST(DrifterSpecies, AReloadStartsANewPassAndEmptiesTheGenePanel) {
+    Species s({{"a.dna", genome(1)}, {"b.dna", genome(1, {9})}, {"c.dna", genome(2)}}, false);
+    s.tick({0, 1});
+    aq::setGeneSliders(s.app);
+    ASSERT_TRUE(s.app.dna.gene.VsGeneValue.visible);
+    // A pass under way on the old list, as a slice cut short by its time leaves it.
+    s.app.dna.pass.passIndex = 2;
+    s.app.dna.pass.maxGroup = 5;
+    s.app.dna.pass.passRunning = true;
+    s.load();
+    EXPECT_FALSE(s.app.dna.gene.VsGeneValue.visible || s.app.dna.gene.VsGeneRange.visible);
+    aq::speciateDrifterList(s.app);
+    EXPECT_EQ(s.lines(), (std::vector<std::string>{"{0}, a.dna", "{0}, b.dna", "{1}, c.dna"}));
 }
 
 TEST(DrifterSpecies, TypedThresholdIsClampedToTheScrollbar) {

@@ -80,6 +80,7 @@ TEST(DrifterList, LoadCommandAsksAboutChangesAndJudgesCounts) {
     app.poolLoaded = app.poolChanged = true;
     app.openPoolPath = dir.file("open.aqp");
     app.comboPoolPath = dir.path();
+    app.comboSpeciatePoolGroup0 = 2;
     const char* changed = "The currently open pool file has been changed.  Save changes before opening another file?";
     // Cancel leaves everything as it was.
     e.ui.ask("yesnocancel", changed, "File Has Changed", Answer::Cancel);
@@ -96,9 +97,17 @@ TEST(DrifterList, LoadCommandAsksAboutChangesAndJudgesCounts) {
     EXPECT_EQ(app.openPoolPath, "");
     EXPECT_FALSE(app.poolChanged);
     EXPECT_EQ(app.lstSpeciatePool.count(), 2);
-    // A dialog cancelled after the lists were cleared.
-    e.ui.file("open", "Select Pool File", "");
+    // The rows are new: their species are due again, and mode 2 waits for them.
+    EXPECT_TRUE(app.poolSpeciesPending);
+    EXPECT_FALSE(app.lstSpeciatePool.enabled());
+    // A pool with no file is given a name before it is saved; then a dialog cancelled
+    // after the lists were cleared.
+    app.poolChanged = true;
+    e.ui.ask("yesnocancel", changed, "File Has Changed", Answer::Yes)
+        .file("save", "Save Pool As", dir.file("named.aqp"))
+        .file("open", "Select Pool File", "");
     initiateLoadPoolFile(app);
+    EXPECT_EQ(readBytes(dir.file("named.aqp")), poolBytes(app.openPool));
     EXPECT_EQ(app.lstSpeciatePool.count(), 0);
     EXPECT_TRUE(e.ui.done()) << e.ui.report();
 }

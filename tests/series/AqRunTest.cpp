@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "SeriesFakes.h"
 #include "series/AqRun.h"
 
@@ -42,6 +44,10 @@ TEST(AqRun, StartTriesEachNameWithAndWithoutExeInOrder) {
         EXPECT_EQ(r.sim.folderSeen, "/prog");
         EXPECT_EQ(r.app.series.run.simulatorProcessId, 1001u);
     }
+    // A relative folder is read from the current folder, for the check and the start alike.
+    Rig relative(std::filesystem::current_path().string() + "/sim/Aquarium");
+    relative.app.comboAquariumPath = "sim/";
+    EXPECT_EQ(aq::startSimulator(relative.app), 1001u);
     Rig none("");
     none.ui.message(
         "Unable to start Aquarium.  Please select the correct Aquarium path and try again. /sim/Aquarium.exe");
@@ -118,4 +124,14 @@ TEST(AqRun, LostSimulator) {
     EXPECT_EQ(q.c.focus, "cmdCreateSeriesNow");
     EXPECT_GT(q.clock.seconds - runStart, 50.0);
     EXPECT_LT(q.clock.seconds - runStart, 53.0);
+    EXPECT_FALSE(q.sim.isRunning());
+
+    // A run shorter than the 20 seconds of grace notices it too, and ends the process by its id.
+    Rig s;
+    s.sim.windowAfter = 1e9;
+    s.c.sliderTimeDelay = 10;
+    EXPECT_EQ(s.run(runStart), aq::RunOutcome::NotFinished);
+    EXPECT_TRUE(s.c.nowEnabled && !s.c.stopEnabled);
+    EXPECT_EQ(s.sim.closes, std::vector<std::string>{"end 1001"});
+    EXPECT_FALSE(s.sim.isRunning());
 }

@@ -61,6 +61,10 @@ public:
         }
         running = false;
     }
+    void closeProcess(std::uint32_t processId) override {
+        closes.push_back("end " + std::to_string(processId));
+        if (processId == pid) running = false;
+    }
     bool isRunning() const { return running; }
 
 private:

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "files/PathBoxes.h"
+#include "files/FileNames.h"
 #include "support/ManualClock.h"
 #include "support/ScriptedUi.h"
 #include "support/TempDir.h"
@@ -24,6 +25,10 @@ struct Fixture {
         aqtest::writeBytes(at(rel), "x");
     }
     void mkdir(const std::string& rel) { fs::create_directories(at(rel)); }
+    void program(const std::string& rel) {
+        touch(rel);
+        fs::permissions(at(rel), fs::perms::owner_exec, fs::perm_options::add);
+    }
 };
 
 TEST(PathBoxes, SetKeepsOneEntryPerFolderAndLeavesTheTextOnIt) {
@@ -54,15 +59,17 @@ TEST(PathBoxes, SetKeepsOneEntryPerFolderAndLeavesTheTextOnIt) {
 TEST(PathBoxes, PatternsIgnoreCaseAndProgramsNeedNoExe) {
     Fixture f;
     f.touch("Sim/AQUARIUM5.EXE");
-    f.touch("Bin/aquarium4");
+    f.program("Bin/aquarium4");
+    f.touch("Notes/aquarium_notes.txt");
     f.touch("Data/x.Dna");
     f.mkdir("Dirs/aquarium5.exe");
     struct Case {
         const char *folder, *pattern;
         bool found;
     } cases[] = {
-        {"Sim", "aquarium*.EXE", true}, {"Bin", "Aquarium*.exe", true},   {"Bin", "Aquarium5*.exe", false},
-        {"Data", "?.DNA", true},        {"Dirs", "aquarium*.exe", false}, {"Missing", "*.dna", false},
+        {"Sim", "aquarium*.EXE", true},    {"Bin", "Aquarium*.exe", true},   {"Bin", "Aquarium5*.exe", false},
+        {"Data", "?.DNA", true},           {"Dirs", "aquarium*.exe", false}, {"Missing", "*.dna", false},
+        {"Notes", "Aquarium*.exe", false},  // named like the simulator, but no program
     };
     for (const Case& c : cases) EXPECT_EQ(aq::filePatternExists(f.at(c.folder), c.pattern), c.found) << c.folder;
 }
@@ -78,13 +85,26 @@ TEST(Discovery, ProgramFolderWithNothingAroundIt) {
     EXPECT_FALSE(f.app.uiBusy);
 }
 
+TEST(Discovery, AReadOnlyInstallSearchesAndAsksFromItsOwnFolder) {
+    Fixture f;
+    f.app.programFolder = f.at("data");  // where the settings go instead
+    f.app.homeFolder = f.at("opt/aq");
+    f.mkdir("data");
+    f.touch("opt/aq/Aquarium.exe");
+    aq::AttemptAqQuickFind(f.app);
+    EXPECT_EQ(f.app.comboAquariumPath, f.at("opt/aq"));
+    f.ui.file("open", "T", "", f.at("opt/aq") + "||aqp|D");
+    aq::locateSourceFile(f.app, "", "", "aqp", "D", "T");
+    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+}
+
 TEST(Discovery, SimulatorFoldersAtSeveralLevels) {
     Fixture f;
     f.app.programFolder = f.at("games/tools/fm");
     f.mkdir("games/tools/fm");
     f.touch("games/tools/Aquarium5/Aquarium.exe");  // beside the program, one level up
-    f.touch("games/Aquarium/aquarium5");            // "Aquarium" needs an Aquarium5 program
-    f.touch("games/aquarium4.1/Aquarium41");        // capitals differ from the candidate
+    f.program("games/Aquarium/aquarium5");          // "Aquarium" needs an Aquarium5 program
+    f.program("games/aquarium4.1/Aquarium41");      // capitals differ from the candidate
     f.touch("games/Aquarium5/x.txt");               // no program: not taken
     aq::AttemptAqQuickFind(f.app);
     Items want = {f.at("games/tools/fm"), f.at("games/tools/Aquarium5"), f.at("games/Aquarium")};
