@@ -21,6 +21,7 @@
 #include "app/TabFrame.h"
 #include "app/WindowParts.h"
 #include "files/PathBoxes.h"
+#include "shell/FolderDiscovery.h"
 #include "files/PoolOps.h"
 #include "shell/MenuState.h"
 #include "shell/Settings.h"

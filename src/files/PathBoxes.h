@@ -1,9 +1,9 @@
 #pragma once
-// The three folder boxes of "Directory Paths": how a folder enters a box, and the
-// hunt for the simulator's folders at start-up.
+// The three folder boxes of "Directory Paths": how a folder enters a box.
 #include <cstdint>
 #include <string>
 
+#include "base/FilePatterns.h"
 #include "state/App.h"
 
 namespace aq {
@@ -13,15 +13,5 @@ namespace aq {
 void comboAquariumPath_set(App& app, const std::string& path, std::int16_t position = -1);
 void comboDrifterPath_set(App& app, const std::string& path, std::int16_t position = -1);
 void comboPoolPath_set(App& app, const std::string& path, std::int16_t position = -1);
-
-// Whether a file in `folder` matches `pattern` ("*" and "?", any capitals). A folder
-// that can't be read has none. A pattern for a Windows program ("*.exe") also
-// matches the name without ".exe", as programs are named here.
-bool filePatternExists(const std::string& folder, const std::string& pattern);
-bool wildcardMatch(const std::string& pattern, const std::string& name);
-
-// Fills the three boxes from their own texts and a walk from the program's folder
-// up to its drive, looking for the simulator and its archive folders.
-void AttemptAqQuickFind(App& app);
 
 }  // namespace aq

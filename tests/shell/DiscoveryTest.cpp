@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "files/PathBoxes.h"
+#include "shell/FolderDiscovery.h"
 #include "files/FileNames.h"
 #include "support/ManualClock.h"
 #include "support/ScriptedUi.h"
