@@ -171,9 +171,40 @@ void halveAges(Pool& pool) {
     for (int i = 0; i < pool.drifterCount; ++i) pool.drifters[at(i)].age = rounded(pool.drifters[at(i)].age / 2.0);
 }
 
+namespace {
+
+// The generator's pairs of numbers come round again after this many draws, so a circle
+// that no draw of a whole round has reached is never reached.
+constexpr long kPairRound = 1L << 23;
+
+void drawPoint(const Pool& pool, float& px, float& py) {
+    const float u = RandomNext();
+    const float v = RandomNext();
+    px = u * (pool.maxX - pool.minX) + pool.minX;
+    py = v * (pool.maxY - pool.minY) + pool.minY;
+}
+
+bool inCircle(float px, float py, float r) {
+    return std::sqrt(static_cast<double>(px) * px + static_cast<double>(py) * py) <= r;
+}
+
+// Whether the pool's rectangle comes near the circle at all; a margin keeps rounding
+// from ruling out a point the draws could reach.
+bool rectangleMeetsCircle(const Pool& pool, float r) {
+    const double x0 = pool.minX, x1 = pool.maxX, y0 = pool.minY, y1 = pool.maxY;
+    if (!std::isfinite(x0) || !std::isfinite(x1) || !std::isfinite(y0) || !std::isfinite(y1) || !(r >= 0)) return false;
+    const double cx = std::clamp(0.0, std::min(x0, x1), std::max(x0, x1));
+    const double cy = std::clamp(0.0, std::min(y0, y1), std::max(y0, y1));
+    const double reach = static_cast<double>(r) * 1.001 + 1;
+    return cx * cx + cy * cy <= reach * reach;
+}
+
+}  // namespace
+
 void prepareHarvest(Pool& pool, float radius) {
     float r = radius;
     if (pool.drifterCount < 250) r = r / 250 * static_cast<float>(pool.drifterCount);
+    bool reachable = radius > 0 && rectangleMeetsCircle(pool, r);
     for (int i = 0; i < pool.drifterCount; ++i) {
         DrifterRec& d = pool.drifters[at(i)];
         d.age = rounded(d.age / 75.0 + 150);
@@ -181,14 +212,16 @@ void prepareHarvest(Pool& pool, float radius) {
         d.energy = 50.0f;
         if (!(radius > 0)) continue;
         float px = 0, py = 0;
-        // A pool whose edges hold no point of the circle would draw for ever: after many
-        // draws the last point is taken.
-        for (int tries = 0; tries < 1000000; ++tries) {
-            const float u = RandomNext();
-            const float v = RandomNext();
-            px = u * (pool.maxX - pool.minX) + pool.minX;
-            py = v * (pool.maxY - pool.minY) + pool.minY;
-            if (std::sqrt(static_cast<double>(px) * px + static_cast<double>(py) * py) <= r) break;
+        drawPoint(pool, px, py);
+        // Draw until a point falls in the circle, however long; only where none ever
+        // can does the drifter keep the first point drawn.
+        for (long tries = 1; reachable && !inCircle(px, py, r); ++tries) {
+            if (tries == kPairRound) {
+                reachable = false;
+                drawPoint(pool, px, py);  // the round is over: this is the first point again
+                break;
+            }
+            drawPoint(pool, px, py);
         }
         MoveDrifter(pool, static_cast<std::int16_t>(i), px, py);
     }

@@ -3,6 +3,7 @@
 // hunt for the simulator's folders at start-up.
 #include <cstdint>
 #include <string>
+#include <unordered_set>
 
 #include "shell/App.h"
 
@@ -13,6 +14,11 @@ namespace aq {
 void comboAquariumPath_set(App& app, const std::string& path, std::int16_t position = -1);
 void comboDrifterPath_set(App& app, const std::string& path, std::int16_t position = -1);
 void comboPoolPath_set(App& app, const std::string& path, std::int16_t position = -1);
+
+// Appends many entries to a box (0 Aquarium, 1 drifter, 2 pool) as its _set does,
+// looking each up in `known` (the box's entries in small letters, kept up to date) so a
+// long history is not compared entry by entry.
+void pathBoxAppend(App& app, int box, const std::string& path, std::unordered_set<std::string>& known);
 
 // Whether a file in `folder` matches `pattern` ("*" and "?", any capitals). A folder
 // that can't be read has none. A pattern for a Windows program ("*.exe") also

@@ -36,7 +36,7 @@ TEST(PrepareSteps, DrainNearTheEdge) {
         {4000, 0, 6, 6},    // 8 + 5 is not below 6: unchanged
         {-4000, 0, 200, 200 - static_cast<float>(std::sqrt(3000.0))},
         {0, 3800, 100, 100 - static_cast<float>(std::sqrt(1000.0))},
-        {3699, 0, 100, 100},  // 301 from the edge
+        {3699, 0, 100, 100},      // 301 from the edge
         {3700.05f, 0, 100, 100},  // a drain of 1 or less is not taken
     };
     for (const Case& c : cases) {
@@ -119,6 +119,29 @@ TEST(PrepareSteps, PrepareHarvestShrinksTheCircleForSmallPools) {
     aq::prepareHarvest(q, 0);
     EXPECT_FLOAT_EQ(q.drifters[0].x, 3000);
     EXPECT_EQ(aq::randomState(), before);
+
+    // One drifter: a circle of radius 10 in a wide pool takes millions of draws, and
+    // still places it; a circle the pool can't reach costs one draw.
+    for (float edge : {16000.0f, -1000.0f}) {
+        for (std::uint32_t state : {1u, 0x123456u, 0xABCDEFu}) {
+            aq::Pool one = poolOf({at(3000, 3000)});
+            one.minX = one.minY = edge < 0 ? 100 : -edge;
+            one.maxX = one.maxY = edge < 0 ? 200 : edge;
+            aq::setRandomState(state);
+            const float u = aq::RandomNext(), v = aq::RandomNext();
+            const std::uint32_t afterOneDraw = aq::randomState();
+            aq::setRandomState(state);
+            aq::prepareHarvest(one, 2500.0f);
+            const aq::DrifterRec& d = one.drifters[0];
+            if (edge < 0) {
+                EXPECT_EQ(aq::randomState(), afterOneDraw);
+                EXPECT_FLOAT_EQ(d.x, u * 100 + 100);
+                EXPECT_FLOAT_EQ(d.y, v * 100 + 100);
+            } else {
+                EXPECT_LE(std::sqrt(d.x * d.x + d.y * d.y), 10.0f) << state;
+            }
+        }
+    }
 }
 
 TEST(PrepareSteps, StillbornsAndMinimumDrifters) {
