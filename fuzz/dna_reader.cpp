@@ -7,13 +7,14 @@
 #include <cstring>
 #include <string>
 
+#include "ScratchFile.h"
 #include "pool/DnaFile.h"
 #include "shell/FileIo.h"
 
 namespace {
 
 const std::string& scratchPath() {
-    static const std::string path = "/tmp/aq-fuzz-dna-" + std::to_string(::getpid()) + ".dna";
+    static const std::string path = aqfuzz::scratchPath("dna.dna");
     return path;
 }
 
