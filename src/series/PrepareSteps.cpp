@@ -199,12 +199,75 @@ bool rectangleMeetsCircle(const Pool& pool, float r) {
     return cx * cx + cy * cy <= reach * reach;
 }
 
+// Points drawn until one falls in the circle, however long that takes. Once the draws
+// of a harvest pass a whole round, one round is walked and its hits noted, so each
+// later drifter jumps to the next hit instead of drawing millions of times: the points
+// and the generator's state are those of drawing one by one.
+class CircleDraws {
+public:
+    CircleDraws(const Pool& pool, float r) : pool_(pool), r_(r), reachable_(rectangleMeetsCircle(pool, r)) {}
+
+    void next(float& px, float& py) {
+        if (!walked_) {
+            const std::uint32_t start = randomState();
+            drawPoint(pool_, px, py);
+            if (!reachable_) return;  // no draw can ever fall in: the first point stays
+            for (spent_ += 1; !inCircle(px, py, r_); spent_ += 1) {
+                if (spent_ >= kPairRound) {
+                    walkRound(start);
+                    break;
+                }
+                drawPoint(pool_, px, py);
+            }
+            if (!walked_) return;
+        }
+        if (hits_.empty()) {  // a whole round fell outside: the first point stays
+            drawPoint(pool_, px, py);
+            pos_ = (pos_ + 1) % kPairRound;
+            return;
+        }
+        auto hit =
+            std::lower_bound(hits_.begin(), hits_.end(), pos_, [](const Hit& h, long p) { return h.offset < p; });
+        if (hit == hits_.end()) hit = hits_.begin();
+        px = hit->px;
+        py = hit->py;
+        setRandomState(hit->stateAfter);
+        pos_ = (hit->offset + 1) % kPairRound;
+    }
+
+private:
+    struct Hit {
+        long offset;  // draws from the round's start
+        std::uint32_t stateAfter;
+        float px, py;
+    };
+
+    void walkRound(std::uint32_t start) {
+        setRandomState(start);
+        for (long k = 0; k < kPairRound; ++k) {
+            float x = 0, y = 0;
+            drawPoint(pool_, x, y);
+            if (inCircle(x, y, r_)) hits_.push_back({k, randomState(), x, y});
+        }
+        walked_ = true;  // and the state is back at `start`
+        pos_ = 0;
+    }
+
+    const Pool& pool_;
+    float r_;
+    bool reachable_;
+    bool walked_ = false;
+    long spent_ = 0;  // draws before the walk
+    long pos_ = 0;    // draws since the round's start, after the walk
+    std::vector<Hit> hits_;
+};
+
 }  // namespace
 
 void prepareHarvest(Pool& pool, float radius) {
     float r = radius;
     if (pool.drifterCount < 250) r = r / 250 * static_cast<float>(pool.drifterCount);
-    bool reachable = radius > 0 && rectangleMeetsCircle(pool, r);
+    CircleDraws draws(pool, r);
     for (int i = 0; i < pool.drifterCount; ++i) {
         DrifterRec& d = pool.drifters[at(i)];
         d.age = rounded(d.age / 75.0 + 150);
@@ -212,17 +275,7 @@ void prepareHarvest(Pool& pool, float radius) {
         d.energy = 50.0f;
         if (!(radius > 0)) continue;
         float px = 0, py = 0;
-        drawPoint(pool, px, py);
-        // Draw until a point falls in the circle, however long; only where none ever
-        // can does the drifter keep the first point drawn.
-        for (long tries = 1; reachable && !inCircle(px, py, r); ++tries) {
-            if (tries == kPairRound) {
-                reachable = false;
-                drawPoint(pool, px, py);  // the round is over: this is the first point again
-                break;
-            }
-            drawPoint(pool, px, py);
-        }
+        draws.next(px, py);
         MoveDrifter(pool, static_cast<std::int16_t>(i), px, py);
     }
 }

@@ -120,27 +120,51 @@ TEST(PrepareSteps, PrepareHarvestShrinksTheCircleForSmallPools) {
     EXPECT_FLOAT_EQ(q.drifters[0].x, 3000);
     EXPECT_EQ(aq::randomState(), before);
 
-    // One drifter: a circle of radius 10 in a wide pool takes millions of draws, and
-    // still places it; a circle the pool can't reach costs one draw.
-    for (float edge : {16000.0f, -1000.0f}) {
-        for (std::uint32_t state : {1u, 0x123456u, 0xABCDEFu}) {
-            aq::Pool one = poolOf({at(3000, 3000)});
-            one.minX = one.minY = edge < 0 ? 100 : -edge;
-            one.maxX = one.maxY = edge < 0 ? 200 : edge;
-            aq::setRandomState(state);
-            const float u = aq::RandomNext(), v = aq::RandomNext();
-            const std::uint32_t afterOneDraw = aq::randomState();
-            aq::setRandomState(state);
-            aq::prepareHarvest(one, 2500.0f);
-            const aq::DrifterRec& d = one.drifters[0];
-            if (edge < 0) {
-                EXPECT_EQ(aq::randomState(), afterOneDraw);
-                EXPECT_FLOAT_EQ(d.x, u * 100 + 100);
-                EXPECT_FLOAT_EQ(d.y, v * 100 + 100);
-            } else {
-                EXPECT_LE(std::sqrt(d.x * d.x + d.y * d.y), 10.0f) << state;
+    // Small circles in wide pools take millions of draws, and still place every drifter
+    // where drawing one by one would; a circle the pool can't reach costs one draw.
+    struct Case {
+        float low, high;
+        int drifters;
+        std::uint32_t state;
+    } cases[] = {{-16000, 16000, 1, 1},
+                 {-16000, 16000, 1, 0xABCDEF},
+                 {-40000, 40000, 2, 0x123456},
+                 {-40000, 40000, 2, 1},
+                 {100, 200, 2, 1}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::to_string(c.high) + " " + std::to_string(c.state));
+        aq::Pool pool = poolOf(std::vector<aq::DrifterRec>(std::size_t(c.drifters), at(3000, 3000)));
+        pool.minX = pool.minY = c.low;
+        pool.maxX = pool.maxY = c.high;
+        const float r = 10.0f * static_cast<float>(c.drifters);
+        aq::setRandomState(c.state);
+        std::vector<float> want;
+        // One by one until a point falls in; the draws come round after 2^23, and a
+        // round without a hit keeps the first point.
+        for (int i = 0; i < c.drifters; ++i) {
+            const std::uint32_t start = aq::randomState();
+            float x = 0, y = 0;
+            auto draw = [&] {
+                x = aq::RandomNext() * (c.high - c.low) + c.low;
+                y = aq::RandomNext() * (c.high - c.low) + c.low;
+                return std::sqrt(double(x) * x + double(y) * y) <= r;
+            };
+            long k = 0;
+            while (k < (1L << 23) && !draw()) ++k;
+            if (k == (1L << 23)) {
+                aq::setRandomState(start);
+                draw();
             }
+            want.insert(want.end(), {x, y});
         }
+        const std::uint32_t wantState = aq::randomState();
+        aq::setRandomState(c.state);
+        aq::prepareHarvest(pool, 2500.0f);
+        for (int i = 0; i < c.drifters; ++i) {
+            EXPECT_EQ(pool.drifters[std::size_t(i)].x, want[std::size_t(2 * i)]);
+            EXPECT_EQ(pool.drifters[std::size_t(i)].y, want[std::size_t(2 * i + 1)]);
+        }
+        EXPECT_EQ(aq::randomState(), wantState);
     }
 }
 
