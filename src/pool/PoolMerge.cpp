@@ -1,6 +1,7 @@
 #include "pool/PoolMerge.h"
 
 #include <algorithm>
+#include <cstdint>
 
 #include "foodeditor/FoodList.h"
 #include "pool/PoolOps.h"
@@ -53,6 +54,12 @@ void mergeIntoNothing(App& app, bool mergeDrifters, bool mergeFood, std::string 
     showMergedPool(app);
 }
 
+// Damaged files may hold any negative count; the sum of two stays within 32 bits.
+std::int32_t countSum(std::int32_t a, std::int32_t b) {
+    const std::int64_t sum = std::int64_t{a} + b;
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(sum, INT32_MIN, INT32_MAX));
+}
+
 }  // namespace
 
 void mergePoolFile(App& app, bool mergeDrifters, bool mergeFood, std::string path, bool intoOpen) {
@@ -75,8 +82,8 @@ void mergePoolFile(App& app, bool mergeDrifters, bool mergeFood, std::string pat
     // Everything but the two arrays comes from the receiving pool.
     Pool& out = app.undoPool;
     out = base;
-    out.foodCount = base.foodCount + other.foodCount;
-    out.drifterCount = base.drifterCount + other.drifterCount;
+    out.foodCount = countSum(base.foodCount, other.foodCount);
+    out.drifterCount = countSum(base.drifterCount, other.drifterCount);
     if (mergeFood && out.foodCount > kPoolFoodLimit) out.foodCount = kPoolFoodLimit;
     if (mergeDrifters && out.drifterCount > kPoolDrifterLimit) out.drifterCount = kPoolDrifterLimit;
     // The arrays hold at least what the counts say; a base from a file with more than

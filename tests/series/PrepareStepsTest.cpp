@@ -120,50 +120,44 @@ TEST(PrepareSteps, PrepareHarvestShrinksTheCircleForSmallPools) {
     EXPECT_FLOAT_EQ(q.drifters[0].x, 3000);
     EXPECT_EQ(aq::randomState(), before);
 
-    // Small circles in wide pools take millions of draws, and still place every drifter
-    // where drawing one by one would; a circle the pool can't reach costs one draw.
+    // Small circles in wide pools take millions of draws and still place every drifter
+    // as drawing one by one would; the draws come round after 2^23, and a circle no draw
+    // of a round meets keeps the first point drawn.
     struct Case {
-        float low, high;
+        float edge;
         int drifters;
         std::uint32_t state;
-    } cases[] = {{-16000, 16000, 1, 1},
-                 {-16000, 16000, 1, 0xABCDEF},
-                 {-40000, 40000, 2, 0x123456},
-                 {-40000, 40000, 2, 1},
-                 {100, 200, 2, 1}};
+    } cases[] = {{16000, 1, 1}, {40000, 2, 0x123456}, {40000, 2, 1}, {-100, 2, 1}};
     for (const Case& c : cases) {
-        SCOPED_TRACE(std::to_string(c.high) + " " + std::to_string(c.state));
+        SCOPED_TRACE(std::to_string(c.edge) + " " + std::to_string(c.state));
+        const float low = c.edge < 0 ? 100 : -c.edge, high = c.edge < 0 ? 200 : c.edge;
         aq::Pool pool = poolOf(std::vector<aq::DrifterRec>(std::size_t(c.drifters), at(3000, 3000)));
-        pool.minX = pool.minY = c.low;
-        pool.maxX = pool.maxY = c.high;
-        const float r = 10.0f * static_cast<float>(c.drifters);
+        pool.minX = pool.minY = low;
+        pool.maxX = pool.maxY = high;
         aq::setRandomState(c.state);
         std::vector<float> want;
-        // One by one until a point falls in; the draws come round after 2^23, and a
-        // round without a hit keeps the first point.
         for (int i = 0; i < c.drifters; ++i) {
             const std::uint32_t start = aq::randomState();
             float x = 0, y = 0;
-            auto draw = [&] {
-                x = aq::RandomNext() * (c.high - c.low) + c.low;
-                y = aq::RandomNext() * (c.high - c.low) + c.low;
-                return std::sqrt(double(x) * x + double(y) * y) <= r;
+            auto inside = [&] {
+                x = aq::RandomNext() * (high - low) + low;
+                y = aq::RandomNext() * (high - low) + low;
+                return std::sqrt(double(x) * x + double(y) * y) <= 10.0 * c.drifters;
             };
             long k = 0;
-            while (k < (1L << 23) && !draw()) ++k;
-            if (k == (1L << 23)) {
+            while (k < (1L << 23) && !inside()) ++k;
+            if (k == (1L << 23)) {  // back to the first point
                 aq::setRandomState(start);
-                draw();
+                inside();
             }
             want.insert(want.end(), {x, y});
         }
         const std::uint32_t wantState = aq::randomState();
         aq::setRandomState(c.state);
         aq::prepareHarvest(pool, 2500.0f);
-        for (int i = 0; i < c.drifters; ++i) {
-            EXPECT_EQ(pool.drifters[std::size_t(i)].x, want[std::size_t(2 * i)]);
-            EXPECT_EQ(pool.drifters[std::size_t(i)].y, want[std::size_t(2 * i + 1)]);
-        }
+        for (int i = 0; i < c.drifters; ++i)
+            EXPECT_EQ(std::vector<float>({pool.drifters[std::size_t(i)].x, pool.drifters[std::size_t(i)].y}),
+                      std::vector<float>(want.begin() + 2 * i, want.begin() + 2 * i + 2));
         EXPECT_EQ(aq::randomState(), wantState);
     }
 }
