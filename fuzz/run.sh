@@ -36,9 +36,9 @@ for target in $(grep -l LLVMFuzzerTestOneInput fuzz/*.cpp); do
   log="$out/$name.log"
   # shellcheck disable=SC2086
   if ! "$out/$name" -max_total_time="$seconds" -rss_limit_mb=2048 -max_len="$max_len" -print_final_stats=1 \
-    -print_coverage=1 $extra "$out/corpus-$name" "$seed" >"$log" 2>&1; then
+    -print_coverage=1 -artifact_prefix="$out/" $extra "$out/corpus-$name" "$seed" >"$log" 2>&1; then
     tail -n 40 "$log"
-    echo "== $name found a fault; the input is in the current folder (crash-*, leak-*, timeout-*)"
+    echo "== $name found a fault; the input is in $out (crash-*, leak-*, timeout-*, slow-unit-*)"
     exit 1
   fi
   runs=$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")

@@ -200,7 +200,7 @@ bool rectangleMeetsCircle(const Pool& pool, float r) {
 }
 
 // Points drawn until one falls in the circle, however long that takes. Once the draws
-// of a harvest pass a whole round, one round is walked and its hits noted, so each
+// of a harvest pass an eighth of a round, one round is walked and its hits noted, so each
 // later drifter jumps to the next hit instead of drawing millions of times: the points
 // and the generator's state are those of drawing one by one.
 class CircleDraws {
@@ -213,7 +213,7 @@ public:
             drawPoint(pool_, px, py);
             if (!reachable_) return;  // no draw can ever fall in: the first point stays
             for (spent_ += 1; !inCircle(px, py, r_); spent_ += 1) {
-                if (spent_ >= kPairRound) {
+                if (spent_ >= kPairRound / 8) {
                     walkRound(start);
                     break;
                 }
