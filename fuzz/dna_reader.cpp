@@ -9,11 +9,12 @@
 
 #include "format/DnaFile.h"
 #include "base/FileIo.h"
+#include "ScratchFile.h"
 
 namespace {
 
 const std::string& scratchPath() {
-    static const std::string path = "/tmp/aq-fuzz-dna-" + std::to_string(::getpid()) + ".dna";
+    static const std::string path = aqfuzz::scratchPath("dna.dna");
     return path;
 }
 

@@ -1,12 +1,12 @@
 #include "archive/ArchiveTransfers.h"
 
 #include <filesystem>
-#include <random>
 #include <system_error>
 
 #include "files/FileNames.h"
 #include "files/PathBoxes.h"
 #include "base/Paths.h"
+#include "base/FileIo.h"
 
 namespace aq {
 
@@ -76,16 +76,7 @@ std::string liveFilePath(const std::string& folder, const std::string& name) {
 std::error_code copyFileSafely(const std::string& from, const std::string& to) {
     std::error_code ec;
     if (!fs::is_regular_file(from, ec)) return ec ? ec : std::make_error_code(std::errc::no_such_file_or_directory);
-    static std::mt19937 rng{std::random_device{}()};
-    fs::path target(to);
-    fs::path temp = target.parent_path() / (".aqcopy-" + std::to_string(rng()) + ".tmp");
-    fs::copy_file(from, temp, fs::copy_options::overwrite_existing, ec);
-    if (!ec) fs::rename(temp, target, ec);
-    if (ec) {
-        std::error_code ignored;
-        fs::remove(temp, ignored);
-    }
-    return ec;
+    return copyFileAtomically(from, to);
 }
 
 int errorNumber(const std::error_code& ec, bool sourceThere) {

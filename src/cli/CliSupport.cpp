@@ -13,12 +13,8 @@ namespace aqcli {
 
 int readPoolOrFail(const std::string& path, aq::Pool& pool) {
     aq::PoolReadResult r = aq::readPool(path, pool);
-    switch (r.status) {
-        case aq::PoolReadStatus::Ok: return 0;
-        case aq::PoolReadStatus::NotFound: return fail("Error opening " + path + ", error: No such file or directory");
-        case aq::PoolReadStatus::BadVersion: return fail("Not a Aquarium 4 or 5 data file: " + path);
-        case aq::PoolReadStatus::Error: break;
-    }
+    if (r.status == aq::PoolReadStatus::Ok) return 0;
+    if (r.status == aq::PoolReadStatus::BadVersion) return fail("Not a Aquarium 4 or 5 data file: " + path);
     return fail("Error opening " + path + ", error: " + r.error);
 }
 

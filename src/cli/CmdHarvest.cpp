@@ -23,7 +23,6 @@ using namespace aqcli;
 
 namespace {
 
-
 int writeOrFail(const std::string& out, const aq::Pool& pool) {
     std::string error = aq::writePool(out, pool);
     if (!error.empty()) return fail("Error saving " + out + ", error: " + error);
@@ -54,7 +53,10 @@ int runHarvest(const Args& a) {
         if (int rc = readPoolOrFail(*open, app.openPool)) return rc;
         app.poolLoaded = true;
     }
-    if (!aq::HarvestSuccessful(app, a.positional()[0], 0, max, true, false)) return 1;
+    int skipped = 0;
+    if (!aq::HarvestSuccessful(app, a.positional()[0], 0, max, true, false, &skipped)) return 1;
+    if (skipped > 0)
+        std::cerr << "Skipped " << skipped << (skipped == 1 ? " file" : " files") << " that could not be read.\n";
     return writeOrFail(out, app.openPool);
 }
 

@@ -7,6 +7,7 @@
 #include "dnaeditor/DrifterFiles.h"
 #include "dnaeditor/GenePanel.h"
 #include "base/Paths.h"
+#include "base/FileIo.h"
 
 namespace aq {
 
@@ -38,19 +39,24 @@ void reportError(App& app, const std::error_code& ec) {
     app.ui.ShowMessage("Error #" + n(ec.value()) + ": " + ec.message(), kMoveErrorTitle);
 }
 
-void copyFile(App& app, const std::string& from, const std::string& to, Tally& t) {
+// Copies through a temporary file and a rename, so a failed copy leaves the target as
+// it was. True only when the target then holds the source's bytes.
+bool copyFile(App& app, const std::string& from, const std::string& to, Tally& t) {
     if (!fileExists(from)) {
         ++t.notFound;
-        return;
+        return false;
     }
-    std::error_code ec;
-    fs::copy_file(from, to, fs::copy_options::overwrite_existing, ec);
+    std::error_code ec = copyFileAtomically(from, to);
+    std::string a, b;
+    if (!ec && (!readWholeFile(from, a, 1 << 20).empty() || !readWholeFile(to, b, 1 << 20).empty() || a != b))
+        ec = std::make_error_code(std::errc::io_error);
     if (ec) {
         reportError(app, ec);
         ++t.errors;
-        return;
+        return false;
     }
     ++t.copied;
+    return true;
 }
 
 void deleteFile(App& app, const std::string& path, Tally& t) {
@@ -303,6 +309,7 @@ void moveSelectedDrifterFiles(App& app, bool removeEntries, bool touchFiles, boo
             }
 
             std::string dstName;
+            bool copied = false;
             if (moveFiles) {
                 dstName = srcName;
                 auto choose = [&] {
@@ -321,13 +328,13 @@ void moveSelectedDrifterFiles(App& app, bool removeEntries, bool touchFiles, boo
                     }
                     choose();
                 }
-                if (!dstName.empty()) copyFile(app, source, joinPath(dstFolder, dstName), t);
+                if (!dstName.empty()) copied = copyFile(app, source, joinPath(dstFolder, dstName), t);
             }
 
-            if (moveFiles && touchFiles) {
+            // A source goes only when its copy is whole: a failed copy keeps both files.
+            if (moveFiles && touchFiles && copied) {
                 const std::string dest = joinPath(dstFolder, dstName);
-                if (!dstName.empty() && fileExists(dest) && fileExists(source) && lowered(dest) != lowered(source))
-                    deleteFile(app, source, t);
+                if (fileExists(source) && lowered(dest) != lowered(source)) deleteFile(app, source, t);
             }
             if (touchFiles && !moveFiles && fileExists(source)) deleteFile(app, source, t);
         }

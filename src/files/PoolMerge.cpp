@@ -1,6 +1,7 @@
 #include "files/PoolMerge.h"
 
 #include <algorithm>
+#include <cstdint>
 
 #include "files/FileNames.h"
 #include "files/PoolOps.h"
@@ -47,6 +48,12 @@ void mergeIntoNothing(App& app, bool mergeDrifters, bool mergeFood, std::string 
     app.poolLoaded = true;
     app.poolChanged = true;
     showMergedPool(app);
+}
+
+// Damaged files may hold any negative count; the sum of two stays within 32 bits.
+std::int32_t countSum(std::int32_t a, std::int32_t b) {
+    const std::int64_t sum = std::int64_t{a} + b;
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(sum, INT32_MIN, INT32_MAX));
 }
 
 }  // namespace

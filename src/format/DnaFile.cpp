@@ -1,6 +1,5 @@
 #include "format/DnaFile.h"
 
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -11,8 +10,9 @@ namespace aq {
 
 std::string readGenomeFile(const std::string& path, Genome& genome) {
     genome.fill(0);
-    int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (fd < 0) return systemErrorText(errno);
+    int fd = -1;
+    std::size_t size = 0;
+    if (int err = openRegularFile(path, fd, size)) return systemErrorText(err);
     std::size_t done = 0;
     int err = 0;
     while (done < genome.size()) {

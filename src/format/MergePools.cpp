@@ -1,8 +1,20 @@
 #include "format/MergePools.h"
 
 #include <algorithm>
+#include <climits>
+#include <cstdint>
 
 namespace aq {
+
+namespace {
+
+// Damaged files may hold any negative count; the sum of two stays within 32 bits.
+std::int32_t countSum(std::int32_t a, std::int32_t b) {
+    const std::int64_t sum = std::int64_t{a} + b;
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(sum, INT32_MIN, INT32_MAX));
+}
+
+}  // namespace
 
 void renumberDrifters(Pool& pool) {
     for (int i = 0; i < pool.drifterCount && static_cast<std::size_t>(i) < pool.drifters.size(); ++i)
@@ -11,8 +23,8 @@ void renumberDrifters(Pool& pool) {
 
 Pool mergePools(const Pool& base, const Pool& other, bool mergeDrifters, bool mergeFood) {
     Pool out = base;
-    out.foodCount = base.foodCount + (mergeFood ? other.foodCount : 0);
-    out.drifterCount = base.drifterCount + (mergeDrifters ? other.drifterCount : 0);
+    out.foodCount = countSum(base.foodCount, mergeFood ? other.foodCount : 0);
+    out.drifterCount = countSum(base.drifterCount, mergeDrifters ? other.drifterCount : 0);
     if (mergeFood && out.foodCount > kPoolFoodLimit) out.foodCount = kPoolFoodLimit;
     if (mergeDrifters && out.drifterCount > kPoolDrifterLimit) out.drifterCount = kPoolDrifterLimit;
     // The arrays hold at least what the counts say; a base from a file with more than

@@ -1,12 +1,10 @@
 #include "format/PoolFile.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstring>
-#include <filesystem>
 
 #include "base/FileIo.h"
 
@@ -70,6 +68,15 @@ std::string truncatedText(const char* what, std::size_t need, std::size_t remain
            std::to_string(remain) + " remain";
 }
 
+// The program counts records in 16 bits: a larger count could never be walked, so it
+// is refused before anything is allocated.
+bool countFits(std::int32_t count, const char* noun, std::string& error) {
+    if (count <= kMaxRecordCount) return true;
+    error = "the file claims " + std::to_string(count) + " " + noun + ", more than the " +
+            std::to_string(kMaxRecordCount) + " the program can hold";
+    return false;
+}
+
 template <typename T>
 bool takeArray(Source& src, std::int32_t count, std::vector<T>& out, const char* noun, std::string& error) {
     if (count <= 0) return true;
@@ -104,11 +111,13 @@ PoolReadResult parse(Source& src, Pool& pool) {
     std::int32_t count = 0;
     if (src.remaining() < 4) return fail(truncatedText("the drifter count", 4, src.remaining()));
     src.take(&count, 4, r.error);
+    if (!countFits(count, "drifters", r.error)) return fail(r.error);
     pool.drifterCount = count;
     if (!takeArray(src, count, pool.drifters, "drifters", r.error)) return fail(r.error);
 
     if (src.remaining() < 4) return fail(truncatedText("the food count", 4, src.remaining()));
     src.take(&count, 4, r.error);
+    if (!countFits(count, "food bits", r.error)) return fail(r.error);
     pool.foodCount = count;
     if (!takeArray(src, count, pool.food, "food bits", r.error)) return fail(r.error);
 
@@ -132,17 +141,11 @@ PoolReadResult parsePool(std::span<const std::uint8_t> bytes, Pool& pool) {
 }
 
 PoolReadResult readPool(const std::string& path, Pool& pool) {
-    std::error_code ec;
-    if (!std::filesystem::exists(path, ec)) return {PoolReadStatus::NotFound, {}};
-    int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (fd < 0) return {PoolReadStatus::Error, systemErrorText(errno)};
-    struct stat st {};
-    if (::fstat(fd, &st) != 0 || S_ISDIR(st.st_mode)) {
-        int e = S_ISDIR(st.st_mode) ? EISDIR : errno;
-        ::close(fd);
-        return {PoolReadStatus::Error, systemErrorText(e)};
-    }
-    Source src(fd, static_cast<std::size_t>(st.st_size));
+    int fd = -1;
+    std::size_t size = 0;
+    if (int err = openRegularFile(path, fd, size))
+        return {err == ENOENT ? PoolReadStatus::NotFound : PoolReadStatus::Error, systemErrorText(err)};
+    Source src(fd, size);
     PoolReadResult r = parse(src, pool);
     ::close(fd);
     return r;
@@ -156,7 +159,8 @@ std::string poolBytes(const Pool& pool) {
     put(&pool.clock, 4);
     put(&pool.headerWord, 4);
     put(&pool.drifterCount, 4);
-    if (pool.drifterCount > 0) put(pool.drifters.data(), static_cast<std::size_t>(pool.drifterCount) * sizeof(DrifterRec));
+    if (pool.drifterCount > 0)
+        put(pool.drifters.data(), static_cast<std::size_t>(pool.drifterCount) * sizeof(DrifterRec));
     put(&pool.foodCount, 4);
     if (pool.foodCount > 0) put(pool.food.data(), static_cast<std::size_t>(pool.foodCount) * sizeof(FoodBit));
     put(&pool.worldValueA, 4);

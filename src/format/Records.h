@@ -98,6 +98,7 @@ constexpr std::size_t kViewBlockSize = 24;
 constexpr std::size_t kHistoryBlockSize = 32100;
 constexpr std::size_t kPoolHeaderSize = 12;      // version, clock, headerWord
 constexpr std::size_t kPoolTrailerSize = 32280;  // worldValueA .. lastWord
+constexpr std::int32_t kMaxRecordCount = 32767;  // the most a 16-bit counter walks
 
 // One world. Owns its arrays; assignment copies everything. Every loop goes by the
 // counts, which may be smaller than the arrays (a later load can shrink a pool).

@@ -71,7 +71,7 @@ bool positionOf(const DrifterRec& d, int i, int n, int mode, const Ring& ring, d
             return true;
         }
         case 1: {
-            double angle = d.segmentCount * 11 * 0.41887902119724;
+            double angle = static_cast<double>(d.segmentCount) * 11 * 0.41887902119724;
             px = 2500 * std::sin(angle);
             py = 2500 * std::cos(angle);
             return true;

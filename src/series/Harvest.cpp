@@ -199,7 +199,8 @@ void considerAll(HarvestList& list, const Pool& pool) { list.considerPool(pool, 
 
 }  // namespace
 
-bool HarvestSuccessful(App& app, const std::string& folder, int, int maxCount, bool keepBest, bool drawAtRandom) {
+bool HarvestSuccessful(App& app, const std::string& folder, int, int maxCount, bool keepBest, bool drawAtRandom,
+                       int* skipped) {
     int maxN = std::min(maxCount, kMaxDrifters);
     int reserve = 0;
     if (!keepBest) {
@@ -219,29 +220,27 @@ bool HarvestSuccessful(App& app, const std::string& folder, int, int maxCount, b
         app.workPool = app.openPool;
         return false;
     }
-    // The pool read last stays in workPool, which the result replaces anyway; files
-    // are read into a second pool so that a damaged one leaves it as it was.
+    // Files are read into a second pool, so a damaged one changes nothing: it is
+    // skipped without considering any pool again.
     Pool fresh;
+    int skippedFiles = 0;
     {
         WaitCursor wait(app.ui);
-        Pool& read = app.workPool;
-        const Pool* last = &app.openPool;
         for (const std::string& name : names) {
             PoolReadResult r = readPool(joinPath(folder, name), fresh);
-            if (r.status == PoolReadStatus::NotFound || r.status == PoolReadStatus::Error) {
-                app.ui.ShowMessage("Error opening " + name + ", error: " + r.error, kLoadTitle);
+            if (r.status == PoolReadStatus::Ok) {
+                std::swap(app.workPool, fresh);
+                considerAll(list, app.workPool);
                 continue;
             }
-            // A file of another kind leaves the previous pool, whose drifters come again.
-            if (r.status == PoolReadStatus::BadVersion) {
+            ++skippedFiles;
+            if (r.status == PoolReadStatus::BadVersion)
                 app.ui.ShowMessage("Not a Aquarium 4 or 5 data file");
-            } else {
-                std::swap(read, fresh);
-                last = &read;
-            }
-            considerAll(list, *last);
+            else
+                app.ui.ShowMessage("Error opening " + name + ", error: " + r.error, kLoadTitle);
         }
     }
+    if (skipped) *skipped = skippedFiles;
     app.poolLoaded = true;
     app.poolChanged = true;
 

@@ -62,8 +62,9 @@ private:
 
 // The harvest behind the menu command and the series. `reserved` is not used. False
 // when the folder can't be listed: the message is shown and nothing is harvested.
+// A file that can't be read is named in a message and skipped; `skipped` counts them.
 bool HarvestSuccessful(App& app, const std::string& folder, int reserved, int maxCount, bool keepBest,
-                       bool drawAtRandom);
+                       bool drawAtRandom, int* skipped = nullptr);
 
 // mGetSuc: the warning, the maximum, and the harvest of the pool folder.
 void GetSuccessfulCommand(App& app);

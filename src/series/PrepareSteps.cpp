@@ -171,9 +171,103 @@ void halveAges(Pool& pool) {
     for (int i = 0; i < pool.drifterCount; ++i) pool.drifters[at(i)].age = rounded(pool.drifters[at(i)].age / 2.0);
 }
 
+namespace {
+
+// The generator's pairs of numbers come round again after this many draws, so a circle
+// that no draw of a whole round has reached is never reached.
+constexpr long kPairRound = 1L << 23;
+
+void drawPoint(const Pool& pool, float& px, float& py) {
+    const float u = RandomNext();
+    const float v = RandomNext();
+    px = u * (pool.maxX - pool.minX) + pool.minX;
+    py = v * (pool.maxY - pool.minY) + pool.minY;
+}
+
+bool inCircle(float px, float py, float r) {
+    return std::sqrt(static_cast<double>(px) * px + static_cast<double>(py) * py) <= r;
+}
+
+// Whether the pool's rectangle comes near the circle at all; a margin keeps rounding
+// from ruling out a point the draws could reach.
+bool rectangleMeetsCircle(const Pool& pool, float r) {
+    const double x0 = pool.minX, x1 = pool.maxX, y0 = pool.minY, y1 = pool.maxY;
+    if (!std::isfinite(x0) || !std::isfinite(x1) || !std::isfinite(y0) || !std::isfinite(y1) || !(r >= 0)) return false;
+    const double cx = std::clamp(0.0, std::min(x0, x1), std::max(x0, x1));
+    const double cy = std::clamp(0.0, std::min(y0, y1), std::max(y0, y1));
+    const double reach = static_cast<double>(r) * 1.001 + 1;
+    return cx * cx + cy * cy <= reach * reach;
+}
+
+// Points drawn until one falls in the circle, however long that takes. Once the draws
+// of a harvest pass an eighth of a round, one round is walked and its hits noted, so each
+// later drifter jumps to the next hit instead of drawing millions of times: the points
+// and the generator's state are those of drawing one by one.
+class CircleDraws {
+public:
+    CircleDraws(const Pool& pool, float r) : pool_(pool), r_(r), reachable_(rectangleMeetsCircle(pool, r)) {}
+
+    void next(float& px, float& py) {
+        if (!walked_) {
+            const std::uint32_t start = randomState();
+            drawPoint(pool_, px, py);
+            if (!reachable_) return;  // no draw can ever fall in: the first point stays
+            for (spent_ += 1; !inCircle(px, py, r_); spent_ += 1) {
+                if (spent_ >= kPairRound / 8) {
+                    walkRound(start);
+                    break;
+                }
+                drawPoint(pool_, px, py);
+            }
+            if (!walked_) return;
+        }
+        if (hits_.empty()) {  // a whole round fell outside: the first point stays
+            drawPoint(pool_, px, py);
+            pos_ = (pos_ + 1) % kPairRound;
+            return;
+        }
+        auto hit =
+            std::lower_bound(hits_.begin(), hits_.end(), pos_, [](const Hit& h, long p) { return h.offset < p; });
+        if (hit == hits_.end()) hit = hits_.begin();
+        px = hit->px;
+        py = hit->py;
+        setRandomState(hit->stateAfter);
+        pos_ = (hit->offset + 1) % kPairRound;
+    }
+
+private:
+    struct Hit {
+        long offset;  // draws from the round's start
+        std::uint32_t stateAfter;
+        float px, py;
+    };
+
+    void walkRound(std::uint32_t start) {
+        setRandomState(start);
+        for (long k = 0; k < kPairRound; ++k) {
+            float x = 0, y = 0;
+            drawPoint(pool_, x, y);
+            if (inCircle(x, y, r_)) hits_.push_back({k, randomState(), x, y});
+        }
+        walked_ = true;  // and the state is back at `start`
+        pos_ = 0;
+    }
+
+    const Pool& pool_;
+    float r_;
+    bool reachable_;
+    bool walked_ = false;
+    long spent_ = 0;  // draws before the walk
+    long pos_ = 0;    // draws since the round's start, after the walk
+    std::vector<Hit> hits_;
+};
+
+}  // namespace
+
 void prepareHarvest(Pool& pool, float radius) {
     float r = radius;
     if (pool.drifterCount < 250) r = r / 250 * static_cast<float>(pool.drifterCount);
+    CircleDraws draws(pool, r);
     for (int i = 0; i < pool.drifterCount; ++i) {
         DrifterRec& d = pool.drifters[at(i)];
         d.age = rounded(d.age / 75.0 + 150);
@@ -181,15 +275,7 @@ void prepareHarvest(Pool& pool, float radius) {
         d.energy = 50.0f;
         if (!(radius > 0)) continue;
         float px = 0, py = 0;
-        // A pool whose edges hold no point of the circle would draw for ever: after many
-        // draws the last point is taken.
-        for (int tries = 0; tries < 1000000; ++tries) {
-            const float u = RandomNext();
-            const float v = RandomNext();
-            px = u * (pool.maxX - pool.minX) + pool.minX;
-            py = v * (pool.maxY - pool.minY) + pool.minY;
-            if (std::sqrt(static_cast<double>(px) * px + static_cast<double>(py) * py) <= r) break;
-        }
+        draws.next(px, py);
         MoveDrifter(pool, static_cast<std::int16_t>(i), px, py);
     }
 }

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <unordered_set>
 
 #include "archive/ArchiveChecks.h"
 #include "base/FileIo.h"
@@ -89,7 +90,7 @@ bool parseCheckValue(const std::string& v, int& out) {
     return true;
 }
 
-void applyLine(App& app, const std::string& key, const std::string& value) {
+void applyLine(App& app, const std::string& key, const std::string& value, std::unordered_set<std::string> known[3]) {
     static const std::string kSelected = "lstArchive.Selected(";
     if (key.rfind(kSelected, 0) == 0 && key.size() > kSelected.size() + 1 && key.back() == ')') {
         std::string num = key.substr(kSelected.size(), key.size() - kSelected.size() - 1);
@@ -108,11 +109,9 @@ void applyLine(App& app, const std::string& key, const std::string& value) {
             parseCheckValue(value, *boxes[b]);
             return;
         }
-    void (*setters[3])(App&, const std::string&, std::int16_t) = {comboAquariumPath_set, comboDrifterPath_set,
-                                                                  comboPoolPath_set};
     std::string* texts[3] = {&app.comboAquariumPath, &app.comboDrifterPath, &app.comboPoolPath};
     for (int b = 0; b < 3; ++b) {
-        if (key == std::string(kBoxKeys[b]) + ".ListItem") return setters[b](app, value, -1);
+        if (key == std::string(kBoxKeys[b]) + ".ListItem") return pathBoxAppend(app, b, value, known[b]);
         if (key == std::string(kBoxKeys[b]) + ".Text") {
             *texts[b] = value;
             return;
@@ -143,6 +142,7 @@ std::string normaliseSettingsText(const std::string& text) {
 
 void applySettingsText(App& app) {
     std::string t = normaliseSettingsText(app.settingsText);
+    std::unordered_set<std::string> known[3];
     std::size_t start = 0;
     while (start <= t.size()) {
         std::size_t end = t.find("\r\n", start);
@@ -151,7 +151,7 @@ void applySettingsText(App& app) {
         if (eq != std::string::npos) {
             auto eq2 = line.find('=', eq + 1);
             std::string value = line.substr(eq + 1, eq2 == std::string::npos ? std::string::npos : eq2 - eq - 1);
-            applyLine(app, trimmed(line.substr(0, eq)), trimmed(value));
+            applyLine(app, trimmed(line.substr(0, eq)), trimmed(value), known);
         }
         if (end == std::string::npos) break;
         start = end + 2;

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "dnaeditor/DnaFixture.h"
+#include "base/FileIo.h"
 
 namespace {
 
@@ -270,3 +271,35 @@ TEST(DeleteDrifterFiles, EntriesOnlyOrFilesToo) {
 }
 
 }  // namespace
+
+TEST(MoveDrifterFiles, AFailedCopyKeepsTheSourceAndTheOldTarget) {
+    const std::string title = "Aquarium File Manager - Delete or Move Selected Drifter Files";
+    struct Case {
+        const char* error;
+        long long failAfter;
+        bool refuse;
+    } cases[] = {{"Error #28: No space left on device", 0, false},
+                 {"Error #28: No space left on device", 999, false},
+                 {"Error #13: Permission denied", -1, true}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.error);
+        Folder f(2);
+        f.tick({0, 1});
+        aqtest::writeBytes(f.path("dst/b.dna"), "old");
+        f.ui.message(c.error, title)
+            .ask("yesnocancel", f.path("dst/b.dna") + " already exists.  Overwrite existing file?", "Filename Conflict",
+                 Answer::Yes)
+            .message(c.error, title)
+            .message("Encountered 2 errors. ", "Done");
+        aq::setWriteFailureAfter(c.failAfter);
+        aq::setRefusingFolder(c.refuse ? f.path("dst") : "");
+        aq::moveSelectedDrifterFiles(f.app, true, true, true);
+        aq::setWriteFailureAfter(-1);
+        aq::setRefusingFolder("");
+        EXPECT_TRUE(f.ui.done()) << f.ui.report();
+        EXPECT_EQ(f.firstByte(f.src(0)), '\x01');
+        EXPECT_EQ(f.firstByte(f.src(1)), '\x02');
+        EXPECT_FALSE(fs::exists(f.path("dst/a.dna")));
+        EXPECT_EQ(aqtest::readBytes(f.path("dst/b.dna")), "old");
+    }
+}

@@ -118,6 +118,12 @@ TEST(PoolMerge, AFileWithoutDriftersOnlyRenumbers) {
     mMergePool(s.app);
     EXPECT_EQ(s.app.openPool.drifterCount, 5);
     expectIdsAreIndices(s.app.openPool);
+    // Two damaged negative counts add up to no records, not to an overflow.
+    Pool negative = markedPool(0, 0, 0);
+    negative.foodCount = negative.drifterCount = -1153580471;
+    s.app.openPool = negative;
+    mergePoolFile(s.app, true, true, s.file(negative), true);
+    EXPECT_EQ(s.app.openPool.foodCount, INT32_MIN);
 }
 
 TEST(PoolMerge, CancellingTheDialogChangesNothing) {

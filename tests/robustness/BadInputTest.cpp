@@ -88,6 +88,10 @@ TEST(BadInput, VersionsCountsFoldersAndLockedFilesGetTheirMessage) {
     const std::size_t foodCount = 16 + 3 * 4016;
     const std::string notAq = kAppTitle + std::string("|Not a Aquarium 4 or 5 data file");
     const std::string truncated = "error: file is truncated: ";
+    const std::string claims = "error: the file claims ", hold = ", more than the 32767 the program can hold";
+    std::string manyFood = poolBytes(makePool(0, 0));
+    putInt(manyFood, 16, 32768);
+    manyFood.insert(20, std::string(32768 * 20, '\0'));
     // A text ending in "..." is the start of the message.
     struct Case {
         std::string name, bytes, says;
@@ -99,15 +103,17 @@ TEST(BadInput, VersionsCountsFoldersAndLockedFilesGetTheirMessage) {
         {"v-4", with(0, -4), notAq},
         {"empty", "", truncated + "the header needs 12 bytes, 0 remain"},
         {"in-drifter", good.substr(0, 16 + 4016 + 100), truncated + "3 drifters need 12048 bytes, 4116 remain"},
-        {"huge", with(12, 2147483647),
-         truncated + "2147483647 drifters need 8624294326352 bytes, " + std::to_string(good.size() - 16) + " remain"},
-        {"lying-food", with(foodCount, 100000), truncated + "100000 food bits need 2000000 bytes, 32320 remain"},
+        {"huge", with(12, 2147483647), claims + "2147483647 drifters" + hold},
+        {"lying-food", with(foodCount, 100000), claims + "100000 food bits" + hold},
+        // The bytes are there, but a 16-bit counter could never walk them.
+        {"food-32768", manyFood, claims + "32768 food bits" + hold},
         {"trailer", good.substr(0, good.size() - 1), truncated + "the world block needs 32280 bytes, 32279 remain"},
-        {"million-drifters", with(12, 1 << 20), truncated + "..."},
-        {"more-drifters", with(12, 4), truncated + "..."},
-        {"million-food", with(foodCount, 1 << 20), truncated + "..."},
+        {"million-drifters", with(12, 1 << 20), claims + "1048576 drifters" + hold},
+        {"drifters-32767", with(12, 32767), truncated + "32767 drifters need ..."},
+        {"more-drifters", with(12, 4), "error: ..."},
+        {"million-food", with(foodCount, 1 << 20), claims + "..."},
         {"more-food", with(foodCount, 3), truncated + "..."},
-        {"huge-food", with(foodCount, 2147483647), truncated + "..."},
+        {"huge-food", with(foodCount, 2147483647), claims + "..."},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
@@ -208,5 +214,7 @@ TEST(BadInput, AFullDiskOrReadOnlyFolderKeepsTheOldPool) {
         std::filesystem::permissions(dir.path(), std::filesystem::perms::owner_all);
         EXPECT_EQ(readBytes(path), old);
     }
+    // A name as long as the folder allows still saves: the temporary name is short.
+    EXPECT_TRUE(savePoolFile(f.app, dir.file(std::string(251, 'n') + ".aqp"), true));
     EXPECT_TRUE(f.ui.done()) << f.ui.report();
 }

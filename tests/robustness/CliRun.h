@@ -19,7 +19,8 @@ inline std::string quote(const std::string& s) {
 }
 
 inline CliRun aqfm(const std::string& args) {
-    std::string cmd = std::string(AQ_CLI) + " " + args + " 2>&1";
+    // A command that blocks fails the test instead of holding it up.
+    std::string cmd = "timeout 20 " + std::string(AQ_CLI) + " " + args + " 2>&1";
     CliRun r{0, {}};
     FILE* p = popen(cmd.c_str(), "r");
     char buf[4096];

@@ -1,6 +1,10 @@
 // The command-line tool with awkward paths, bad arguments and bad pools: clear
 // errors, the exit codes its users script against, and no output left behind.
 #include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -67,6 +71,15 @@ TEST(CliRobustness, EveryCommandGivenABadPoolExitsOneAndWritesNothing) {
     writeBytes(dir.file("v6.aqp"), v6);
     std::filesystem::create_directory(dir.file("folder.aqp"));
     const std::string out = dir.file("out.bin");
+    // What must never block a reader or go without a reason.
+    ASSERT_EQ(::mkfifo(dir.file("fifo.aqp").c_str(), 0644), 0);
+    const int sock = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    sockaddr_un addr{};
+    addr.sun_family = AF_UNIX;
+    std::snprintf(addr.sun_path, sizeof addr.sun_path, "%s", dir.file("sock.aqp").c_str());
+    ASSERT_EQ(::bind(sock, reinterpret_cast<sockaddr*>(&addr), sizeof addr), 0);
+    std::filesystem::create_symlink("nowhere.aqp", dir.file("dangling.aqp"));
+    std::filesystem::create_symlink("loop.aqp", dir.file("loop.aqp"));
 
     // FILE stands for the bad pool, OUT for the output the command would write.
     const std::string commands[] = {
@@ -81,13 +94,21 @@ TEST(CliRobustness, EveryCommandGivenABadPoolExitsOneAndWritesNothing) {
         "dna FILE 0 -o OUT",
         "merge FILE GOOD -o OUT",
         "merge GOOD FILE --drifters -o OUT",
+        "harvest DIR --open FILE -o OUT",
     };
     const struct {
         std::string file, says;
     } bad[] = {
-        {dir.file("missing.aqp"), "Error opening"},  {dir.file("cut.aqp"), "file is truncated"},
-        {dir.file("junk.aqp"), "file is truncated"}, {dir.file("v6.aqp"), "Not a Aquarium 4 or 5 data file"},
+        {dir.file("missing.aqp"), "Error opening"},
+        {dir.file("cut.aqp"), "file is truncated"},
+        {dir.file("junk.aqp"), "file is truncated"},
+        {dir.file("v6.aqp"), "Not a Aquarium 4 or 5 data file"},
         {dir.file("folder.aqp"), "Is a directory"},
+        {dir.file("fifo.aqp"), "Error opening " + dir.file("fifo.aqp") + ", error: Not a regular file"},
+        {"/dev/zero", "Error opening /dev/zero, error: Not a regular file"},
+        {dir.file("sock.aqp"), "error: Not a regular file"},
+        {dir.file("dangling.aqp"), "error: No such file or directory"},
+        {dir.file("loop.aqp"), "error: Too many levels of symbolic links"},
     };
     for (const std::string& command : commands) {
         for (const auto& b : bad) {
@@ -98,6 +119,7 @@ TEST(CliRobustness, EveryCommandGivenABadPoolExitsOneAndWritesNothing) {
             put("FILE", b.file);
             put("GOOD", dir.file("good.aqp"));
             put("OUT", out);
+            put("DIR", dir.file("folder.aqp"));
             SCOPED_TRACE(args);
             CliRun r = aqfm(args);
             EXPECT_EQ(r.code, 1) << r.out;
@@ -107,5 +129,12 @@ TEST(CliRobustness, EveryCommandGivenABadPoolExitsOneAndWritesNothing) {
     }
     EXPECT_EQ(readBytes(dir.file("good.aqp")), good);
     // Only the files the test wrote: no temporary left by a command that gave up.
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()), std::filesystem::directory_iterator()), 5);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()), std::filesystem::directory_iterator()), 9);
+    ::close(sock);
+
+    // A harvest of this folder skips every file it can't read, and says how many.
+    CliRun h = aqfm("harvest " + quote(dir.path()) + " -o " + quote(out));
+    EXPECT_EQ(h.code, 0) << h.out;
+    EXPECT_NE(h.out.find("Skipped 7 files that could not be read."), std::string::npos) << h.out;
+    EXPECT_NE(h.out.find("Error opening fifo.aqp, error: Not a regular file"), std::string::npos) << h.out;
 }

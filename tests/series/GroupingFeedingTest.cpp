@@ -45,7 +45,7 @@ TEST(Grouping, RingOfModeThree) {
     } cases[] = {
         {5, 0, false, 0, 1000, 0},  // skip 0, ring 2: two points, angle 0 and pi
         {5, 0, false, 4, 1000, 4 * kPi},
-        {8, 0, false, 1, 0, 0},  // skip 2: drifters 0 and 1 at the centre
+        {8, 0, false, 1, 0, 0},                   // skip 2: drifters 0 and 1 at the centre
         {8, 0, false, 2, 1000, 2 * 2 * kPi / 3},  // ring 3
         {30, 0, false, 1, 0, 0},
         {30, 0, false, 9, 1000, 9 * 2 * kPi / 7},  // ring 7
@@ -83,6 +83,9 @@ TEST(Grouping, ModesOneTwoAndZero) {
     EXPECT_EQ(q.drifters[1].id, 2);
     expectOnCircle(q.drifters[1], 2500, 3 * 11 * 0.41887902119724, "3 segments");
     expectOnCircle(q.drifters[2], 2500, 4 * 11 * 0.41887902119724, "4 segments");
+    q.drifters[2].segmentCount = 2147483647;  // a damaged file's length, with no overflow
+    aq::groupDriftersAtStart(q, true, false, false, 0, 1, false, 100);
+    expectOnCircle(q.drifters[2], 2500, 2147483647.0 * 11 * 0.41887902119724, "absurd length");
 
     // Mode 0 with 12 drifters: 3 sectors of 4 neighbours; two drifters make one group.
     aq::Pool r = poolOfN(12);

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <cstring>
@@ -312,18 +313,34 @@ TEST(Harvest, FoldersAndFailures) {
     EXPECT_EQ(gone.ids(), gone.untouched);
     EXPECT_EQ(gone.app.openPoolPath, "/somewhere/open.aqp");
 
-    // A file of another kind: the reader's message, and the harvest goes on; names in list order.
-    Rig r;
-    r.writePoolFile("a.aqp", {candidate(1, 10, 3)});
+    // Files that can't be read get a message each, in list order, and change nothing:
+    // the harvest equals that of the folder without them.
+    Rig r, clean;
+    for (Rig* g : {&r, &clean}) {
+        // 3 pushes 2 out of the list; a second look at this pool would bring it back.
+        g->writePoolFile("a.aqp", {candidate(1, 6, 6), candidate(2, 7, 1), candidate(3, 8, 4)});
+        g->writePoolFile("c.aqp", {candidate(7, 11, 30)});
+        g->writePoolFile("c.txt", {candidate(4, 12, 90)});
+    }
     writeBytes(r.dir.file("B.aqp"), std::string(40, '\x07'));
     std::string negative = aq::poolBytes(makePool(0, 1));  // a count of -1 reads as no drifters
     negative.replace(12, 4, std::string(4, '\xFF'));
     writeBytes(r.dir.file("b2.aqp"), negative);
-    r.writePoolFile("c.aqp", {candidate(3, 11, 30)});
-    r.writePoolFile("c.txt", {candidate(4, 12, 90)});
-    r.ui.message("Not a Aquarium 4 or 5 data file");
-    r.harvest(r.dir.path(), 2000, true, false);
-    EXPECT_EQ(r.ids(), (std::vector<int>{3, 1, 100}));
+    ASSERT_EQ(::mkfifo(r.dir.file("b3.aqp").c_str(), 0644), 0);
+    std::filesystem::create_symlink("nowhere.aqp", r.dir.file("b4.aqp"));
+    std::filesystem::create_symlink("b5.aqp", r.dir.file("b5.aqp"));
+    const std::string title = "Aquarium File Manager - Load Drifter Files";
+    r.ui.message("Not a Aquarium 4 or 5 data file")
+        .message("Error opening b3.aqp, error: Not a regular file", title)
+        .message("Error opening b4.aqp, error: No such file or directory", title)
+        .message("Error opening b5.aqp, error: Too many levels of symbolic links", title);
+    int skipped = 0;
+    aq::HarvestSuccessful(r.app, r.dir.path(), 0, 2000, true, false, &skipped);
+    EXPECT_TRUE(r.ui.done()) << r.ui.report();
+    clean.harvest(clean.dir.path(), 2000, true, false);
+    EXPECT_EQ(r.ids(), clean.ids());
+    EXPECT_EQ(r.ids(), (std::vector<int>{7, 1, 3, 100}));
+    EXPECT_EQ(skipped, 4);
     EXPECT_EQ(r.app.openPool.foodCount, 4);
 }
 

@@ -36,7 +36,7 @@ TEST(PrepareSteps, DrainNearTheEdge) {
         {4000, 0, 6, 6},    // 8 + 5 is not below 6: unchanged
         {-4000, 0, 200, 200 - static_cast<float>(std::sqrt(3000.0))},
         {0, 3800, 100, 100 - static_cast<float>(std::sqrt(1000.0))},
-        {3699, 0, 100, 100},  // 301 from the edge
+        {3699, 0, 100, 100},      // 301 from the edge
         {3700.05f, 0, 100, 100},  // a drain of 1 or less is not taken
     };
     for (const Case& c : cases) {
@@ -119,6 +119,47 @@ TEST(PrepareSteps, PrepareHarvestShrinksTheCircleForSmallPools) {
     aq::prepareHarvest(q, 0);
     EXPECT_FLOAT_EQ(q.drifters[0].x, 3000);
     EXPECT_EQ(aq::randomState(), before);
+
+    // Small circles in wide pools take millions of draws and still place every drifter
+    // as drawing one by one would; the draws come round after 2^23, and a circle no draw
+    // of a round meets keeps the first point drawn.
+    struct Case {
+        float edge;
+        int drifters;
+        std::uint32_t state;
+    } cases[] = {{16000, 1, 1}, {40000, 2, 0x123456}, {40000, 2, 1}, {-100, 2, 1}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::to_string(c.edge) + " " + std::to_string(c.state));
+        const float low = c.edge < 0 ? 100 : -c.edge, high = c.edge < 0 ? 200 : c.edge;
+        aq::Pool pool = poolOf(std::vector<aq::DrifterRec>(std::size_t(c.drifters), at(3000, 3000)));
+        pool.minX = pool.minY = low;
+        pool.maxX = pool.maxY = high;
+        aq::setRandomState(c.state);
+        std::vector<float> want;
+        for (int i = 0; i < c.drifters; ++i) {
+            const std::uint32_t start = aq::randomState();
+            float x = 0, y = 0;
+            auto inside = [&] {
+                x = aq::RandomNext() * (high - low) + low;
+                y = aq::RandomNext() * (high - low) + low;
+                return std::sqrt(double(x) * x + double(y) * y) <= 10.0 * c.drifters;
+            };
+            long k = 0;
+            while (k < (1L << 23) && !inside()) ++k;
+            if (k == (1L << 23)) {  // back to the first point
+                aq::setRandomState(start);
+                inside();
+            }
+            want.insert(want.end(), {x, y});
+        }
+        const std::uint32_t wantState = aq::randomState();
+        aq::setRandomState(c.state);
+        aq::prepareHarvest(pool, 2500.0f);
+        for (int i = 0; i < c.drifters; ++i)
+            EXPECT_EQ(std::vector<float>({pool.drifters[std::size_t(i)].x, pool.drifters[std::size_t(i)].y}),
+                      std::vector<float>(want.begin() + 2 * i, want.begin() + 2 * i + 2));
+        EXPECT_EQ(aq::randomState(), wantState);
+    }
 }
 
 TEST(PrepareSteps, StillbornsAndMinimumDrifters) {

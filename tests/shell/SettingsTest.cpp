@@ -1,6 +1,8 @@
 // The settings text and aqfm.ini: exact lines, round trip, the forgiving reader.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
+#include <chrono>
 #include <filesystem>
 
 #include "shell/Settings.h"
@@ -108,6 +110,17 @@ TEST(Settings, ReaderForgivesBlanksLineEndsAndGarbage) {
     EXPECT_EQ(f.app.comboPoolPath, "/P");
 }
 
+TEST(Settings, ALongFolderHistoryIsTakenAtOnce) {
+    Fixture f;
+    std::string text;
+    for (int i = 0; i < 26000; ++i) text += "comboPoolPath.ListItem = /Pools/" + std::to_string(i % 20000) + "\r\n";
+    const auto start = std::chrono::steady_clock::now();
+    f.use(text);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+    ASSERT_EQ(f.app.comboPoolPathItems.size(), 20000u);  // each folder once, in first-seen order
+    EXPECT_EQ(f.app.comboPoolPathItems[19999], "/Pools/19999");
+}
+
 TEST(Settings, LoadKeepsTheTextWhenTheFileHoldsNoSettings) {
     Fixture f;
     f.app.settingsText = "chkAutoName.Value = 1\r\n";
@@ -130,11 +143,18 @@ TEST(Settings, FileErrorsAreShownInTheProgramsWords) {
     f.ui.message("Error opening " + f.iniPath() + ", error: Is a directory", "Aquarium File Manager - Load File");
     aq::ini(f.app, "Load");
     EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    std::filesystem::remove(f.iniPath());
+    ASSERT_EQ(::mkfifo(f.iniPath().c_str(), 0644), 0);  // nothing may wait for a writer
+    f.ui.message("Error opening " + f.iniPath() + ", error: Not a regular file", "Aquarium File Manager - Load File");
+    aq::ini(f.app, "Load");
+    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    std::filesystem::remove(f.iniPath());
+    std::filesystem::create_directory(f.iniPath());
     f.app.settingsText = "x = 1";
     f.ui.script.push_back({"message", "Aquarium File Manager - Save Text File", "*"});
     aq::ini(f.app, "Save");
-    ASSERT_EQ(f.ui.seen.size(), 2u);
-    EXPECT_EQ(f.ui.seen[1].text.rfind("Error opening " + f.iniPath() + ", error: ", 0), 0u);
+    ASSERT_EQ(f.ui.seen.size(), 3u);
+    EXPECT_EQ(f.ui.seen[2].text.rfind("Error opening " + f.iniPath() + ", error: ", 0), 0u);
     EXPECT_EQ(f.ui.waitDepth, 0);
 }
 
