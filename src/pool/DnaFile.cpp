@@ -1,11 +1,9 @@
 #include "pool/DnaFile.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cerrno>
 
 #include "shell/FileIo.h"
+#include "shell/SysIo.h"
 
 namespace aq {
 

@@ -1,14 +1,11 @@
 #include "pool/PoolFile.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
 
 #include "shell/FileIo.h"
+#include "shell/SysIo.h"
 
 namespace aq {
 

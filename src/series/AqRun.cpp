@@ -14,9 +14,11 @@ namespace {
 const char* const kSimulatorNames[] = {"Aquarium5.1.exe", "Aquarium5.exe", "Aquarium4.1.exe", "Aquarium4.exe",
                                        "Aquarium.exe"};
 
-std::uint32_t startAt(App& app, const std::string& name) {
+std::uint32_t startAt(App& app, const std::string& name, std::string& problem) {
     std::string path = series::joinPath(app.comboAquariumPath, name);
-    return simulatorOf(app).start(path, app.programFolder);
+    std::uint32_t pid = simulatorOf(app).start(path, app.programFolder);
+    if (std::string p = simulatorOf(app).startProblem(); !p.empty()) problem = p;
+    return pid;
 }
 
 bool windowShown(App& app, std::uint32_t pid) { return getSimulatorWindow(app, pid) != 0; }
@@ -41,16 +43,18 @@ void resetButtons(App& app) {
 Simulator& simulatorOf(App& app) { return app.series.simulator ? *app.series.simulator : systemSimulator(); }
 
 std::uint32_t startSimulator(App& app) {
+    std::string problem;  // a found simulator that could not be run, in the user's words
     for (const char* name : kSimulatorNames) {
         std::string exe = name;
         // Here a simulator needs no ".exe", so each name is tried without it too.
-        std::uint32_t pid = startAt(app, exe);
-        if (pid == 0) pid = startAt(app, exe.substr(0, exe.size() - 4));
+        std::uint32_t pid = startAt(app, exe, problem);
+        if (pid == 0) pid = startAt(app, exe.substr(0, exe.size() - 4), problem);
         if (pid != 0) {
             app.series.run.simulatorProcessId = pid;
             return pid;
         }
     }
+    if (!problem.empty()) app.ui.ShowMessage(problem);
     app.ui.ShowMessage("Unable to start Aquarium.  Please select the correct Aquarium path and try again. " +
                        series::joinPath(app.comboAquariumPath, "Aquarium.exe"));
     return 0;

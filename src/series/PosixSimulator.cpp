@@ -124,7 +124,7 @@ private:
 
 }  // namespace
 
-Simulator& systemSimulator() {
+Simulator& posixSimulator() {
     static PosixSimulator simulator;
     return simulator;
 }

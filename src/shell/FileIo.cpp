@@ -1,13 +1,11 @@
 #include "shell/FileIo.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <cstdio>
 #include <random>
 #include <system_error>
+
+#include "shell/SysIo.h"
 
 namespace aq {
 
@@ -52,7 +50,7 @@ std::string writeFileAtomically(const std::string& path, std::string_view bytes)
         // Keep the mode of the file being replaced.
         struct stat st {};
         if (::stat(path.c_str(), &st) == 0) ::chmod(tmp.c_str(), st.st_mode & 07777);
-        if (std::rename(tmp.c_str(), path.c_str()) != 0) err = errno;
+        err = replaceFile(tmp.c_str(), path.c_str());
     }
     if (err) {
         ::unlink(tmp.c_str());
