@@ -9,9 +9,9 @@ scripts/setup-wine.sh
 jobs=${JOBS:-$(nproc)}
 # The Windows core tests that run here; the other folders drive aqfm through a POSIX
 # shell or lean on POSIX permissions and run on Linux only. The tests left out below
-# build their expected paths and messages with "/" (Windows joins with "\\"), quote for
-# a POSIX shell, or expect POSIX error texts; the harvest case fails under Wine and is
-# still to be explained.
+# build their paths and expected messages with "/" where Windows joins with "\\" (the
+# path helpers then split at the "\\" only), quote for a POSIX shell, or expect POSIX
+# error texts.
 win_tests=(tests_archive tests_foodeditor tests_pool tests_series tests_shell)
 declare -A skip=(
   [tests_archive]="CopyToArchive.AutoNamesWithDateAndTimeThenTheOverwriteQuestion:CopyToArchive.IntoTheSimulatorsOwnFolderNothingIsDeleted:ReplaceFromArchive.*"
