@@ -1,14 +1,12 @@
 #include "base/FileIo.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <random>
+
+#include "base/SysIo.h"
 
 namespace aq {
 
@@ -81,7 +79,7 @@ int replaceAtomically(const std::string& path, std::string_view bytes) {
         struct stat st {};
         if (::stat(path.c_str(), &st) == 0) ::chmod(tmp.c_str(), st.st_mode & 07777);
         syncFolder(folder);
-        if (std::rename(tmp.c_str(), path.c_str()) != 0) err = lastError();
+        err = replaceFile(tmp.c_str(), path.c_str());
     }
     if (err)
         ::unlink(tmp.c_str());

@@ -1,10 +1,9 @@
 #include "format/DnaFile.h"
 
-#include <unistd.h>
-
 #include <cerrno>
 
 #include "base/FileIo.h"
+#include "base/SysIo.h"
 
 namespace aq {
 

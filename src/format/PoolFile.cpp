@@ -1,12 +1,10 @@
 #include "format/PoolFile.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <cstring>
 
 #include "base/FileIo.h"
+#include "base/SysIo.h"
 
 namespace aq {
 

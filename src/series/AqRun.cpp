@@ -15,8 +15,10 @@ namespace {
 const char* const kSimulatorNames[] = {"Aquarium5.1.exe", "Aquarium5.exe", "Aquarium4.1.exe", "Aquarium4.exe",
                                        "Aquarium.exe"};
 
-std::uint32_t startAt(App& app, const std::string& folder, const std::string& name) {
-    return simulatorOf(app).start(series::joinPath(folder, name), app.programFolder);
+std::uint32_t startAt(App& app, const std::string& folder, const std::string& name, std::string& problem) {
+    std::uint32_t pid = simulatorOf(app).start(series::joinPath(folder, name), app.programFolder);
+    if (std::string p = simulatorOf(app).startProblem(); !p.empty()) problem = p;
+    return pid;
 }
 
 // The folder of the box, taken from the program's current folder when it is relative:
@@ -52,17 +54,19 @@ Simulator& simulatorOf(App& app) { return app.series.simulator ? *app.series.sim
 
 std::uint32_t startSimulator(App& app) {
     const std::string folder = simulatorFolder(app.comboAquariumPath);
+    std::string problem;  // a found simulator that could not be run, in the user's words
     for (const char* name : kSimulatorNames) {
         std::string exe = name;
         // Here a simulator needs no ".exe", so each name is tried without it too.
-        std::uint32_t pid = startAt(app, folder, exe);
-        if (pid == 0) pid = startAt(app, folder, exe.substr(0, exe.size() - 4));
+        std::uint32_t pid = startAt(app, folder, exe, problem);
+        if (pid == 0) pid = startAt(app, folder, exe.substr(0, exe.size() - 4), problem);
         if (pid != 0) {
             app.series.run.simulatorProcessId = pid;
             app.series.run.startedProcesses.push_back(pid);
             return pid;
         }
     }
+    if (!problem.empty()) app.ui.ShowMessage(problem);
     app.ui.ShowMessage("Unable to start Aquarium.  Please select the correct Aquarium path and try again. " +
                        series::joinPath(folder, "Aquarium.exe"));
     return 0;

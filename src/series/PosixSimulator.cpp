@@ -127,7 +127,7 @@ private:
 
 }  // namespace
 
-Simulator& systemSimulator() {
+Simulator& posixSimulator() {
     static PosixSimulator simulator;
     return simulator;
 }

@@ -5,6 +5,7 @@
 #include "SeriesFakes.h"
 #include "format/PoolFile.h"
 #include "series/EvolveSeries.h"
+#include "series/SeriesLinks.h"
 #include "support/PoolFixtures.h"
 #include "support/TempDir.h"
 
@@ -33,7 +34,7 @@ struct Rig {
         app.series.controls.frameVisible = true;
         app.series.controls.sliderTimeDelay = 7;
         sim.clock = &clock;
-        sim.executables = {dir.file("sim") + "/Aquarium"};
+        sim.executables = {aq::series::joinPath(dir.file("sim"), "Aquarium")};
         save("pool.aqp", first);
         ui.onYield = [this] { stopAfter(stopAtStart); };
     }

@@ -8,6 +8,7 @@
 
 #include "format/PoolFile.h"
 #include "series/AqRun.h"
+#include "series/SeriesLinks.h"
 #include "series/Simulator.h"
 #include "support/ManualClock.h"
 #include "support/ScriptedUi.h"
@@ -76,8 +77,8 @@ private:
 // The two messages of a simulator that can't be started from `folder`.
 inline ScriptedUi& expectNoSimulator(ScriptedUi& ui, const std::string& folder) {
     return ui
-        .message("Unable to start Aquarium.  Please select the correct Aquarium path and try again. " + folder +
-                 "/Aquarium.exe")
+        .message("Unable to start Aquarium.  Please select the correct Aquarium path and try again. " +
+                 aq::series::joinPath(folder, "Aquarium.exe"))
         .message(
             "Aquarium could not be found at the specified location.  Please select the correct Aquarium program "
             "path in the field provided.");

@@ -10,6 +10,7 @@
 #include <string>
 #include <thread>
 
+#include "HandOver.h"
 #include "PoolView.h"
 #include "ToyModel.h"
 #include "format/PoolFile.h"
@@ -17,34 +18,11 @@
 
 namespace {
 
-constexpr const char* kHandOver = "recent_pool_version_4.aqp";
+using standin::saveHandOver;
+
 volatile std::sig_atomic_t closeRequested = 0;
 
 void onTerm(int) { closeRequested = 1; }
-
-bool loadHandOver(aq::Pool& pool) {
-    aq::PoolReadResult r = aq::readPool(kHandOver, pool);
-    if (r.status == aq::PoolReadStatus::NotFound) {
-        std::fprintf(stderr, "Aquarium: no %s here; starting from the default pool\n", kHandOver);
-        pool = aq::Pool{};
-        return aq::parsePool(aq::defaultPoolBytes(), pool).status == aq::PoolReadStatus::Ok;
-    }
-    if (r.status != aq::PoolReadStatus::Ok) {
-        std::fprintf(stderr, "Aquarium: cannot read %s: %s\n", kHandOver,
-                     r.status == aq::PoolReadStatus::BadVersion ? "not a version 4 or 5 pool" : r.error.c_str());
-        return false;
-    }
-    return true;
-}
-
-int saveHandOver(const aq::Pool& pool) {
-    std::string error = aq::writePool(kHandOver, pool);
-    if (!error.empty()) {
-        std::fprintf(stderr, "Aquarium: cannot write %s: %s\n", kHandOver, error.c_str());
-        return 1;
-    }
-    return 0;
-}
 
 void sayReady() {
     std::printf("ready\n");
@@ -96,7 +74,7 @@ int main(int argc, char** argv) {
     std::signal(SIGTERM, onTerm);
     std::signal(SIGINT, onTerm);
     aq::Pool pool;
-    if (!loadHandOver(pool)) return 1;
+    if (!standin::loadHandOver(pool)) return 1;
     if (headless || !standin::guiAvailable()) return runHeadless(pool, stepsPerSecond ? stepsPerSecond : 200);
     return standin::runWindow(argc, argv, pool, stepsPerSecond ? stepsPerSecond : 30, closeRequested, sayReady,
                               [&pool] { return saveHandOver(pool); });

@@ -1,0 +1,117 @@
+// The simulator's window lookup and close over the six Windows calls, against a fake
+// window list in Z order.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <vector>
+
+#include "SeriesFakes.h"
+#include "series/Win32Simulator.h"
+#include "support/TempDir.h"
+
+using namespace aqtest;
+
+namespace {
+
+struct FakeWindow {
+    std::uint32_t handle;
+    std::uint32_t pid;
+    int classIndex;  // which of the simulator's class names, -1 none
+};
+
+class FakeWin32 : public aq::Win32Api {
+public:
+    std::vector<FakeWindow> zOrder;  // top first
+    std::uint32_t active = 0;
+    int getWindowCalls = 0;
+    std::vector<std::string> log;
+
+    bool CreateProcessA(const std::string& commandLine, const std::string& dir, std::uint32_t& pid) override {
+        log.push_back("create " + commandLine + " in " + dir);
+        if (commandLine != "C:\\Sim\\Aquarium.exe") return false;
+        pid = 77;
+        return true;
+    }
+    std::uint32_t FindWindowA(const std::string& className) override {
+        for (const FakeWindow& w : zOrder)
+            if (w.classIndex >= 0 && aq::simulatorWindowClasses()[std::size_t(w.classIndex)] == className)
+                return w.handle;
+        return 0;
+    }
+    std::uint32_t GetActiveWindow() override { return active; }
+    std::uint32_t GetWindow(std::uint32_t window, std::uint32_t command) override {
+        ++getWindowCalls;
+        EXPECT_EQ(command, aq::kGwHwndNext);
+        for (std::size_t i = 0; i < zOrder.size(); ++i)
+            if (zOrder[i].handle == window) return i + 1 < zOrder.size() ? zOrder[i + 1].handle : 0;
+        return 0;
+    }
+    void GetWindowThreadProcessId(std::uint32_t window, std::uint32_t& pid) override {
+        for (const FakeWindow& w : zOrder)
+            if (w.handle == window) pid = w.pid;
+    }
+    void SendMessageA(std::uint32_t window, std::uint32_t message, std::uintptr_t wParam,
+                      std::intptr_t lParam) override {
+        log.push_back("send " + std::to_string(window) + " " + std::to_string(message) + " " + std::to_string(wParam) +
+                      " " + std::to_string(lParam));
+    }
+};
+
+}  // namespace
+
+TEST(Win32Simulator, FindsTheWindowByClassOrDownTheZOrderOnly) {
+    struct Row {
+        const char* what;
+        std::vector<FakeWindow> zOrder;
+        std::uint32_t active;
+        std::uint32_t expected;
+        int getWindowCalls;
+    };
+    const Row rows[] = {
+        {"class hit owned by the process", {{10, 5, -1}, {20, 77, 0}}, 10, 20, 0},
+        {"the later of two class hits wins", {{20, 77, 3}, {30, 77, 1}}, 0, 20, 0},
+        {"below the active window, no class", {{10, 5, -1}, {11, 6, -1}, {20, 77, -1}}, 10, 20, 2},
+        {"above the active window is never reached", {{20, 77, -1}, {10, 5, -1}}, 10, 0, 101},
+        {"a class hit of another process starts the walk", {{10, 5, -1}, {30, 8, 2}, {20, 77, -1}}, 10, 20, 1},
+        {"nothing at all: 0 costs 11 misses a pass", {}, 0, 0, 10},
+    };
+    for (const Row& row : rows) {
+        FakeWin32 api;
+        api.zOrder = row.zOrder;
+        api.active = row.active;
+        aq::Win32Simulator sim(api);
+        EXPECT_EQ(sim.findWindow(77), row.expected) << row.what;
+        EXPECT_EQ(api.getWindowCalls, row.getWindowCalls) << row.what;
+    }
+}
+
+TEST(Win32Simulator, StartsWithThePathAsCommandLineAndClosesWithWmClose) {
+    FakeWin32 api;
+    aq::Win32Simulator sim(api);
+    EXPECT_EQ(sim.start("C:\\Sim\\Aquarium5.exe", "C:\\Prog"), 0u);
+    EXPECT_EQ(sim.start("C:\\Sim\\Aquarium.exe", "C:\\Prog"), 77u);
+    sim.close(20);
+    EXPECT_EQ(api.log, (std::vector<std::string>{"create C:\\Sim\\Aquarium5.exe in C:\\Prog",
+                                                 "create C:\\Sim\\Aquarium.exe in C:\\Prog", "send 20 16 0 0"}));
+}
+
+#ifndef _WIN32
+TEST(Win32Simulator, WindowsProgramWithoutWineSaysHowToGetIt) {
+    TempDir dir;
+    writeBytes(dir.file("Aquarium4.exe"), "MZ\x90");
+    setenv("WINE", "/no/such/wine", 1);
+    ManualClock clock;
+    ScriptedUi ui;
+    aq::App app(ui, clock);
+    app.comboAquariumPath = dir.path();
+    app.programFolder = dir.path();
+    ui.message(dir.file("Aquarium4.exe") +
+               " is a Windows program, and Wine is needed to run it here, but Wine was not found.  Install it (on "
+               "Debian or Ubuntu: sudo apt install wine), or name it in the WINE environment variable.")
+        .message("Unable to start Aquarium.  Please select the correct Aquarium path and try again. " +
+                 dir.file("Aquarium.exe"));
+    EXPECT_EQ(aq::startSimulator(app), 0u);
+    EXPECT_TRUE(ui.done()) << ui.report();
+    unsetenv("WINE");
+}
+#endif
