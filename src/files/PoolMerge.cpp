@@ -50,12 +50,6 @@ void mergeIntoNothing(App& app, bool mergeDrifters, bool mergeFood, std::string 
     showMergedPool(app);
 }
 
-// Damaged files may hold any negative count; the sum of two stays within 32 bits.
-std::int32_t countSum(std::int32_t a, std::int32_t b) {
-    const std::int64_t sum = std::int64_t{a} + b;
-    return static_cast<std::int32_t>(std::clamp<std::int64_t>(sum, INT32_MIN, INT32_MAX));
-}
-
 }  // namespace
 
 void mergePoolFile(App& app, bool mergeDrifters, bool mergeFood, std::string path, bool intoOpen) {
