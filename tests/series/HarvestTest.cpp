@@ -326,21 +326,25 @@ TEST(Harvest, FoldersAndFailures) {
     std::string negative = aq::poolBytes(makePool(0, 1));  // a count of -1 reads as no drifters
     negative.replace(12, 4, std::string(4, '\xFF'));
     writeBytes(r.dir.file("b2.aqp"), negative);
+    r.ui.message("Not a Aquarium 4 or 5 data file");
+    int expectSkipped = 1;
+#ifndef _WIN32  // a FIFO and links that lead nowhere
     ASSERT_EQ(::mkfifo(r.dir.file("b3.aqp").c_str(), 0644), 0);
     std::filesystem::create_symlink("nowhere.aqp", r.dir.file("b4.aqp"));
     std::filesystem::create_symlink("b5.aqp", r.dir.file("b5.aqp"));
     const std::string title = "Aquarium File Manager - Load Drifter Files";
-    r.ui.message("Not a Aquarium 4 or 5 data file")
-        .message("Error opening b3.aqp, error: Not a regular file", title)
+    r.ui.message("Error opening b3.aqp, error: Not a regular file", title)
         .message("Error opening b4.aqp, error: No such file or directory", title)
         .message("Error opening b5.aqp, error: Too many levels of symbolic links", title);
+    expectSkipped = 4;
+#endif
     int skipped = 0;
     aq::HarvestSuccessful(r.app, r.dir.path(), 0, 2000, true, false, &skipped);
     EXPECT_TRUE(r.ui.done()) << r.ui.report();
     clean.harvest(clean.dir.path(), 2000, true, false);
     EXPECT_EQ(r.ids(), clean.ids());
     EXPECT_EQ(r.ids(), (std::vector<int>{7, 1, 3, 100}));
-    EXPECT_EQ(skipped, 4);
+    EXPECT_EQ(skipped, expectSkipped);
     EXPECT_EQ(r.app.openPool.foodCount, 4);
 }
 

@@ -143,6 +143,7 @@ TEST(Settings, FileErrorsAreShownInTheProgramsWords) {
     f.ui.message("Error opening " + f.iniPath() + ", error: Is a directory", "Aquarium File Manager - Load File");
     aq::ini(f.app, "Load");
     EXPECT_TRUE(f.ui.done()) << f.ui.report();
+#ifndef _WIN32
     std::filesystem::remove(f.iniPath());
     ASSERT_EQ(::mkfifo(f.iniPath().c_str(), 0644), 0);  // nothing may wait for a writer
     f.ui.message("Error opening " + f.iniPath() + ", error: Not a regular file", "Aquarium File Manager - Load File");
@@ -150,11 +151,12 @@ TEST(Settings, FileErrorsAreShownInTheProgramsWords) {
     EXPECT_TRUE(f.ui.done()) << f.ui.report();
     std::filesystem::remove(f.iniPath());
     std::filesystem::create_directory(f.iniPath());
+#endif
     f.app.settingsText = "x = 1";
     f.ui.script.push_back({"message", "Aquarium File Manager - Save Text File", "*"});
     aq::ini(f.app, "Save");
-    ASSERT_EQ(f.ui.seen.size(), 3u);
-    EXPECT_EQ(f.ui.seen[2].text.rfind("Error opening " + f.iniPath() + ", error: ", 0), 0u);
+    ASSERT_FALSE(f.ui.seen.empty());
+    EXPECT_EQ(f.ui.seen.back().text.rfind("Error opening " + f.iniPath() + ", error: ", 0), 0u);
     EXPECT_EQ(f.ui.waitDepth, 0);
 }
 
