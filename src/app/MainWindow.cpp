@@ -163,7 +163,11 @@ void MainWindow::tick() { aq::tmrMultiTaskTick(*app_, task_, {frameShown(3), fra
 
 void MainWindow::closeEvent(QCloseEvent* e) {
     tmrMultiTask_.stop();
-    aq::closeProgram(*app_);
+    if (!aq::closeProgram(*app_)) {
+        e->ignore();
+        tmrMultiTask_.start();
+        return;
+    }
     e->accept();
 }
 

@@ -6,7 +6,7 @@
 
 namespace aq {
 
-void closeProgram(App& app) {
+bool closeProgram(App& app) {
     ini(app, "Set");
     ini(app, "Save");
     if (app.poolChanged) {
@@ -14,10 +14,12 @@ void closeProgram(App& app) {
             "The currently open pool file has been changed.  Changes will be lost if the file is not saved now.\r\n\r\n"
             "Save changes to the open pool file?",
             "Pool File Has Changed");
-        if (a == Answer::Cancel) return;
-        if (a == Answer::Yes && !saveOpenPool(app)) return;
+        if (a == Answer::Cancel) return false;
+        // A cancelled dialog or a failed write leaves the pool changed: stay open.
+        if (a == Answer::Yes && (!saveOpenPool(app) || app.poolChanged)) return false;
     }
     saveChangedDrifterFiles(app, true, false);
+    return true;
 }
 
 }  // namespace aq
