@@ -49,10 +49,9 @@ TEST(PoolFile, FoodFamilyIsOneByteAndItsNeighboursStay) {
 }
 
 TEST(PoolFile, SaveCreatesOneFolderLevelAndReplacesLongerFiles) {
-    TempDir dir;
     Session s;
     s.app.openPool = makePool(2, 2);
-    std::string path = dir.file("new/pool.aqp");
+    std::string path = s.dir.file("new/pool.aqp");
     ASSERT_TRUE(savePoolFile(s.app, path, true));
     EXPECT_EQ(readBytes(path).size(), s.app.openPool.fileSize());
     writeBytes(path, std::string(500000, 'x'));

@@ -15,34 +15,28 @@ struct Fixture : aqtest::Session {
     aq::MultiTask task;
 };
 
-TEST(MultiTask, OneDrifterNeedsNoSpeciesPass) {
-    Fixture f;
-    f.app.openPool = aqtest::makePool(1, 0);
-    f.app.poolSpeciesPending = true;
-    f.app.lstSpeciatePool.setVisible(false);
-    f.app.lstSpeciatePool.setEnabled(false);
-    f.task.phase = 1;  // not the pool's phase
-    f.task.restart = false;
-    aq::tmrMultiTaskTick(f.app, f.task, {});
-    EXPECT_FALSE(f.app.poolSpeciesPending);
-    EXPECT_TRUE(f.app.lstSpeciatePool.visible());
-    EXPECT_TRUE(f.app.lstSpeciatePool.enabled());
-}
-
-TEST(MultiTask, TheListStaysDisabledWhileAPassIsPending) {
+TEST(MultiTask, OneDrifterNeedsNoSpeciesPassAndTheListWaitsForPendingPasses) {
     struct Case {
-        bool poolPending, dnaPending, enabled;
-    } cases[] = {{true, false, false}, {false, true, false}, {false, false, true}};
+        int drifters;
+        bool poolPending, dnaPending, enabled, poolPendingAfter;
+    } cases[] = {{1, true, false, true, false},
+                 {2, true, false, false, true},
+                 {2, false, true, false, false},
+                 {2, false, false, true, false}};
     for (const Case& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.drifters << c.poolPending << c.dnaPending);
         Fixture f;
-        f.app.openPool = aqtest::makePool(2, 0);
+        f.app.openPool = aqtest::makePool(c.drifters, 0);
         f.app.poolSpeciesPending = c.poolPending;
         f.app.speciesPending = c.dnaPending;
+        f.app.lstSpeciatePool.setVisible(false);
         f.app.lstSpeciatePool.setEnabled(false);
-        f.task.phase = 2;  // a threshold phase: no pass runs this tick
+        f.task.phase = 2;  // a threshold phase next: no pass runs this tick
         f.task.restart = false;
         aq::tmrMultiTaskTick(f.app, f.task, {});
-        EXPECT_EQ(f.app.lstSpeciatePool.enabled(), c.enabled) << c.poolPending << c.dnaPending;
+        EXPECT_EQ(f.app.poolSpeciesPending, c.poolPendingAfter);
+        EXPECT_EQ(f.app.lstSpeciatePool.visible(), c.drifters == 1);
+        EXPECT_EQ(f.app.lstSpeciatePool.enabled(), c.enabled);
     }
 }
 
