@@ -109,6 +109,8 @@ private slots:
         h.menu("mSelectKill");
         QVERIFY(h.app().openPool.drifters[350].alive == 0 && h.row("lstSpeciatePool", 350).contains("Dead, "));
         QCOMPARE(view->verticalScrollBar()->value(), 0);
+        h.menu("mSelectRevive");
+        QCOMPARE(h.app().openPool.drifters[350].alive, 1);
 
         // The range scan's bar is on show while the scan runs.
         int seen = 0;
