@@ -1,149 +1,130 @@
-// The main window offscreen: tabs, menus, loading a pool and the questions on closing.
-#include <QTabWidget>
-#include <QToolButton>
+// The main window offscreen: menus and keys, the file dialogs, and one series at a time
+// from the series tab with its bar on show. The rules behind them are the core tests'.
+#include <QFileDialog>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSlider>
+#include <QTimer>
+#include <filesystem>
 
 #include "Window.h"
-#include "app/MapPanel.h"
-#include "foodeditor/FoodList.h"
-#include "format/PoolFile.h"
-#include "files/PoolOps.h"
-#include "pooleditor/DrifterList.h"
+#include "app/QtUi.h"
+#include "series/SeriesFakes.h"
+#include "support/PoolFixtures.h"
 
 class MainWindowTest : public QObject {
     Q_OBJECT
 
-private slots:
-    void showsItsTabsFramesMenusAndCaption() {
-        aqtest::Window<> h;
-        QCOMPARE(h.w.windowTitle(), QString("Aquarium File Manager - v.3.1.0.1"));
-        auto* tabs = h.get<QTabWidget>("TabStrip1");
-        QStringList captions;
-        for (int i = 0; i < tabs->count(); ++i) captions << tabs->tabText(i);
-        QCOMPARE(captions, QStringList({"Archive", "Startup Pool", "Edit Drifters in Pool File",
-                                        "Edit Food in Pool File", "Edit Drifter Files", "Create Series"}));
-        QCOMPARE(h.wrongTexts({{"FrmTa(0)", "Directory Paths"},
-                               {"FrmTa(1)", "File archive operations, to backup or retreive Aquarium files."},
-                               {"FrmTa(3)", "Categorize and Process Drifters in a Pool File"}}),
-                 QStringList());
-        QCOMPARE(h.w.selectedTab(), 1);
-        QVERIFY(h.w.menuItem("mQuickSpec")->isChecked() && h.w.menuItem("mNoStill")->isChecked());
-        QVERIFY(!h.w.menuItem("mNoOld")->isChecked());
-        QCOMPARE(h.w.menuItem("mSelectMostProlithic")->text(), QString("Most Prolithic"));
-        QCOMPARE(h.app().similarityDepth, std::int16_t(100));
-        QVERIFY(h.app().defaultPoolUsable);
+    // The window on the series tab with a fake simulator in its folder, and a
+    // four-drifter pool to start from, its dialog scripted.
+    struct Run : aqtest::Window<aqtest::TickingUi> {
+        aqtest::FakeSimulator sim;
+        Run() {
+            std::filesystem::create_directories(file("sim"));
+            w.show();
+            w.selectTab(6);
+            sim.clock = &clock;
+            sim.executables = {file("sim") + "/Aquarium"};
+            app().series.simulator = &sim;
+            app().series.pauseMs = 0;
+            app().comboAquariumPath = file("sim");
+            app().comboPoolPath = dir.path();
+            aq::writePool(file("pool.aqp"), aqtest::makePool(4, 6));
+            ui.file("open", "Select Pool File", file("pool.aqp"));
+        }
+    };
 
-        // The menus follow the tab; "Enable All" lifts that.
-        QVERIFY(h.w.menuItem("mSelectSwitchPool")->isEnabled());
+private slots:
+    void menusFollowTheTabAndKeysReachThem() {
+        aqtest::Window<> h;
+        QString keys;
+        for (const char* n :
+             {"mLoadPool", "mSavePool", "mSaveDrifter", "mUndo", "mRedo", "mExit", "keyHelp", "keyTab6"})
+            keys += QKeySequence::listToString(h.w.menuItem(n)->shortcuts(), QKeySequence::PortableText) + "|";
+        QCOMPARE(keys, QString("Ctrl+O|Ctrl+S|Ctrl+Shift+S|Ctrl+Z|Ctrl+Shift+Z; Ctrl+Y|Ctrl+Q|F1|Ctrl+6|"));
+        // The Selection menu follows the tab; "Enable All" lifts that.
         QVERIFY(!h.w.menuItem("mSelectKill")->isEnabled());
         h.menu("mSpeciatePool");
         QCOMPARE(h.w.selectedTab(), 3);
-        QVERIFY(!h.w.menuItem("mSelectSwitchPool")->isEnabled());
-        QVERIFY(h.w.menuItem("mSelectKill")->isEnabled() && h.w.menuItem("mSelect")->isEnabled());
-        QVERIFY(!h.w.menuItem("mSelectFoodDelete")->isEnabled());
+        QVERIFY(h.w.menuItem("mSelectKill")->isEnabled() && !h.w.menuItem("mSelectSwitchPool")->isEnabled());
         h.menu("mEnable");
-        for (const char* name : {"mSelectSwitchPool", "mSelectFoodDelete", "mSelectDrifterMove", "mSelectSwitchFood"})
-            QVERIFY2(h.w.menuItem(name)->isEnabled(), name);
+        QVERIFY(h.w.menuItem("mSelectSwitchPool")->isEnabled());
         h.menu("mSelectSwitchFood");
         QCOMPARE(h.w.selectedTab(), 4);
-        SCRIPT_DONE(h);
+        h.menu("keyTab6");
+        QCOMPARE(h.w.selectedTab(), 6);
     }
 
-    void loadsAPoolAndAsksBeforeClosing() {
-        aqtest::Window<> h;
-        std::string path = h.file("default.aqp");
-        auto bytes = aq::defaultPoolBytes();
-        aqtest::writeBytes(path, std::string(reinterpret_cast<const char*>(bytes.data()), bytes.size()));
-        h.app().comboPoolPath = h.dir.path();
-        h.ui.file("open", "Select Pool File", path, h.dir.path() + "||aqp|Aquarium Files");
-        h.menu("mLoadPool");
-        SCRIPT_DONE(h);
-        QCOMPARE(h.rows("lstSpeciatePool")->rowCount(), 49);
-        QCOMPARE(h.row("lstSpeciatePool", 1),
-                 QString("three-color 5 segment drifter #1, age=1941, father of 3, energy level = 46.31878., @ 51X, "
-                         "77Y, has eaten 3 meals"));
-        QVERIFY(h.app().poolLoaded && h.app().poolSpeciesPending);
-        QCOMPARE(h.app().openPoolPath, path);
-        h.tick("lstSpeciatePool", 2);
-        QVERIFY(h.app().lstSpeciatePool.checked(2));
-
-        h.app().poolChanged = true;
-        h.app().openPool.drifters[0].age = 5;
-        h.ui.ask("yesnocancel",
-                 "The currently open pool file has been changed.  Changes will be lost if the file is not saved now."
-                 "\r\n\r\nSave changes to the open pool file?",
-                 "Pool File Has Changed", aq::Answer::Yes)
-            .ask("yesnocancel", "Would you like to save over " + path, "Save Speciated Pool", aq::Answer::No)
-            .file("save", "Save Pool As", h.file("saved.aqp"), h.dir.path() + "|default.aqp|aqp|Pool Files");
-        h.w.close();
-        SCRIPT_DONE(h);
-        aq::Pool saved;
-        QVERIFY(aq::readPool(h.file("saved.aqp"), saved).status == aq::PoolReadStatus::Ok);
-        QCOMPARE(saved.drifters[0].age, 5);
-        QVERIFY(!h.app().poolChanged);
+    void fileDialogsTakeNewNamesAndTheSaveDialogKeepsItsName() {
+        aqtest::TempDir dir;
+        aqapp::QtUi ui;
+        QString nameShown;
+        // The next file dialog shows its name field to `nameShown` and is answered with `name`
+        // (or what it shows); an answer it refuses (and any warning about it) ends in a cancel.
+        auto answer = [&nameShown](const QString& name) {
+            QTimer::singleShot(0, [&nameShown, name] {
+                auto* dlg = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+                if (!dlg) return;
+                nameShown = dlg->findChild<QLineEdit*>("fileNameEdit")->text();
+                if (!name.isEmpty()) dlg->selectFile(name);
+                QTimer::singleShot(500, dlg, [] {
+                    for (QWidget* w : QApplication::topLevelWidgets())
+                        if (auto* d = qobject_cast<QDialog*>(w); d && d->isVisible()) d->reject();
+                });
+                static_cast<QDialog*>(dlg)->accept();  // QFileDialog checks the name
+            });
+        };
+        answer("missing.aqp");
+        QVERIFY(
+            ui.ChooseOpenFile(dir.path(), "", "aqp", "Aquarium Files", "Select Pool File").ends_with("/missing.aqp"));
+        answer("kept.aqp");
+        ui.ChooseSaveFile(dir.path(), "", "aqp", "Pool Files", "Save Pool As");
+        answer("");
+        QVERIFY(ui.ChooseSaveFile(dir.path(), "", "aqp", "Pool Files", "Save Pool As").ends_with("/kept.aqp"));
+        QCOMPARE(nameShown, QString("kept.aqp"));
     }
 
-    void theMapFollowsTheTabAndPicksRows() {
-        aqtest::Window<> h;
-        h.app().openPool = h.app().defaultPool;
-        h.app().poolLoaded = true;
-        aq::populateSpeciatePoolList(h.app());
-        aq::populateFoodList(h.app());
-        aqapp::MapPanel* panel = h.w.mapPanel();
-        h.w.show();
-        QVERIFY(!panel->isVisible());  // the archive tab has no pool to show
-        h.w.selectTab(3);
-        QVERIFY(panel->isVisible());
-        emit panel->map()->drifterPicked(7, false);
-        QCOMPARE(h.app().lstSpeciatePool.currentIndex(), 7);
-        QCOMPARE(h.get<QListView>("lstSpeciatePool")->currentIndex().row(), 7);
-        QVERIFY(!h.app().lstSpeciatePool.checked(7));
-        emit panel->map()->drifterPicked(7, true);
-        QVERIFY(h.app().lstSpeciatePool.checked(7));
-        // The toggle shows the ticked drifters' genes in the map's place; a click there finds the drifter.
-        QCoreApplication::processEvents();
-        h.get<QToolButton>("cmdShowGenes")->click();
-        QVERIFY(panel->genes()->isVisible() && !panel->map()->isVisible());
-        int firstTicked = 0;
-        while (!h.app().lstSpeciatePool.checked(firstTicked)) ++firstTicked;
-        h.app().lstSpeciatePool.setCurrentIndex(-1);
-        QTest::mouseClick(panel->genes(), Qt::LeftButton, Qt::NoModifier, QPoint(50, 20));
-        QCOMPARE(h.app().lstSpeciatePool.currentIndex(), firstTicked);
-        h.get<QToolButton>("cmdShowGenes")->click();
-        // Lists cleared (a load that was cancelled): the map no longer shows the pool.
-        h.app().lstSpeciatePool.clear();
-        h.app().lstPoolFood.clear();
-        QCoreApplication::processEvents();
-        QVERIFY(panel->map()->isVisible() && !panel->map()->pool());
-        h.get<QToolButton>("cmdShowMap")->click();
-        QVERIFY(!panel->isVisible());
-        h.app().poolChanged = false;
+    void runsASeriesFromTheButtonsUntilStop() {
+        Run h;
+        h.get<QSlider>("sliderTimeDelay")->setValue(30);
+        auto* stop = h.get<QPushButton>("cmdCreateSeriesStop");
+        auto* now = h.get<QPushButton>("cmdCreateSeriesNow");
+        auto* bar = h.get<QProgressBar>("sliderTimeDelaySelection");
+        int shown = 0;
+        bool nowWasDisabled = false, stopped = false, clickedAgain = false;
+        h.ui.onYield = [&] {
+            shown = std::max(shown, bar->isVisible() ? bar->value() : 0);
+            nowWasDisabled = nowWasDisabled || !now->isEnabled();
+            if (stopped && !clickedAgain) {
+                clickedAgain = true;
+                now->click();  // while the series still unwinds: no second series
+            }
+            if (h.sim.starts >= 2 && stop->isEnabled()) {
+                stop->click();
+                stopped = true;
+            }
+        };
+        now->click();
         SCRIPT_DONE(h);
+        QVERIFY(nowWasDisabled && clickedAgain && h.sim.starts == 2 && !h.sim.overlap);
+        QCOMPARE(shown, 30);  // seconds of the run
+        QVERIFY(now->isEnabled() && !stop->isEnabled() && !bar->isVisible());
+        QVERIFY(std::filesystem::exists(h.file("pool0.aqp")) && !std::filesystem::exists(h.file("pool00.aqp")));
     }
 
-    void aBadFileKeepsThePoolOnShow() {
-        aqtest::Window<> h;
-        std::string bad = h.file("bad.aqp");
-        aqtest::writeBytes(bad, std::string(10, '\0'));
-        h.app().openPool = h.app().defaultPool;
-        h.app().poolLoaded = true;
-        h.app().openPoolPath = "/somewhere/else.aqp";
-        h.ui.file("open", "Select Pool File", bad)
-            .message("Error opening " + bad + ", error: file is truncated: the header needs 12 bytes, 10 remain",
-                     "Aquarium File Manager - Load Pool File");
-        h.menu("mLoadPool");
-        SCRIPT_DONE(h);
-        QCOMPARE(h.app().openPool.drifterCount, 49);
-        QCOMPARE(h.app().lstSpeciatePool.count(), 49);
-        QCOMPARE(h.app().openPoolPath, std::string("/somewhere/else.aqp"));
-        // Its rows are new, so the timer numbers their species again.
-        QTRY_VERIFY_WITH_TIMEOUT(h.row("lstSpeciatePool", 0).startsWith("{0} "), 5000);
-        // A load cancelled in its dialog leaves the lists empty, and the map with them.
-        auto* map = h.get<aqapp::PoolMap>("PoolMap");
-        QVERIFY(map->pool());
-        h.ui.file("open", "Select Pool File", "");
-        h.menu("mLoadPool");
-        QCOMPARE(h.app().lstSpeciatePool.count(), 0);
-        QVERIFY(!map->pool());
+    void closingTheWindowEndsARunningSeries() {
+        Run h;
+        bool closed = false;
+        h.ui.onYield = [&] {
+            if (!closed && h.sim.starts == 1 && h.clock.seconds > 36000 + 30) {
+                closed = true;
+                h.w.close();
+            }
+        };
+        h.click("cmdCreateSeriesNow");
+        QVERIFY(closed && h.sim.starts == 1 && !h.sim.isRunning());
+        QVERIFY(!std::filesystem::exists(h.file("pool0.aqp")));
+        QVERIFY(h.clock.seconds < 36000 + 60);
     }
 };
 

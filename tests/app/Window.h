@@ -1,10 +1,9 @@
 #pragma once
 // The main window offscreen with a scripted Ui, a hand-moved clock and a temporary
-// program folder, plus short ways to reach its controls by their names.
+// program folder, plus short ways to reach its controls by their names and to load a pool.
 #include <QAbstractButton>
 #include <QAction>
 #include <QComboBox>
-#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -14,6 +13,7 @@
 #include <utility>
 
 #include "app/MainWindow.h"
+#include "format/PoolFile.h"
 #include "support/ManualClock.h"
 #include "support/ScriptedUi.h"
 #include "support/TempDir.h"
@@ -45,26 +45,35 @@ struct Window {
         return c;
     }
     void click(const char* name) { get<QAbstractButton>(name)->click(); }
+    // Clicks a button or triggers a menu item with nothing scripted, every prompt cancelled:
+    // the first prompt as "kind [title] text", or "" for none.
+    std::string firstPrompt(const char* item) {
+        const std::size_t failed = ui.failures.size();
+        ui.seen.clear();
+        if (auto* b = w.findChild<QAbstractButton*>(item))
+            b->click();
+        else
+            menu(item);
+        ui.failures.resize(failed);  // the prompts it met were not scripted
+        return ui.seen.empty() ? "" : ui.seen[0].kind + " [" + ui.seen[0].title + "] " + ui.seen[0].text;
+    }
+    // Loads `pool` from pool.aqp through the File menu, on the drifter tab.
+    void loadPool(const aq::Pool& pool) {
+        aq::writePool(file("pool.aqp"), pool);
+        w.selectTab(3);
+        ui.file("open", "Select Pool File", file("pool.aqp"));
+        menu("mLoadPool");
+    }
 
-    // The text a user reads on a control; "name:tip" gives its tooltip.
+    // The text a user reads on a control.
     QString text(const QString& name) {
-        if (name.endsWith(":tip")) return get(name.chopped(4))->toolTip();
         QObject* c = get<QObject>(name);
-        if (auto* g = qobject_cast<QGroupBox*>(c)) return g->title();
         if (auto* b = qobject_cast<QAbstractButton*>(c)) return b->text();
         if (auto* l = qobject_cast<QLabel*>(c)) return l->text();
         if (auto* e = qobject_cast<QLineEdit*>(c)) return e->text();
         if (auto* x = qobject_cast<QComboBox*>(c)) return x->currentText();
         return {};
     }
-    // Every control whose text differs, as "name: shown", so a failure names them all.
-    QStringList wrongTexts(std::initializer_list<std::pair<const char*, const char*>> want) {
-        QStringList wrong;
-        for (const auto& [name, t] : want)
-            if (text(name) != QString(t)) wrong << QString(name) + ": " + text(name);
-        return wrong;
-    }
-
     QAbstractItemModel* rows(const char* list) { return get<QListView>(list)->model(); }
     QString row(const char* list, int r) { return rows(list)->index(r, 0).data().toString(); }
     void tick(const char* list, int r, bool on = true) {

@@ -1,29 +1,19 @@
-// Pool files byte for byte, saving over and beside old files, and the default pool.
+// Pool files byte for byte, saving over and beside old files, the default pool, and
+// what lies under a point of a pool.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <filesystem>
 
-#include "format/PoolFile.h"
-#include "files/PoolOps.h"
 #include "base/FileIo.h"
-#include "support/ManualClock.h"
+#include "files/PoolOps.h"
+#include "format/PoolFile.h"
+#include "format/PoolGeometry.h"
 #include "support/PoolFixtures.h"
-#include "support/ScriptedUi.h"
-#include "support/TempDir.h"
+#include "support/ScriptedSession.h"
 
 using namespace aq;
 using namespace aqtest;
-
-namespace {
-
-struct Session {
-    ScriptedUi ui;
-    ManualClock clock;
-    App app{ui, clock};
-};
-
-}  // namespace
 
 TEST(PoolFile, LoadAndSaveGiveTheSameBytes) {
     TempDir dir;
@@ -41,7 +31,7 @@ TEST(PoolFile, LoadAndSaveGiveTheSameBytes) {
         EXPECT_EQ(s.app.openPool.drifterCount, c.drifters);
         ASSERT_TRUE(savePoolFile(s.app, dir.file("out.aqp"), true));
         EXPECT_EQ(readBytes(dir.file("out.aqp")), original);
-        EXPECT_TRUE(s.ui.done()) << s.ui.report();
+        EXPECT_SCRIPT_DONE(s.ui);
         EXPECT_EQ(s.ui.waitDepth, 0);
     }
 }
@@ -59,17 +49,16 @@ TEST(PoolFile, FoodFamilyIsOneByteAndItsNeighboursStay) {
 }
 
 TEST(PoolFile, SaveCreatesOneFolderLevelAndReplacesLongerFiles) {
-    TempDir dir;
     Session s;
     s.app.openPool = makePool(2, 2);
-    std::string path = dir.file("new/pool.aqp");
+    std::string path = s.dir.file("new/pool.aqp");
     ASSERT_TRUE(savePoolFile(s.app, path, true));
     EXPECT_EQ(readBytes(path).size(), s.app.openPool.fileSize());
     writeBytes(path, std::string(500000, 'x'));
     ASSERT_TRUE(savePoolFile(s.app, path, true));
     EXPECT_EQ(readBytes(path), poolBytes(s.app.openPool));
     EXPECT_FALSE(savePoolFile(s.app, "", true));
-    EXPECT_TRUE(s.ui.done()) << s.ui.report();
+    EXPECT_SCRIPT_DONE(s.ui);
 }
 
 TEST(DefaultPool, HasItsFrame) {
@@ -115,4 +104,34 @@ TEST(DefaultPool, BuilderReproducesTheCommittedFile) {
     std::string out = dir.file("default.aqp");
     ASSERT_EQ(std::system((std::string(AQ_BUILD_DEFAULT_POOL) + " " + out).c_str()), 0);
     EXPECT_EQ(readBytes(out), readBytes(std::string(AQ_SOURCE_DIR) + "/data/default.aqp"));
+}
+
+TEST(PoolGeometry, FindsBodiesAndFoodUnderAPoint) {
+    Pool pool = makePool(0, 0);
+    DrifterRec a = makeDrifter(0, 1, 0, 100, 100);
+    Segment& s = a.segments[0];
+    s.point1X = 90, s.point1Y = 95, s.point2X = 110, s.point2Y = 95, s.point3X = 110, s.point3Y = 105;
+    s.point4X = 90, s.point4Y = 105;
+    DrifterRec b = a;  // drawn on top of a
+    b.id = 1;
+    pool.drifters = {a, b, makeDrifter(2, 0, 0, 500, 500)};
+    pool.drifterCount = 3;
+    EXPECT_EQ(drifterAt(pool, 100, 100, 0), 1);
+    EXPECT_EQ(drifterAt(pool, 109, 96, 0), 1);
+    EXPECT_EQ(drifterAt(pool, 111, 96, 0), -1);
+    EXPECT_EQ(drifterAt(pool, 503, 500, 5), 2);
+    pool.drifterCount = 1;  // the count rules, not the array
+    EXPECT_EQ(drifterAt(pool, 100, 100, 0), 0);
+    EXPECT_EQ(drifterAt(pool, 503, 500, 5), -1);
+    WorldRect r = drifterBounds(a);
+    EXPECT_EQ(r.left, 90);
+    EXPECT_EQ(r.top, 105);
+
+    pool.food.resize(2);
+    pool.food[0].x = 0, pool.food[0].y = 0;
+    pool.food[1].x = 10, pool.food[1].y = 0;
+    pool.foodCount = 2;
+    EXPECT_EQ(foodAt(pool, 6, 0, 5), 1);
+    EXPECT_EQ(foodAt(pool, 4, 0, 5), 0);
+    EXPECT_EQ(foodAt(pool, 50, 0, 5), -1);
 }

@@ -1,16 +1,16 @@
-// Merging a second pool file into the open pool or the work pool, and saving from the menu.
+// Merging a second pool file into the open pool or the work pool, also through aqfm
+// merge, and saving from the menu.
 #include <gtest/gtest.h>
 
 #include <cstring>
 
-#include "format/PoolFile.h"
 #include "files/PoolMerge.h"
 #include "files/PoolSave.h"
+#include "format/PoolFile.h"
 #include "pooleditor/DrifterList.h"
-#include "support/ManualClock.h"
 #include "support/PoolFixtures.h"
-#include "support/ScriptedUi.h"
-#include "support/TempDir.h"
+#include "support/RunCli.h"
+#include "support/ScriptedSession.h"
 
 using namespace aq;
 using namespace aqtest;
@@ -28,12 +28,9 @@ Pool markedPool(int drifters, int food, int mark) {
     return p;
 }
 
-struct Session {
-    ScriptedUi ui;
-    ManualClock clock;
-    App app{ui, clock};
-    TempDir dir;
-    Session(const Pool& open) {
+// `open` loaded from open.aqp and also the work pool; file() writes the pool to merge.
+struct Open : Session {
+    explicit Open(const Pool& open) {
         app.openPool = open;
         app.workPool = open;
         app.poolLoaded = true;
@@ -55,14 +52,14 @@ void expectIdsAreIndices(const Pool& p) {
 }  // namespace
 
 TEST(PoolMerge, DriftersUpToTheLimitTakeTheFileFirstOnes) {
-    Session s(markedPool(1990, 3, 0));
+    Open s(markedPool(1990, 3, 0));
     s.app.openPool.walls[0].wallFlag = 5;
     Pool before = s.app.openPool;
     Pool work = s.app.workPool;
     std::string other = s.file(markedPool(50, 4, 100000));
     s.ui.file("open", "Select Pool File", other, s.dir.path() + "||aqp|Aquarium Files");
     mMergePool(s.app);
-    EXPECT_TRUE(s.ui.done()) << s.ui.report();
+    EXPECT_SCRIPT_DONE(s.ui);
     const Pool& p = s.app.openPool;
     ASSERT_EQ(p.drifterCount, 2000);
     EXPECT_EQ(std::vector<int>({p.drifters[0].age, p.drifters[1989].age, p.drifters[1990].age, p.drifters[1999].age}),
@@ -81,23 +78,23 @@ TEST(PoolMerge, DriftersUpToTheLimitTakeTheFileFirstOnes) {
 
 TEST(PoolMerge, TheLimitMessagesComeWithoutADialog) {
     for (bool food : {false, true}) {
-        Session s(food ? markedPool(1, 2000, 0) : markedPool(2000, 0, 0));
+        Open s(food ? markedPool(1, 2000, 0) : markedPool(2000, 0, 0));
         s.ui.message(
             std::string("Limit reached. No more ") + (food ? "food" : "drifters") + " can be added at this time.",
             food ? "Merge Food into Pool" : "Merge Drifters into Pool");
         food ? mMergeFood(s.app) : mMergePool(s.app);
-        EXPECT_TRUE(s.ui.done()) << s.ui.report();
+        EXPECT_SCRIPT_DONE(s.ui);
         EXPECT_FALSE(s.app.poolChanged);
     }
 }
 
 TEST(PoolMerge, FoodAloneKeepsTheDriftersAndIsCutAtTheLimit) {
-    Session s(markedPool(5, 1995, 0));
+    Open s(markedPool(5, 1995, 0));
     Pool before = s.app.openPool;
     std::string other = s.file(markedPool(9, 10, 200));
     s.ui.file("open", "Select Pool File", other);
     mMergeFood(s.app);
-    EXPECT_TRUE(s.ui.done()) << s.ui.report();
+    EXPECT_SCRIPT_DONE(s.ui);
     const Pool& p = s.app.openPool;
     EXPECT_EQ(p.drifterCount, 5);
     EXPECT_EQ(p.foodCount, 2000);
@@ -112,7 +109,7 @@ TEST(PoolMerge, FoodAloneKeepsTheDriftersAndIsCutAtTheLimit) {
 }
 
 TEST(PoolMerge, AFileWithoutDriftersOnlyRenumbers) {
-    Session s(markedPool(5, 2, 0));
+    Open s(markedPool(5, 2, 0));
     std::string other = s.file(markedPool(0, 0, 0));
     s.ui.file("open", "Select Pool File", other);
     mMergePool(s.app);
@@ -128,12 +125,12 @@ TEST(PoolMerge, AFileWithoutDriftersOnlyRenumbers) {
 
 TEST(PoolMerge, CancellingTheDialogChangesNothing) {
     for (bool changed : {false, true}) {
-        Session s(markedPool(3, 3, 0));
+        Open s(markedPool(3, 3, 0));
         s.app.poolChanged = changed;
         Pool before = s.app.openPool;
         s.ui.file("open", "Select Pool File", "");
         mMergePool(s.app);
-        EXPECT_TRUE(s.ui.done()) << s.ui.report();
+        EXPECT_SCRIPT_DONE(s.ui);
         EXPECT_EQ(s.app.poolChanged, changed);
         EXPECT_EQ(poolBytes(s.app.openPool), poolBytes(before));
         EXPECT_FALSE(s.app.poolSpeciesPending);
@@ -141,12 +138,12 @@ TEST(PoolMerge, CancellingTheDialogChangesNothing) {
 }
 
 TEST(PoolMerge, IntoTheWorkPoolWithAPath) {
-    Session s(markedPool(3, 3, 0));
+    Open s(markedPool(3, 3, 0));
     s.app.workPool = markedPool(2, 1, 50);
     Pool open = s.app.openPool;
     std::string other = s.file(markedPool(4, 4, 300));
     mergePoolFile(s.app, true, true, other, false);
-    EXPECT_TRUE(s.ui.done()) << s.ui.report();
+    EXPECT_SCRIPT_DONE(s.ui);
     EXPECT_EQ(s.app.workPool.drifterCount, 6);
     EXPECT_EQ(s.app.workPool.drifters[2].age, 300);
     EXPECT_EQ(s.app.workPool.foodCount, 5);
@@ -157,14 +154,14 @@ TEST(PoolMerge, IntoTheWorkPoolWithAPath) {
 }
 
 TEST(PoolMerge, WithNoPoolLoadedTheFileOpensAsANewPoolOfThatKind) {
-    Session s(markedPool(0, 0, 0));
+    Open s(markedPool(0, 0, 0));
     s.app.poolLoaded = false;
     s.app.openPoolPath.clear();
     Pool work = s.app.workPool;
     std::string other = s.file(markedPool(4, 4, 10));
     s.ui.file("open", "Select Pool File", other);
     mMergePool(s.app);
-    EXPECT_TRUE(s.ui.done()) << s.ui.report();
+    EXPECT_SCRIPT_DONE(s.ui);
     EXPECT_TRUE(s.app.poolLoaded);
     EXPECT_EQ(s.app.openPool.drifterCount, 4);
     EXPECT_EQ(s.app.openPool.foodCount, 0);
@@ -192,7 +189,7 @@ TEST(PoolSave, QuestionsOfTheMenuCommand) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
-        Session s(markedPool(2, 2, 0));
+        Open s(markedPool(2, 2, 0));
         if (!c.hasPath) s.app.openPoolPath.clear();
         s.app.poolChanged = c.changed;
         if (c.hasPath)
@@ -202,7 +199,7 @@ TEST(PoolSave, QuestionsOfTheMenuCommand) {
             s.ui.file("save", "Save Pool As", *c.saveAs ? s.dir.file(c.saveAs) : "",
                       s.dir.path() + (c.hasPath ? "|open.aqp" : "|") + "|aqp|Pool Files");
         mSavePool(s.app);
-        EXPECT_TRUE(s.ui.done()) << s.ui.report();
+        EXPECT_SCRIPT_DONE(s.ui);
         EXPECT_EQ(s.app.poolChanged, c.changedAfter);
         EXPECT_EQ(s.app.openPoolPath, s.dir.file(c.pathAfter));
         if (!c.changedAfter && c.changed) {
@@ -210,8 +207,31 @@ TEST(PoolSave, QuestionsOfTheMenuCommand) {
         }
     }
     // Nothing loaded: nothing asked.
-    Session s(markedPool(2, 2, 0));
+    Open s(markedPool(2, 2, 0));
     s.app.poolLoaded = false;
     mSavePool(s.app);
-    EXPECT_TRUE(s.ui.done()) << s.ui.report();
+    EXPECT_SCRIPT_DONE(s.ui);
+}
+
+TEST(MergeCli, KindsLimitsAndErrors) {
+    TempDir dir;
+    std::string base = dir.file("base.aqp"), other = dir.file("other.aqp"), out = dir.file("out.aqp");
+    ASSERT_EQ(aq::writePool(base, makePool(1990, 5)), "");
+    ASSERT_EQ(aq::writePool(other, makePool(50, 7)), "");
+    struct Case {
+        std::string flags;
+        int drifters, food;
+    } cases[] = {{"", 2000, 12}, {"--drifters", 2000, 5}, {"--food", 1990, 12}, {"--drifters --food", 2000, 12}};
+    for (const Case& c : cases) {
+        CliResult r = runCli("merge " + base + " " + other + " " + c.flags + " -o " + out);
+        ASSERT_EQ(r.status, 0) << c.flags;
+        aq::Pool p;
+        ASSERT_EQ(aq::readPool(out, p).status, aq::PoolReadStatus::Ok);
+        EXPECT_EQ(p.drifterCount, c.drifters) << c.flags;
+        EXPECT_EQ(p.foodCount, c.food) << c.flags;
+        EXPECT_EQ(p.drifters[1999 < p.drifterCount ? 1999 : 0].id, 1999 < p.drifterCount ? 1999 : 0);
+    }
+    EXPECT_EQ(runCli("merge " + base + " " + dir.file("missing.aqp") + " -o " + out).status, 1);
+    EXPECT_EQ(runCli("merge " + base + " -o " + out).status, 2);
+    EXPECT_EQ(runCli("merge " + base + " " + other).status, 2);
 }

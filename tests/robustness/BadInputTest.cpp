@@ -1,20 +1,23 @@
-// The files users actually meet, fed to every reader: each gets the program's
-// message, nothing crashes, and no file changes that the program did not mean to write.
+// The files users actually meet, fed to every reader: each gets the program's message,
+// nothing crashes, and no file changes that the program did not mean to write. DNA files
+// of every size, folders that only look like DNA files, and saves or archive copies that
+// fail half way: the old file stays byte for byte.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <filesystem>
 
-#include "format/PoolFile.h"
-#include "files/PoolOps.h"
-#include "pooleditor/DrifterList.h"
+#include "archive/ArchiveTransfers.h"
 #include "base/FileIo.h"
+#include "dnaeditor/DrifterFiles.h"
+#include "files/PoolOps.h"
+#include "format/DnaFile.h"
+#include "format/PoolFile.h"
+#include "pooleditor/DrifterList.h"
 #include "shell/Settings.h"
-#include "support/ManualClock.h"
 #include "support/PoolFixtures.h"
-#include "support/ScriptedUi.h"
-#include "support/TempDir.h"
+#include "support/ScriptedSession.h"
 
 using namespace aq;
 using namespace aqtest;
@@ -24,10 +27,7 @@ namespace {
 const std::string kLoadTitle = "Aquarium File Manager - Load Pool File";
 const std::string kSaveTitle = "Aquarium File Manager - Save Pool File";
 
-struct Fixture {
-    ScriptedUi ui;
-    ManualClock clock;
-    App app{ui, clock};
+struct Fixture : Session {
     Fixture() {
         app.openPool = makePool(1, 1);
         app.poolLoaded = true;
@@ -52,6 +52,17 @@ std::vector<std::string> loadBad(const std::string& path) {
     std::vector<std::string> shown;
     for (const auto& p : f.ui.seen) shown.push_back(p.title + "|" + p.text);
     return shown;
+}
+
+std::string pattern(std::size_t size) {
+    std::string bytes(size, '\0');
+    for (std::size_t i = 0; i < size; ++i) bytes[i] = static_cast<char>(i * 7 + 3);
+    return bytes;
+}
+
+std::size_t filesIn(const std::string& folder) {
+    namespace fs = std::filesystem;
+    return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
 }
 
 }  // namespace
@@ -159,14 +170,13 @@ TEST(BadInput, NegativeCountsKeepThePoolAndItsListOnShow) {
         populateSpeciatePoolList(f.app);
         f.ui.file("open", "Select Pool File", dir.file("neg.aqp")).message(c.message);
         initiateLoadPoolFile(f.app);
-        EXPECT_TRUE(f.ui.done()) << f.ui.report();
+        EXPECT_SCRIPT_DONE(f.ui);
         EXPECT_EQ(f.app.openPool.drifterCount, 2);
         EXPECT_EQ(f.app.lstSpeciatePool.count(), 2);
     }
 }
 
 TEST(BadInput, SettingsFilesWithJunkStillStartTheProgram) {
-    TempDir dir;
     std::string junk;
     for (int i = 0; i < 4096; ++i) junk += static_cast<char>((i * 131 + 7) % 256);
     std::string texts[] = {
@@ -179,24 +189,21 @@ TEST(BadInput, SettingsFilesWithJunkStillStartTheProgram) {
     };
     for (const std::string& text : texts) {
         Fixture f;
-        f.app.programFolder = dir.path();
-        writeBytes(dir.file("aqfm.ini"), text);
+        f.app.programFolder = f.dir.path();
+        writeBytes(f.dir.file("aqfm.ini"), text);
         ini(f.app, "Load");
         ini(f.app, "Use");
         EXPECT_TRUE(f.ui.failures.empty()) << f.ui.report();
-        EXPECT_EQ(readBytes(dir.file("aqfm.ini")), text) << "reading never rewrites the file";
-        if (text == texts[5]) {
-            EXPECT_EQ(f.app.comboPoolPath, "/a") << "a value ends at its second \"=\"";
-        }
+        EXPECT_EQ(readBytes(f.dir.file("aqfm.ini")), text) << "reading never rewrites the file";
     }
 }
 
 TEST(BadInput, AFullDiskOrReadOnlyFolderKeepsTheOldPool) {
-    TempDir dir;
+    Fixture f;
+    const TempDir& dir = f.dir;
     std::string path = dir.file("pool with spaces ü.aqp");
     std::string old = poolBytes(makePool(2, 2));
     writeBytes(path, old);
-    Fixture f;
     f.app.openPool = makePool(4, 4);
     for (long long after : {0LL, 16LL, 1000LL, 30000LL}) {
         f.ui.message("Error saving " + path + ", error: No space left on device", kSaveTitle);
@@ -216,5 +223,103 @@ TEST(BadInput, AFullDiskOrReadOnlyFolderKeepsTheOldPool) {
     }
     // A name as long as the folder allows still saves: the temporary name is short.
     EXPECT_TRUE(savePoolFile(f.app, dir.file(std::string(251, 'n') + ".aqp"), true));
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    EXPECT_SCRIPT_DONE(f.ui);
+}
+
+TEST(DnaFiles, EverySizeReadsAsOneGenomeAndStaysUntouched) {
+    TempDir dir;
+    const std::size_t sizes[] = {0, 10, 1000, 5000};
+    for (std::size_t size : sizes) writeBytes(dir.file("s" + std::to_string(10000 + size) + ".dna"), pattern(size));
+    std::filesystem::create_directory(dir.file("x.dna"));
+
+    for (std::size_t size : sizes) {
+        SCOPED_TRACE(size);
+        Genome g;
+        EXPECT_EQ(readGenomeFile(dir.file("s" + std::to_string(10000 + size) + ".dna"), g), "");
+        // The file's first 1000 bytes, zeros after a short file's end; bytes past 1000 are not genes.
+        std::string want = pattern(std::min<std::size_t>(size, kGeneCount));
+        want.resize(kGeneCount, '\0');
+        EXPECT_EQ(std::string(g.begin(), g.end()), want);
+    }
+    Genome g;
+    g.fill(9);
+    EXPECT_EQ(readGenomeFile(dir.file("x.dna"), g), "Is a directory");
+    EXPECT_EQ(readGenomeFile(dir.file("none.dna"), g), "No such file or directory");
+
+    // The folder load lists the four files in name order and passes over the folder x.dna.
+    Session f;
+    f.app.comboDrifterPath = dir.path();
+    initiateLoadDrifterArchive(f.app);
+    EXPECT_SCRIPT_DONE(f.ui);
+    ASSERT_EQ(f.app.dna.dnaCount, 4);
+    ASSERT_EQ(f.app.lstSpeciateDrifters.count(), 4);
+    EXPECT_EQ(f.app.lstSpeciateDrifters.text(0), "s10000.dna");
+    EXPECT_EQ(f.app.lstSpeciateDrifters.text(3), "s15000.dna");
+    EXPECT_EQ(f.app.dna.dnaGenes[3][999], static_cast<std::uint8_t>(999 * 7 + 3));
+    for (std::size_t size : sizes)
+        EXPECT_EQ(readBytes(dir.file("s" + std::to_string(10000 + size) + ".dna")), pattern(size));
+    EXPECT_TRUE(std::filesystem::is_directory(dir.file("x.dna")));
+
+    // A folder holding nothing but a folder named like a DNA file has nothing to load.
+    Session e;
+    std::filesystem::create_directory(e.dir.file("x.dna"));
+    e.app.comboDrifterPath = e.dir.path();
+    e.ui.message("Nothing to load.  Try a different Drifter Archive path.");
+    initiateLoadDrifterArchive(e.app);
+    EXPECT_SCRIPT_DONE(e.ui);
+    EXPECT_EQ(e.app.dna.dnaCount, 0);
+}
+
+TEST(DnaFiles, FailedSaveLeavesTheOldFileByteForByte) {
+    TempDir dir;
+    const std::string old = pattern(1000);
+    const std::string path = dir.file("Drifter_1.DNA");
+    for (long long failAfter : {0LL, 1LL, 500LL, 999LL}) {
+        SCOPED_TRACE(failAfter);
+        writeBytes(path, old);
+        Session f;
+        f.app.dna.dnaGenes.assign(1, Genome{});
+        f.app.dna.dnaGenes[0].fill(42);
+        f.ui.message("Error saving " + path + ", error: No space left on device",
+                     "Aquarium File Manager - Save DNA File");
+        setWriteFailureAfter(failAfter);
+        EXPECT_FALSE(saveDrifterFile(f.app, path, 0));
+        setWriteFailureAfter(-1);
+        EXPECT_SCRIPT_DONE(f.ui);
+        EXPECT_EQ(f.ui.waitDepth, 0);
+        EXPECT_EQ(readBytes(path), old);
+        EXPECT_EQ(filesIn(dir.path()), 1u);
+    }
+    // A folder that is gone: the message names the path, and nothing appears.
+    Session f;
+    f.app.dna.dnaGenes.assign(1, Genome{});
+    const std::string lost = dir.file("gone/Drifter_2.DNA");
+    f.ui.message("Error saving " + lost + ", error: No such file or directory",
+                 "Aquarium File Manager - Save DNA File");
+    EXPECT_FALSE(saveDrifterFile(f.app, lost, 0));
+    EXPECT_SCRIPT_DONE(f.ui);
+    EXPECT_EQ(filesIn(dir.path()), 1u);
+}
+
+TEST(DnaFiles, FailedArchiveCopyLeavesNoHalfFile) {
+    TempDir dir;
+    const std::string live = dir.file("Pool_1.AQP");
+    writeBytes(live, pattern(5000));
+    std::filesystem::create_directory(dir.file("archive"));
+    const std::string kept = dir.file("archive/Pool_1.AQP");
+    writeBytes(kept, "old archive");
+    // A folder in the archive's place, a missing archive folder, a missing source.
+    std::filesystem::create_directory(dir.file("archive/busy.AQP"));
+    std::filesystem::create_directory(dir.file("archive/busy.AQP/inside"));
+    EXPECT_TRUE(copyFileSafely(live, dir.file("archive/busy.AQP")));
+    EXPECT_TRUE(copyFileSafely(live, dir.file("nowhere/Pool_1.AQP")));
+    EXPECT_TRUE(copyFileSafely(dir.file("Pool_9.AQP"), kept));
+    EXPECT_EQ(readBytes(kept), "old archive");
+    EXPECT_EQ(readBytes(live), pattern(5000));
+    EXPECT_EQ(filesIn(dir.file("archive")), 2u);
+    EXPECT_FALSE(std::filesystem::exists(dir.file("nowhere")));
+    // And a copy that works replaces the old archive file whole.
+    EXPECT_FALSE(copyFileSafely(live, kept));
+    EXPECT_EQ(readBytes(kept), pattern(5000));
+    EXPECT_EQ(filesIn(dir.file("archive")), 2u);
 }

@@ -4,17 +4,45 @@
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 
 #include "format/PoolFile.h"
-#include "robustness/CliRun.h"
 #include "support/PoolFixtures.h"
 #include "support/TempDir.h"
 
 using namespace aqtest;
+
+namespace {
+
+struct CliRun {
+    int code;
+    std::string out;
+};
+
+std::string quote(const std::string& s) {
+    std::string q = "'";
+    for (char c : s) q += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    return q + "'";
+}
+
+// aqfm through the shell, its output and errors together; one that blocks fails the test
+// instead of holding it up.
+CliRun aqfm(const std::string& args) {
+    CliRun r{0, {}};
+    FILE* p = popen(("timeout 20 " + std::string(AQ_CLI) + " " + args + " 2>&1").c_str(), "r");
+    char buf[4096];
+    for (std::size_t n; (n = fread(buf, 1, sizeof buf, p)) > 0;) r.out.append(buf, n);
+    int status = pclose(p);
+    r.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return r;
+}
+
+}  // namespace
 
 TEST(CliRobustness, AwkwardPathsWork) {
     TempDir dir;

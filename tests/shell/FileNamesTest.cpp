@@ -1,20 +1,67 @@
-// Names from the clock, unique names, numbered series and the two file dialogs.
+// Path splitting and joining (the program's backslash forms and this system's "/" forms),
+// names from the clock, unique names, numbered series and the two file dialogs.
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
+#include "base/Paths.h"
 #include "files/FileNames.h"
-#include "support/ManualClock.h"
-#include "support/ScriptedUi.h"
-#include "support/TempDir.h"
+#include "support/ScriptedSession.h"
 
 namespace {
 
-struct Fixture {
-    aqtest::ScriptedUi ui;
-    aqtest::ManualClock clock;
-    aq::App app{ui, clock};
-};
+using Fixture = aqtest::Session;
+
+TEST(Paths, JoinPath) {
+    struct Case {
+        const char *folder, *name, *want;
+    } cases[] = {
+        {"C:", "x", "C:x"},
+        {"C:\\", "x", "C:\\\\x"},
+        {"/home/aq", "aqfm.ini", "/home/aq/aqfm.ini"},
+        {"/home/aq/", "x.dna", "/home/aq/x.dna"},
+    };
+    for (const Case& c : cases) EXPECT_EQ(aq::joinPath(c.folder, c.name), c.want) << c.folder << " + " << c.name;
+}
+
+TEST(Paths, SplitPathFolderAndFile) {
+    struct Case {
+        const char *whole, *folder, *file;
+    } cases[] = {
+        {"x.dna", "", "x.dna"},
+        {"C:\\x.dna", "C:\\", "x.dna"},
+        {"C:x", "C:", "x"},
+        {"a/b/x", "a/b/", "x"},
+        {"/x.dna", "/", "x.dna"},
+        {"\\\\host\\share\\x", "\\\\host\\share", "x"},
+        {"/home/aq/Pools/Pool_1.AQP", "/home/aq/Pools", "Pool_1.AQP"},
+        {"/home/aq/", "/home/aq", ""},
+        {"", "", ""},
+    };
+    for (const Case& c : cases) {
+        std::string folder = "junk", file = "junk";
+        aq::SplitPath(c.whole, folder, file);
+        EXPECT_EQ(folder, c.folder) << c.whole;
+        EXPECT_EQ(file, c.file) << c.whole;
+        EXPECT_EQ(aq::folderOfPath(c.whole), c.folder) << c.whole;
+        EXPECT_EQ(aq::fileNameOfPath(c.whole), c.file) << c.whole;
+    }
+}
+
+TEST(Paths, DriveOfPath) {
+    struct Case {
+        const char *path, *drive;
+    } cases[] = {
+        {"\\\\host\\share\\x", "\\\\host"},
+        {"C:\\x", "C:"},
+        {"x", ""},
+        {"//host/share/x", "//host"},
+        {"\\\\host", ""},
+        {"/home/aq", "/"},
+        {"/home/a:b/x", "/"},
+    };
+    for (const Case& c : cases) EXPECT_EQ(aq::driveOfPath(c.path), c.drive) << c.path;
+}
 
 TEST(FileNames, NowFileNameHoldsDateAndTimeWithoutColons) {
     Fixture f;
@@ -65,7 +112,7 @@ TEST(FileNames, DialogFilters) {
 
 TEST(FileNames, DialogsSuggestAndRememberTheirFolder) {
     Fixture f;
-    aqtest::TempDir dir;
+    const auto& dir = f.dir;
     f.app.programFolder = dir.path();
     std::string data = dir.file("data");
     // Empty arguments fall back on the dialog's own start folder: the program's folder.
@@ -80,34 +127,32 @@ TEST(FileNames, DialogsSuggestAndRememberTheirFolder) {
     // A title or folder given once is not kept for the next call.
     EXPECT_EQ(aq::locateSourceFile(f.app, "", "", "", "", ""), "");
     EXPECT_EQ(aq::locateDestFile(f.app, "", "x", "DNA", "", ""), "");
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    EXPECT_SCRIPT_DONE(f.ui);
 }
 
 TEST(FileNames, SaveDialogMakesItsFolderEvenWhenCancelled) {
     Fixture f;
-    aqtest::TempDir dir;
-    std::string folder = dir.file("new/deeper");
+    std::string folder = f.dir.file("new/deeper");
     f.ui.file("save", "Save", "", folder + "|x.dna|dna|DNA");
     EXPECT_EQ(aq::locateDestFile(f.app, folder, "x", "dna", "DNA", "Save"), "");
     EXPECT_TRUE(std::filesystem::is_directory(folder));
     // The open dialog makes no folder.
-    std::string other = dir.file("other");
+    std::string other = f.dir.file("other");
     f.ui.file("open", "Open", "", other + "|||");
     aq::locateSourceFile(f.app, other, "", "", "", "Open");
     EXPECT_FALSE(std::filesystem::exists(other));
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    EXPECT_SCRIPT_DONE(f.ui);
 }
 
 TEST(FileNames, AFolderThatCannotBeMadeIsReportedAndTheNameReturned) {
     Fixture f;
-    aqtest::TempDir dir;
-    aqtest::writeBytes(dir.file("plain"), "x");
-    std::string folder = dir.file("plain/sub");
+    aqtest::writeBytes(f.dir.file("plain"), "x");
+    std::string folder = f.dir.file("plain/sub");
     std::error_code ec;
     std::filesystem::create_directories(folder, ec);
     f.ui.message(ec.message(), "Aquarium File Manager");
     EXPECT_EQ(aq::locateDestFile(f.app, folder, "Pool_1", "aqp", "Pools", "Save"), "Pool_1.aqp");
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    EXPECT_SCRIPT_DONE(f.ui);
 }
 
 }  // namespace

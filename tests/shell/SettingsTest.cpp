@@ -6,17 +6,11 @@
 #include <filesystem>
 
 #include "shell/Settings.h"
-#include "support/ManualClock.h"
-#include "support/ScriptedUi.h"
-#include "support/TempDir.h"
+#include "support/ScriptedSession.h"
 
 namespace {
 
-struct Fixture {
-    aqtest::ScriptedUi ui;
-    aqtest::ManualClock clock;
-    aq::App app{ui, clock};
-    aqtest::TempDir dir;
+struct Fixture : aqtest::Session {
     Fixture() { app.programFolder = dir.path(); }
     std::string iniPath() const { return dir.file("aqfm.ini"); }
     void use(const std::string& text) {
@@ -75,7 +69,7 @@ TEST(Settings, RoundTripThroughTheFile) {
     EXPECT_EQ(g.app.comboAquariumPathItems, std::vector<std::string>{"/sim"});
     EXPECT_EQ(g.app.comboAquariumPath, "/sim");
     EXPECT_EQ(g.app.comboPoolPath, "/pools");
-    EXPECT_TRUE(g.ui.done()) << g.ui.report();
+    EXPECT_SCRIPT_DONE(g.ui);
 }
 
 TEST(Settings, ReaderForgivesBlanksLineEndsAndGarbage) {
@@ -134,7 +128,7 @@ TEST(Settings, LoadKeepsTheTextWhenTheFileHoldsNoSettings) {
     aqtest::writeBytes(f.iniPath(), "chkNowName.Value = 0");
     aq::ini(f.app, "Load");
     EXPECT_EQ(f.app.settingsText, "chkNowName.Value = 0");
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    EXPECT_SCRIPT_DONE(f.ui);
 }
 
 TEST(Settings, FileErrorsAreShownInTheProgramsWords) {
@@ -142,13 +136,13 @@ TEST(Settings, FileErrorsAreShownInTheProgramsWords) {
     std::filesystem::create_directory(f.iniPath());  // a folder where the file should be
     f.ui.message("Error opening " + f.iniPath() + ", error: Is a directory", "Aquarium File Manager - Load File");
     aq::ini(f.app, "Load");
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    EXPECT_SCRIPT_DONE(f.ui);
 #ifndef _WIN32
     std::filesystem::remove(f.iniPath());
     ASSERT_EQ(::mkfifo(f.iniPath().c_str(), 0644), 0);  // nothing may wait for a writer
     f.ui.message("Error opening " + f.iniPath() + ", error: Not a regular file", "Aquarium File Manager - Load File");
     aq::ini(f.app, "Load");
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    EXPECT_SCRIPT_DONE(f.ui);
     std::filesystem::remove(f.iniPath());
     std::filesystem::create_directory(f.iniPath());
 #endif

@@ -1,14 +1,15 @@
 // Undo and redo: a random run of edits undone back to the loaded file, byte for byte.
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <random>
 
+#include "base/QuietUi.h"
 #include "foodeditor/FoodEdits.h"
 #include "foodeditor/FoodList.h"
 #include "format/PoolFile.h"
 #include "pooleditor/BulkEdits.h"
 #include "pooleditor/DrifterList.h"
-#include "base/QuietUi.h"
 #include "shell/UndoHistory.h"
 #include "support/ManualClock.h"
 #include "support/PoolFixtures.h"
@@ -45,6 +46,21 @@ TEST(UndoHistory, RandomEditsUndoToTheLoadedFileAndRedoToTheLast) {
 
     auto pick = [&](int n) { return std::uniform_int_distribution<int>(0, std::max(n - 1, 0))(rng); };
     auto slide = [&](const aq::SliderState& s) { return s.min + pick(s.max - s.min + 1); };
+    // Deletions are drawn rarely, so the pool keeps most of its records.
+    const std::function<void()> edits[] = {
+        [&] { aq::killSelectedPoolSpecies(app); },
+        [&] { aq::reviveSelectedPoolSpecies(app); },
+        [&] { aq::feedSelectedPoolSpecies(app); },
+        [&] {
+            if (pick(8) == 0 && app.openPool.drifterCount > 10) aq::deleteSelectedPoolSpecies(app, false);
+        },
+        [&] {
+            if (pick(8) == 0 && app.openPool.foodCount > 10) aq::deleteSelectedFood(app);
+        },
+        [&] { aq::MoveDrifterBox(app, aq::Axis::X, slide(app.SliderSpeciatePoolDrifterX)); },
+        [&] { aq::StretchDrifterBox(app, aq::Axis::Y, slide(app.SliderSpeciatePoolDrifterHeight)); },
+        [&] { aq::MoveFoodBox(app, aq::Axis::Y, slide(app.SliderFoodY)); },
+        [&] { aq::StretchFoodBox(app, aq::Axis::X, slide(app.SliderFoodWidth)); }};
     int steps = 0;
     for (int n = 0; n < 200; ++n) {
         for (aq::CheckList* l : {&app.lstSpeciatePool, &app.lstPoolFood})
@@ -53,35 +69,7 @@ TEST(UndoHistory, RandomEditsUndoToTheLoadedFileAndRedoToTheLast) {
         aq::setFoodSliders(app);
         history.prepare(app);
         if (history.undoCount() == 0) ticksBefore = ticks(app.lstSpeciatePool);
-        switch (pick(9)) {
-            case 0:
-                aq::killSelectedPoolSpecies(app);
-                break;
-            case 1:
-                aq::reviveSelectedPoolSpecies(app);
-                break;
-            case 2:
-                aq::feedSelectedPoolSpecies(app);
-                break;
-            case 3:
-                if (pick(8) == 0 && app.openPool.drifterCount > 10) aq::deleteSelectedPoolSpecies(app, false);
-                break;
-            case 4:
-                if (pick(8) == 0 && app.openPool.foodCount > 10) aq::deleteSelectedFood(app);
-                break;
-            case 5:
-                aq::MoveDrifterBox(app, aq::Axis::X, slide(app.SliderSpeciatePoolDrifterX));
-                break;
-            case 6:
-                aq::StretchDrifterBox(app, aq::Axis::Y, slide(app.SliderSpeciatePoolDrifterHeight));
-                break;
-            case 7:
-                aq::MoveFoodBox(app, aq::Axis::Y, slide(app.SliderFoodY));
-                break;
-            default:
-                aq::StretchFoodBox(app, aq::Axis::X, slide(app.SliderFoodWidth));
-                break;
-        }
+        edits[pick(9)]();
         const std::size_t had = history.undoCount();
         history.commit(app, "edit " + std::to_string(n));
         steps += history.undoCount() > had;

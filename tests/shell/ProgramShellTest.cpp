@@ -1,0 +1,133 @@
+// What the window leaves to the core: the timer's list rules on every tick, when the
+// notice may go, the Selection menu on each tab, and the questions on closing.
+#include <gtest/gtest.h>
+
+#include "format/PoolFile.h"
+#include "shell/MenuState.h"
+#include "shell/MultiTask.h"
+#include "shell/Shutdown.h"
+#include "support/PoolFixtures.h"
+#include "support/ScriptedSession.h"
+
+namespace {
+
+struct Fixture : aqtest::Session {
+    aq::MultiTask task;
+};
+
+TEST(MultiTask, OneDrifterNeedsNoSpeciesPassAndTheListWaitsForPendingPasses) {
+    struct Case {
+        int drifters;
+        bool poolPending, dnaPending, enabled, poolPendingAfter;
+    } cases[] = {{1, true, false, true, false},
+                 {2, true, false, false, true},
+                 {2, false, true, false, false},
+                 {2, false, false, true, false}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.drifters << c.poolPending << c.dnaPending);
+        Fixture f;
+        f.app.openPool = aqtest::makePool(c.drifters, 0);
+        f.app.poolSpeciesPending = c.poolPending;
+        f.app.speciesPending = c.dnaPending;
+        f.app.lstSpeciatePool.setVisible(false);
+        f.app.lstSpeciatePool.setEnabled(false);
+        f.task.phase = 2;  // a threshold phase next: no pass runs this tick
+        f.task.restart = false;
+        aq::tmrMultiTaskTick(f.app, f.task, {});
+        EXPECT_EQ(f.app.poolSpeciesPending, c.poolPendingAfter);
+        EXPECT_EQ(f.app.lstSpeciatePool.visible(), c.drifters == 1);
+        EXPECT_EQ(f.app.lstSpeciatePool.enabled(), c.enabled);
+    }
+}
+
+TEST(Notice, FadesFiveSecondsAfterTheLastStirOnceBothListsAreFree) {
+    struct Case {
+        double since;
+        bool poolList, dnaList, fades;
+    } cases[] = {
+        {5.0, true, true, false}, {5.1, true, true, true},  {60, false, true, false},
+        {60, true, false, false}, {0.5, true, true, false}, {60, true, true, true},
+    };
+    for (const Case& c : cases) {
+        Fixture f;
+        f.app.lstSpeciatePool.setEnabled(c.poolList);
+        f.app.lstSpeciateDrifters.setEnabled(c.dnaList);
+        double stir = f.clock.seconds;
+        f.clock.advance(c.since);
+        EXPECT_EQ(aq::noticeMayFade(f.app, stir), c.fades) << c.since << c.poolList << c.dnaList;
+    }
+}
+
+TEST(Menus, SelectionItemsFollowTheTabUnlessAllAreEnabled) {
+    // A tab's own items are on there only; the item that switches to a tab is off on it.
+    const struct {
+        int tab;
+        bool all;
+        const char* on;
+    } cases[] = {
+        {1, false, "mSelectSwitchFood mSelectSwitchPool mSelectSwitchDrifter"},
+        {3, false,
+         "mSelectSwitchFood mSelectPoolInvert mSelectKill mSelectRevive mSelectPoolFeed mSelectPoolMove "
+         "mSelectPoolDelete mSelect mSelectSwitchDrifter"},
+        {4, false, "mSelectFoodInvert mSelectFoodDelete mSelectSwitchPool mSelectSwitchDrifter"},
+        {5, false, "mSelectSwitchFood mSelectSwitchPool mSelectDrifterInvert mSelectDrifterMove mSelectDrifterDelete"},
+        {6, true,
+         "mSelectSwitchFood mSelectFoodInvert mSelectFoodDelete mSelectSwitchPool mSelectPoolInvert mSelectKill "
+         "mSelectRevive mSelectPoolFeed mSelectPoolMove mSelectPoolDelete mSelect mSelectSwitchDrifter "
+         "mSelectDrifterInvert mSelectDrifterMove mSelectDrifterDelete"},
+    };
+    for (const auto& c : cases) {
+        std::string on;
+        for (const auto& [name, enabled] : aq::updateMenu(c.tab, c.all))
+            if (enabled) on += (on.empty() ? "" : " ") + name;
+        EXPECT_EQ(on, c.on) << "tab " << c.tab;
+    }
+}
+
+TEST(Closing, SavesTheSettingsThenAsksForThePoolThenForEachChangedDnaFile) {
+    const struct {
+        bool poolChanged;
+        aq::Answer pool;  // to "Pool File Has Changed", if asked
+        bool saved, asksDna;
+    } cases[] = {
+        {false, aq::Answer::Ok, false, true},
+        {true, aq::Answer::Cancel, false, false},  // the DNA files are not asked about either
+        {true, aq::Answer::No, false, true},
+        {true, aq::Answer::Yes, true, true},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.poolChanged << " " << int(c.pool));
+        aqtest::Session s;
+        aq::App& app = s.app;
+        app.programFolder = s.dir.path();
+        app.openPool = aqtest::makePool(2, 1);
+        app.poolLoaded = true;
+        app.poolChanged = c.poolChanged;
+        app.openPoolPath = s.dir.file("open.aqp");
+        app.dnaLoaded = true;
+        app.dna.dnaCount = 1;
+        app.dna.dnaGenes.assign(1, aq::Genome{});
+        app.dna.dnaPaths = {s.dir.file("a.dna")};
+        app.dna.dnaChanged = {1};
+        if (c.poolChanged)
+            s.ui.ask("yesnocancel",
+                     "The currently open pool file has been changed.  Changes will be lost if the file is not saved "
+                     "now.\r\n\r\nSave changes to the open pool file?",
+                     "Pool File Has Changed", c.pool);
+        if (c.saved)
+            s.ui.ask("yesnocancel", "Would you like to save over " + app.openPoolPath, "Save Speciated Pool",
+                     aq::Answer::Yes);
+        if (c.asksDna)
+            s.ui.ask("yesno", app.dna.dnaPaths[0] + " has changed.\r\n\r\nSave file now?", "Save Changed Drifter",
+                     aq::Answer::No)
+                .message("No files saved.", "Done");
+        aq::closeProgram(app);
+        EXPECT_SCRIPT_DONE(s.ui);
+        EXPECT_EQ(aqtest::readBytes(s.dir.file("aqfm.ini")), app.settingsText);
+        EXPECT_FALSE(app.settingsText.empty());
+        EXPECT_EQ(app.poolChanged, c.poolChanged && !c.saved);
+        EXPECT_EQ(aqtest::readBytes(app.openPoolPath), c.saved ? aq::poolBytes(app.openPool) : "");
+    }
+}
+
+}  // namespace
