@@ -112,6 +112,21 @@ private slots:
         QVERIFY(std::filesystem::exists(h.file("pool0.aqp")) && !std::filesystem::exists(h.file("pool00.aqp")));
     }
 
+    void cancelOnClosingKeepsTheWindowOpen() {
+        aqtest::Window<> h;
+        h.w.show();
+        h.loadPool(aqtest::makePool(2, 1));
+        h.app().poolChanged = true;
+        const std::string question =
+            "The currently open pool file has been changed.  Changes will be lost if the file is not saved "
+            "now.\r\n\r\nSave changes to the open pool file?";
+        h.ui.ask("yesnocancel", question, "Pool File Has Changed", aq::Answer::Cancel);
+        QVERIFY(!h.w.close() && h.w.isVisible());
+        h.ui.ask("yesnocancel", question, "Pool File Has Changed", aq::Answer::No);
+        QVERIFY(h.w.close());
+        SCRIPT_DONE(h);
+    }
+
     void closingTheWindowEndsARunningSeries() {
         Run h;
         bool closed = false;

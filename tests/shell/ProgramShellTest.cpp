@@ -87,13 +87,14 @@ TEST(Menus, SelectionItemsFollowTheTabUnlessAllAreEnabled) {
 TEST(Closing, SavesTheSettingsThenAsksForThePoolThenForEachChangedDnaFile) {
     const struct {
         bool poolChanged;
-        aq::Answer pool;  // to "Pool File Has Changed", if asked
-        bool saved, asksDna;
+        aq::Answer pool, saveOver;  // to "Pool File Has Changed" and "Save Speciated Pool", if asked
+        bool saved, asksDna;        // a window that stays open asks nothing more and loses nothing
     } cases[] = {
-        {false, aq::Answer::Ok, false, true},
-        {true, aq::Answer::Cancel, false, false},  // the DNA files are not asked about either
-        {true, aq::Answer::No, false, true},
-        {true, aq::Answer::Yes, true, true},
+        {false, aq::Answer::Ok, aq::Answer::Ok, false, true},
+        {true, aq::Answer::Cancel, aq::Answer::Ok, false, false},
+        {true, aq::Answer::No, aq::Answer::Ok, false, true},
+        {true, aq::Answer::Yes, aq::Answer::Yes, true, true},
+        {true, aq::Answer::Yes, aq::Answer::Cancel, false, false},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(testing::Message() << c.poolChanged << " " << int(c.pool));
@@ -114,14 +115,14 @@ TEST(Closing, SavesTheSettingsThenAsksForThePoolThenForEachChangedDnaFile) {
                      "The currently open pool file has been changed.  Changes will be lost if the file is not saved "
                      "now.\r\n\r\nSave changes to the open pool file?",
                      "Pool File Has Changed", c.pool);
-        if (c.saved)
+        if (c.pool == aq::Answer::Yes)
             s.ui.ask("yesnocancel", "Would you like to save over " + app.openPoolPath, "Save Speciated Pool",
-                     aq::Answer::Yes);
+                     c.saveOver);
         if (c.asksDna)
             s.ui.ask("yesno", app.dna.dnaPaths[0] + " has changed.\r\n\r\nSave file now?", "Save Changed Drifter",
                      aq::Answer::No)
                 .message("No files saved.", "Done");
-        aq::closeProgram(app);
+        EXPECT_EQ(aq::closeProgram(app), c.asksDna);
         EXPECT_SCRIPT_DONE(s.ui);
         EXPECT_EQ(aqtest::readBytes(s.dir.file("aqfm.ini")), app.settingsText);
         EXPECT_FALSE(app.settingsText.empty());
