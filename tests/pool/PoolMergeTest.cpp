@@ -167,6 +167,7 @@ TEST(PoolMerge, WithNoPoolLoadedTheFileOpensAsANewPoolOfThatKind) {
     EXPECT_EQ(s.app.openPool.foodCount, 0);
     expectIdsAreIndices(s.app.openPool);
     EXPECT_EQ(s.app.openPoolPath, "");
+    EXPECT_TRUE(s.app.poolChanged);  // it has no file yet
     EXPECT_EQ(s.app.lstSpeciatePool.count(), 4);
     EXPECT_EQ(poolBytes(s.app.workPool), poolBytes(work));
 }

@@ -86,6 +86,7 @@ TEST(Settings, ReaderForgivesBlanksLineEndsAndGarbage) {
         "lstArchive.Selected(9) = False\n"
         "lstArchive.Selected(x) = False\n"
         "lstArchive.Selected(1) = maybe\n"
+        "lstArchive.Selected(2) = 0\n"
         "comboDrifterPath.Text = /a=b/c\n"
         "comboPoolPath.ListItem = /P\n"
         "comboPoolPath.ListItem = /p \n"
@@ -97,6 +98,7 @@ TEST(Settings, ReaderForgivesBlanksLineEndsAndGarbage) {
     EXPECT_EQ(f.app.archive.chkAutoBackup, 0);
     EXPECT_EQ(f.app.archive.chkDeleteOriginal, 2);
     EXPECT_FALSE(f.app.archive.lstArchive.checked(5));
+    EXPECT_FALSE(f.app.archive.lstArchive.checked(2));  // a number counts, 0 as False
     EXPECT_TRUE(f.app.archive.lstArchive.checked(1));
     EXPECT_TRUE(f.app.archive.lstArchive.checked(7));  // a shorter file leaves the rest alone
     EXPECT_EQ(f.app.comboDrifterPath, "/a");           // "=" cuts a folder short

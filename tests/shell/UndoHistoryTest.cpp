@@ -103,4 +103,28 @@ TEST(UndoHistory, RandomEditsUndoToTheLoadedFileAndRedoToTheLast) {
     EXPECT_FALSE(app.poolChanged);
 }
 
+// The 256 MB cap weighs what a step really holds: records, the carried history block
+// and the rows' text.
+TEST(UndoHistory, AStepWeighsAllItHolds) {
+    DeletingUi ui;
+    aqtest::ManualClock clock;
+    aq::App app(ui, clock);
+    app.openPool = aqtest::makePool(20, 2000);
+    app.poolLoaded = true;
+    aq::showNewOpenPool(app);
+    aq::PoolHistory history;
+    history.reset(app);
+    history.prepare(app);
+    app.lstSpeciatePool.setChecked(0, true);
+    aq::killSelectedPoolSpecies(app);
+    history.commit(app, "Kill");
+    const aq::Pool& p = app.openPool;
+    std::size_t least =
+        p.drifters.size() * sizeof(aq::DrifterRec) + p.food.size() * sizeof(aq::FoodBit) + p.historyBlock.size();
+    for (int i = 0; i < app.lstSpeciatePool.count(); ++i) least += app.lstSpeciatePool.text(i).size();
+    for (int i = 0; i < app.lstPoolFood.count(); ++i) least += app.lstPoolFood.text(i).size();
+    EXPECT_GE(history.bytes(), least);
+    EXPECT_LT(history.bytes(), least + (1u << 20));  // row bookkeeping and the snapshot itself
+}
+
 }  // namespace
