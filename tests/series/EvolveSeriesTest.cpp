@@ -6,19 +6,14 @@
 #include "format/PoolFile.h"
 #include "series/EvolveSeries.h"
 #include "series/SeriesLinks.h"
-#include "support/PoolFixtures.h"
 #include "support/TempDir.h"
 
 using namespace aqtest;
 
 namespace {
 
-struct Rig {
-    ManualClock clock;
-    TickingUi ui{clock};
-    aq::App app{ui, clock};
+struct Rig : SimRig {
     aq::SeriesOptions& options = app.series.options;
-    FakeSimulator sim;
     TempDir dir;
     std::string pools = dir.file("pools");
     int stopAtStart = 0;  // press Stop once the simulator has been started this often
@@ -29,11 +24,8 @@ struct Rig {
         app.programFolder = dir.file("prog");
         app.comboAquariumPath = dir.file("sim");
         app.comboPoolPath = pools;
-        app.series.simulator = &sim;
-        app.series.pauseMs = 0;
         app.series.controls.frameVisible = true;
         app.series.controls.sliderTimeDelay = 7;
-        sim.clock = &clock;
         sim.executables = {aq::series::joinPath(dir.file("sim"), "Aquarium")};
         save("pool.aqp", first);
         ui.onYield = [this] { stopAfter(stopAtStart); };
@@ -84,9 +76,7 @@ TEST(EvolveSeries, PlainSeriesOfThreePools) {
     r.run();
     EXPECT_EQ(r.sim.starts, 4);
     EXPECT_FALSE(r.has("pool4.aqp"));
-    EXPECT_EQ(r.load("pool1.aqp").clock, 177);
-    EXPECT_EQ(r.load("pool2.aqp").clock, 277);
-    EXPECT_EQ(r.load("pool3.aqp").clock, 377);
+    for (int k = 1; k <= 3; ++k) EXPECT_EQ(r.load("pool" + std::to_string(k) + ".aqp").clock, 77 + 100 * k) << k;
     EXPECT_EQ(r.load("pool1.aqp").drifterCount, 4);  // after the empty suffix the whole pool goes on
     // Stopped by the button: the progress selection is put away.
     EXPECT_FALSE(r.app.series.controls.selectRange);
@@ -96,7 +86,7 @@ TEST(EvolveSeries, PlainSeriesOfThreePools) {
 
 TEST(EvolveSeries, BranchingSeriesSplitsEachPoolInTwo) {
     aq::Pool first = makePool(6, 6);
-    for (int i = 0; i < 6; ++i) std::memset(first.drifters[static_cast<std::size_t>(i)].genes, i % 2 ? 9 : 1, 1000);
+    for (int i = 0; i < 6; ++i) std::memset(first.drifters[i].genes, i % 2 ? 9 : 1, 1000);
     Rig r(first);
     r.stopAtStart = 4;
     r.run();
@@ -130,7 +120,9 @@ TEST(EvolveSeries, RestartAndSaveAndContinueButtons) {
         r.run();
         EXPECT_EQ(r.sim.starts, 2);
         EXPECT_EQ(r.has("pool0.aqp"), c.stored);
-        if (c.next) { EXPECT_EQ(r.load("pool0.aqp").clock, 177); }
+        if (c.next) {
+            EXPECT_EQ(r.load("pool0.aqp").clock, 177);
+        }
         EXPECT_LT(r.clock.seconds, 36000 + 120);  // the run was cut short
     }
 }
@@ -260,17 +252,14 @@ TEST(EvolveSeries, PlagueAndHarvestHappenInTheCycle) {
     };
     for (int i = 0; i < 120; ++i) cases[0].drifters.push_back(body(i < 50 ? 3 : 2, i < 50 ? 9 : 1));
     for (const Case& c : cases) {
-        aq::Pool first = makePool(0, 6);
-        first.drifters = c.drifters;
-        first.drifterCount = static_cast<int>(c.drifters.size());
-        Rig r(first);
+        Rig r(poolOf(c.drifters, 6));
         r.options.chkBranchingSeries = false;
         r.options.chkPlague = c.plague;
         r.options.chkGetSuc = c.harvest;
         std::vector<int> handedOver;
         r.sim.evolve = [&](aq::Pool& p) {
             handedOver.push_back(p.drifterCount);
-            c.harvest && handedOver.size() == 1 ? killAll(p) : void(p.clock += 100);
+            c.harvest&& handedOver.size() == 1 ? killAll(p) : void(p.clock += 100);
         };
         r.stopAtStart = static_cast<int>(c.handedOver.size());
         r.run();

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
+#include "base/NumberText.h"
 #include "format/PoolFile.h"
 #include "series/PrepareSteps.h"
 #include "series/Success.h"
-#include "base/NumberText.h"
 #include "support/PoolFixtures.h"
 #include "support/RunCli.h"
 #include "support/TempDir.h"

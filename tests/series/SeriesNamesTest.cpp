@@ -161,7 +161,8 @@ TEST(SeriesSave, BranchingWritesBothHalvesAndAsksBeforeReplacing) {
 TEST(SeriesSave, NoAsksForANameAndCancelStopsEverything) {
     SaveRig r(kPrompt, {"pool230.aqp", "pool24.aqp"});
     r.askOver("pool230.aqp", aq::Answer::No)
-        .ui.file("save", "Save Split Pool () As", r.dir.file("other.aqp"), r.dir.path() + "|pool230.aqp|aqp|Pool Files");
+        .ui.file("save", "Save Split Pool () As", r.dir.file("other.aqp"),
+                 r.dir.path() + "|pool230.aqp|aqp|Pool Files");
     r.askOver("pool24.aqp", aq::Answer::Cancel).save("23");
     EXPECT_EQ(r.idsIn("other.aqp"), (std::vector<int>{101, 103}));
     EXPECT_EQ(readBytes(r.dir.file("pool24.aqp")), "old");

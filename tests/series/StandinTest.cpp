@@ -10,11 +10,11 @@
 #include <thread>
 
 #include "SeriesFakes.h"
+#include "base/Clock.h"
 #include "format/PoolFile.h"
 #include "series/AqRun.h"
 #include "series/EvolveSeries.h"
 #include "series/Simulator.h"
-#include "base/Clock.h"
 #include "support/PoolFixtures.h"
 #include "support/TempDir.h"
 
