@@ -55,7 +55,6 @@ struct FoodTab {
 
 TEST(FoodList, LinesFollowThePoolAndKeepTicks) {
     const std::pair<FoodBit, const char*> lines[] = {
-        {bit(3, -100, 5.358979e-06f), "{3} Food bit @ -100X, 5.358979E-06Y. "},
         {bit(255, 0, 0), "{FF} Food bit @ 0X, 0Y. "},
         {bit(10, 507.5f, -0.25f), "{A} Food bit @ 507.5X, -.25Y. "},
         {bit(0, 1234567.8f, 3e9f), "{0} Food bit @ 1234568X, 3E+09Y. "},

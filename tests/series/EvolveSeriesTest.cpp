@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <filesystem>
 
 #include "SeriesFakes.h"
@@ -101,26 +102,25 @@ TEST(EvolveSeries, BranchingSeriesSplitsEachPoolInTwo) {
 }
 
 TEST(EvolveSeries, RestartAndSaveAndContinueButtons) {
-    struct Case {
-        bool next, allowExtinction, stored;
-    } cases[] = {{false, false, false}, {false, true, true}, {true, false, true}};
-    for (const Case& c : cases) {
+    // Restart or Save and Continue, with extinctions stored or not: whether pool0 is stored.
+    for (auto [next, allowExtinction, stored] :
+         {std::array{false, false, false}, {false, true, true}, {true, false, true}}) {
         Rig r;
-        r.options.mSeriesExtinction = c.allowExtinction;
+        r.options.mSeriesExtinction = allowExtinction;
         r.options.mCloneWhenExtinct = false;
         r.app.series.controls.sliderTimeDelay = 600;
         bool pressed = false;
         r.ui.onYield = [&] {
             if (!pressed && r.sim.starts == 1 && r.clock.seconds > 36000 + 40) {
                 pressed = true;
-                c.next ? aq::cmdCreateSeriesNextClick(r.app) : aq::cmdCreateSeriesRestartClick(r.app);
+                next ? aq::cmdCreateSeriesNextClick(r.app) : aq::cmdCreateSeriesRestartClick(r.app);
             }
             r.stopAfter(2);
         };
         r.run();
         EXPECT_EQ(r.sim.starts, 2);
-        EXPECT_EQ(r.has("pool0.aqp"), c.stored);
-        if (c.next) {
+        EXPECT_EQ(r.has("pool0.aqp"), stored);
+        if (next) {
             EXPECT_EQ(r.load("pool0.aqp").clock, 177);
         }
         EXPECT_LT(r.clock.seconds, 36000 + 120);  // the run was cut short
@@ -188,22 +188,19 @@ TEST(EvolveSeries, PoolWithoutFoodGetsTheFoodOfTheChosenFile) {
 }
 
 TEST(EvolveSeries, MessagesThatEndTheSeries) {
-    struct Case {
-        aq::Pool first;
-        std::string chosen, message;
-    } cases[] = {
+    const std::tuple<aq::Pool, std::string, std::string> cases[] = {
         {makePool(4, 0), "pool.aqp", "Error Loading Food."},
         {makePool(0, 6), "pool.aqp", "Unable to Load Drifters."},
         {makePool(4, 6), "missing.aqp", "Nothing to Load"},
         {makePool(4, 6), "", ""},  // cancelled
     };
-    for (const Case& c : cases) {
-        Rig r(c.first);
-        if (c.chosen == "missing.aqp") r.app.workPool.drifterCount = r.app.workPool.foodCount = -1;
-        r.choose(c.chosen);
-        if (!c.message.empty()) r.ui.message(c.message);
+    for (const auto& [first, chosen, message] : cases) {
+        Rig r(first);
+        if (chosen == "missing.aqp") r.app.workPool.drifterCount = r.app.workPool.foodCount = -1;
+        r.choose(chosen);
+        if (!message.empty()) r.ui.message(message);
         r.run();
-        EXPECT_EQ(r.sim.starts, 0) << c.message;
+        EXPECT_EQ(r.sim.starts, 0) << message;
     }
     Rig r;
     r.sim.executables.clear();

@@ -33,21 +33,17 @@ void expectOnCircle(const aq::DrifterRec& d, double radius, double angle, const 
 TEST(Grouping, RingOfModeThree) {
     // 5: skip 0, ring 2 (angles 0 and pi); 8: skip 2 (0 and 1 at the centre), ring 3; 30: ring 7;
     // gravity shrinks the ring once, each retry once more; fewer than 4 all at the centre.
-    struct Case {
-        int n, retries;
-        bool gravity;
-        int index;
-        double radius, angle;
-    } cases[] = {{5, 0, false, 0, 1000, 0}, {5, 0, false, 4, 1000, 4 * kPi},
-                 {8, 0, false, 1, 0, 0},    {8, 0, false, 2, 1000, 2 * 2 * kPi / 3},
-                 {30, 0, false, 1, 0, 0},   {30, 0, false, 9, 1000, 9 * 2 * kPi / 7},
-                 {5, 0, true, 0, 900, 0},   {5, 3, false, 0, 729, 0},
-                 {3, 0, false, 2, 0, 0}};
-    for (const Case& c : cases) {
-        aq::Pool p = poolOfN(c.n);
-        aq::groupDriftersAtStart(p, true, false, false, c.retries, 3, c.gravity, 100);
-        expectOnCircle(p.drifters[c.index], c.radius, c.angle,
-                       "n " + std::to_string(c.n) + " drifter " + std::to_string(c.index));
+    const std::tuple<int, int, bool, int, double, double> cases[] = {
+        {5, 0, false, 0, 1000, 0}, {5, 0, false, 4, 1000, 4 * kPi},
+        {8, 0, false, 1, 0, 0},    {8, 0, false, 2, 1000, 2 * 2 * kPi / 3},
+        {30, 0, false, 1, 0, 0},   {30, 0, false, 9, 1000, 9 * 2 * kPi / 7},
+        {5, 0, true, 0, 900, 0},   {5, 3, false, 0, 729, 0},
+        {3, 0, false, 2, 0, 0}};
+    for (auto [n, retries, gravity, index, radius, angle] : cases) {
+        aq::Pool p = poolOfN(n);
+        aq::groupDriftersAtStart(p, true, false, false, retries, 3, gravity, 100);
+        expectOnCircle(p.drifters[index], radius, angle,
+                       "n " + std::to_string(n) + " drifter " + std::to_string(index));
     }
 }
 
@@ -131,12 +127,7 @@ struct PromptRig {
 };
 
 TEST(Grouping, PromptSetsModeCheckAndCaption) {
-    struct Case {
-        std::string answer;
-        bool checked;
-        std::string caption;
-        int mode;
-    } cases[] = {
+    const std::tuple<std::string, bool, std::string, int> cases[] = {
         {"4", true, "&Group Drifters at Start", 3},
         {"1", true, "&Group Drifters by Genetic Similarity", 0},
         {" 2 ", true, "&Group Drifters by Segment Count", 1},
@@ -144,7 +135,7 @@ TEST(Grouping, PromptSetsModeCheckAndCaption) {
         {"5", false, "&Group Drifters at Start", -1},
         {"", true, "&Group Drifters by Color", 2},  // cancelled: as it was
     };
-    for (const Case& c : cases) {
+    for (const auto& [answer, checked, caption, mode] : cases) {
         PromptRig r;
         r.app.groupMode = 2;
         r.app.series.options.mSeriesGroup = true;
@@ -153,24 +144,19 @@ TEST(Grouping, PromptSetsModeCheckAndCaption) {
             "Please select one of the following options, and enter the corresponding number.\r\n1 = Group Drifters "
             "by Genetic Similarity (Slow)\r\n2 = Group Drifters by Segment Count\r\n3 = Group Drifters by "
             "Color\r\n4 = Group Arbitrarily (Fastest)",
-            "Select Drifter Grouping Mode", c.answer);
+            "Select Drifter Grouping Mode", answer);
         aq::mSeriesGroupClick(r.app);
         EXPECT_TRUE(r.ui.done()) << r.ui.report();
-        EXPECT_EQ(r.app.series.options.mSeriesGroup, c.checked) << c.answer;
-        EXPECT_EQ(r.app.series.options.mSeriesGroupCaption, c.caption) << c.answer;
-        EXPECT_EQ(r.app.groupMode, c.mode) << c.answer;
+        EXPECT_EQ(r.app.series.options.mSeriesGroup, checked) << answer;
+        EXPECT_EQ(r.app.series.options.mSeriesGroupCaption, caption) << answer;
+        EXPECT_EQ(r.app.groupMode, mode) << answer;
     }
 }
 
 TEST(Feeding, ColorPrompts) {
-    struct Case {
-        std::string colorAnswer;
-        int feedModeBefore;
-        std::string modeAnswer;  // "-": no mode prompt
-        bool checked;
-        std::string caption;
-        int color, mode;
-    } cases[] = {
+    // The answers to the colour and the mode prompt ("-": none), the feed mode before; the check,
+    // caption, colour and mode after.
+    const std::tuple<std::string, int, std::string, bool, std::string, int, int> cases[] = {
         {"Blue sky", -1, "1", true, "Feed Completely Blue D&rifters", 4, 0},
         {"4", 1, "3", true, "Feed D&rifters with Blue Parts", 4, 2},
         {" b", 1, "=default", true, "Feed Blue Headed D&rifters", 4, 1},  // the default follows the last mode
@@ -180,26 +166,26 @@ TEST(Feeding, ColorPrompts) {
         {"", 2, "-", false, "Feed D&rifters by Color", -1, 2},  // cancelled colour: off, mode kept
         {"none", 2, "-", false, "Feed D&rifters by Color", -1, 2},
     };
-    for (const Case& c : cases) {
+    for (const auto& [colorAnswer, modeBefore, modeAnswer, checked, caption, color, mode] : cases) {
         PromptRig r;
-        r.app.feedMode = c.feedModeBefore;
+        r.app.feedMode = modeBefore;
         r.app.feedColor = 1;
         r.ui.text(
             "Feed drifters containing what color?\r\n(enter one of... red, orange, yellow, green, blue, purple, or "
             "none to turn off.)",
-            "Choose Color", c.colorAnswer);
-        if (c.modeAnswer != "-")
+            "Choose Color", colorAnswer);
+        if (modeAnswer != "-")
             r.ui.text(
                 "Please select one of the following options, and enter the corresponding number.\r\n1 = Feed "
                 "Completely Blue Drifters\r\n2 = Feed Blue Headed Drifters\r\n3 = Feed Drifters with Blue Parts\r\n4 = "
                 "Feed Partially Blue Drifters",
-                "Select Color Feeding Mode", c.modeAnswer);
+                "Select Color Feeding Mode", modeAnswer);
         aq::mFeedColorClick(r.app);
-        EXPECT_TRUE(r.ui.done()) << c.colorAnswer << "\n" << r.ui.report();
-        EXPECT_EQ(r.app.series.options.mFeedColor, c.checked) << c.colorAnswer;
-        EXPECT_EQ(r.app.series.options.mFeedColorCaption, c.caption) << c.colorAnswer;
-        EXPECT_EQ(r.app.feedColor, c.color) << c.colorAnswer;
-        EXPECT_EQ(r.app.feedMode, c.mode) << c.colorAnswer;
+        EXPECT_TRUE(r.ui.done()) << colorAnswer << "\n" << r.ui.report();
+        EXPECT_EQ(r.app.series.options.mFeedColor, checked) << colorAnswer;
+        EXPECT_EQ(r.app.series.options.mFeedColorCaption, caption) << colorAnswer;
+        EXPECT_EQ(r.app.feedColor, color) << colorAnswer;
+        EXPECT_EQ(r.app.feedMode, mode) << colorAnswer;
     }
 }
 
@@ -211,12 +197,7 @@ aq::DrifterRec colored(std::vector<int> colors, float x = 0, float y = 0, float 
 }
 
 TEST(Feeding, FeedByColorConditionsAndGifts) {
-    struct Case {
-        const char* what;
-        aq::DrifterRec d;
-        int mode;
-        float expected;
-    } cases[] = {
+    const std::tuple<const char*, aq::DrifterRec, int, float> cases[] = {
         {"mode 0, all red", colored({0, 0}), 0, 90},        {"mode 0, red and blue", colored({0, 4}), 0, 40},
         {"mode 1 as mode 2", colored({4, 0}), 1, 90},       {"mode 2, one red part", colored({4, 4, 0}), 2, 90},
         {"mode 2, no red", colored({4, 4}), 2, 40},         {"mode 3, partly red", colored({4, 0}), 3, 90},
@@ -225,31 +206,26 @@ TEST(Feeding, FeedByColorConditionsAndGifts) {
         {"at 0, 3950", colored({0}, 0, 3950), 2, 50},       {"at -3950, 0", colored({0}, -3950, 0), 2, 90},
         {"beyond 4100", colored({0}, -3000, -3000), 2, 65},
     };
-    for (const Case& c : cases) {
-        aq::Pool p = poolOf({c.d});
-        aq::feedByColor(p, 0, c.mode);
-        EXPECT_FLOAT_EQ(p.drifters[0].energy, c.expected) << c.what;
+    for (const auto& [what, d, mode, energy] : cases) {
+        aq::Pool p = poolOf({d});
+        aq::feedByColor(p, 0, mode);
+        EXPECT_FLOAT_EQ(p.drifters[0].energy, energy) << what;
     }
 }
 
 TEST(Feeding, FeedPoolGifts) {
-    struct Case {
-        const char* what;
-        float x, y, energy;
-        int meals;
-        bool hungry, fed;
-        float expected;
-    } cases[] = {
+    // Place, energy and meals; gifts for the hungry, the fed; the energy after.
+    const std::tuple<const char*, float, float, float, int, bool, bool, float> cases[] = {
         {"hungry and fed", 0, 0, 40, 1, true, true, 140}, {"hungry only", 0, 0, 40, 1, true, false, 90},
         {"not hungry", 0, 0, 50, 0, true, true, 50},      {"at 3880, 0", 3880, 0, 40, 0, true, false, 70},
         {"at 0, 3950", 0, 3950, 40, 0, true, false, 50},  {"fed at 2000", 0, 0, 2000, 3, false, true, 2000},
     };
-    for (const Case& c : cases) {
-        aq::DrifterRec d = colored({0}, c.x, c.y, c.energy);
-        d.mealsEaten = c.meals;
+    for (auto [what, x, y, energy, meals, hungry, fed, after] : cases) {
+        aq::DrifterRec d = colored({0}, x, y, energy);
+        d.mealsEaten = meals;
         aq::Pool p = poolOf({d});
-        aq::feedPool(p, c.hungry, c.fed, false, false);
-        EXPECT_FLOAT_EQ(p.drifters[0].energy, c.expected) << c.what;
+        aq::feedPool(p, hungry, fed, false, false);
+        EXPECT_FLOAT_EQ(p.drifters[0].energy, after) << what;
     }
 }
 

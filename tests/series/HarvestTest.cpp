@@ -169,12 +169,7 @@ TEST(Harvest, ListCases) {
     // In the shared-line cases 3 and 1 share the plain key line, not the detailed one: one
     // place for both; in the last, 3 takes the place of 1 (plain line) and removes 2
     // (detailed line) below it.
-    struct Case {
-        const char* what;
-        int maxN;
-        std::vector<aq::DrifterRec> drifters;
-        std::vector<int> ids;
-    } cases[] = {
+    const std::tuple<const char*, int, std::vector<aq::DrifterRec>, std::vector<int>> cases[] = {
         {"ties keep the first", 10, {c(1, 3, 4), c(2, 3, 4)}, {1}},
         {"the better of a shape replaces it", 10, {c(1, 3, 4), c(2, 3, 6)}, {2}},
         {"a better new shape", 10, {c(1, 3, 4), c(2, 4, 6), c(3, 5, 5)}, {2, 3}},
@@ -185,13 +180,13 @@ TEST(Harvest, ListCases) {
         {"every shape-mate goes", 10, {c(1, 3, 5), longer(tapered(c(2, 3, 3))), tapered(c(3, 3, 9))}, {3}},
         {"newborn", 10, {newborn}, {}},
     };
-    for (const Case& k : cases) {
+    for (const auto& [what, maxN, drifters, ids] : cases) {
         const aq::Pool start = poolOf({});  // outlives the list
-        aq::HarvestList list(start, k.maxN);
-        list.considerPool(poolOf(k.drifters), 1.0f);
-        std::vector<int> ids;
-        for (int j = 0; j < list.count(); ++j) ids.push_back(list.record(j).id);
-        EXPECT_EQ(ids, k.ids) << k.what;
+        aq::HarvestList list(start, maxN);
+        list.considerPool(poolOf(drifters), 1.0f);
+        std::vector<int> listed;
+        for (int j = 0; j < list.count(); ++j) listed.push_back(list.record(j).id);
+        EXPECT_EQ(listed, ids) << what;
     }
 }
 
@@ -221,11 +216,8 @@ struct Rig {
 };
 
 TEST(Harvest, CommandAnswers) {
-    struct Case {
-        aq::Answer go;
-        std::string answer;
-        std::vector<int> ids;  // empty: the open pool stays as it was
-    } cases[] = {
+    // The answers to the warning and the maximum; the harvest's ids, none when the open pool stays.
+    const std::tuple<aq::Answer, std::string, std::vector<int>> cases[] = {
         {aq::Answer::No, "", {}},
         {aq::Answer::Yes, "0", {}},
         {aq::Answer::Yes, "abc", {}},
@@ -235,23 +227,23 @@ TEST(Harvest, CommandAnswers) {
         {aq::Answer::Yes, "1.6", {7, 100}},
         {aq::Answer::Yes, "1", {7}},
     };
-    for (const Case& c : cases) {
+    for (const auto& [go, answer, ids] : cases) {
         Rig r;
         r.writePoolFile("b.AQP", {candidate(7, 9, 20)});
-        r.ui.ask("yesno", aq::kHarvestWarning, aq::kAppTitle, c.go);
-        if (c.go == aq::Answer::Yes)
+        r.ui.ask("yesno", aq::kHarvestWarning, aq::kAppTitle, go);
+        if (go == aq::Answer::Yes)
             r.ui.text(
                 "You can set the maximum number of drifters for the resulting pool anywhere from 1 to  2000.\r\nThe "
                 "default is 2000.  What is the maximum would you like to set?",
-                "Set Maximum", c.answer);
+                "Set Maximum", answer);
         aq::GetSuccessfulCommand(r.app);
         EXPECT_TRUE(r.ui.done()) << r.ui.report();
-        const bool harvested = !c.ids.empty();
-        EXPECT_EQ(r.ids(), harvested ? c.ids : r.untouched) << c.answer;
+        const bool harvested = !ids.empty();
+        EXPECT_EQ(r.ids(), harvested ? ids : r.untouched) << answer;
         EXPECT_EQ(r.app.openPoolPath, harvested ? "" : "/somewhere/open.aqp");
         if (!harvested) continue;
         EXPECT_TRUE(r.app.poolChanged);
-        EXPECT_EQ(r.app.lstSpeciatePool.count(), static_cast<int>(c.ids.size()));
+        EXPECT_EQ(r.app.lstSpeciatePool.count(), static_cast<int>(ids.size()));
         EXPECT_EQ(r.app.lstPoolFood.count(), 4);  // the open pool's food
         EXPECT_TRUE(r.app.poolSpeciesPending);
     }

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <functional>
 
@@ -28,32 +29,28 @@ aq::DrifterRec at(float x, float y, float energy = 100, int age = 0, int segment
 TEST(PrepareSteps, DrainNearTheEdge) {
     // The drain of sqrt(3000) at the edge is cut to half the energy plus 5, unless that is not
     // below the energy; 301 from the edge nothing is drained, nor a drain of 1 or less.
-    struct Case {
-        float x, y, energy, expected;
-    } cases[] = {{4000, 0, 40, 15},
-                 {4000, 0, 6, 6},
-                 {-4000, 0, 200, 200 - static_cast<float>(std::sqrt(3000.0))},
-                 {0, 3800, 100, 100 - static_cast<float>(std::sqrt(1000.0))},
-                 {3699, 0, 100, 100},
-                 {3700.05f, 0, 100, 100}};
-    for (const Case& c : cases) {
-        aq::Pool p = numbered({at(c.x, c.y, c.energy)});
+    const std::array<float, 4> cases[] = {{4000, 0, 40, 15},
+                                          {4000, 0, 6, 6},
+                                          {-4000, 0, 200, 200 - static_cast<float>(std::sqrt(3000.0))},
+                                          {0, 3800, 100, 100 - static_cast<float>(std::sqrt(1000.0))},
+                                          {3699, 0, 100, 100},
+                                          {3700.05f, 0, 100, 100}};
+    for (auto [x, y, energy, after] : cases) {
+        aq::Pool p = numbered({at(x, y, energy)});
         aq::drainEdgeEnergy(p);
-        EXPECT_FLOAT_EQ(p.drifters[0].energy, c.expected) << c.x << "," << c.y << " energy " << c.energy;
+        EXPECT_FLOAT_EQ(p.drifters[0].energy, after) << x << "," << y << " energy " << energy;
     }
 }
 
 TEST(PrepareSteps, RestoreYouthByDistanceAndSegments) {
     // Exactly at the distance of 3900 nothing changes; 37.5 rounds to even.
-    struct Case {
-        float x, y;
-        int segments, age, expected;
-    } cases[] = {{3900, 0, 1, 300, 300}, {0, -3899, 1, 300, 100}, {3000, 0, 2, 300, 38},
-                 {100, 100, 3, 300, 20}, {100, 100, 16, 45, 3},   {5000, 5000, 3, 300, 300}};
-    for (const Case& c : cases) {
-        aq::Pool p = numbered({at(c.x, c.y, 100, c.age, c.segments)});
+    const std::tuple<float, float, int, int, int> cases[] = {{3900, 0, 1, 300, 300}, {0, -3899, 1, 300, 100},
+                                                             {3000, 0, 2, 300, 38},  {100, 100, 3, 300, 20},
+                                                             {100, 100, 16, 45, 3},  {5000, 5000, 3, 300, 300}};
+    for (auto [x, y, segments, age, after] : cases) {
+        aq::Pool p = numbered({at(x, y, 100, age, segments)});
         aq::restoreYouth(p);
-        EXPECT_EQ(p.drifters[0].age, c.expected) << c.x << "," << c.y;
+        EXPECT_EQ(p.drifters[0].age, after) << x << "," << y;
     }
 }
 
@@ -115,26 +112,23 @@ TEST(PrepareSteps, PrepareHarvestShrinksTheCircleForSmallPools) {
     // Small circles in wide pools take millions of draws and still place every drifter
     // as drawing one by one would; the draws come round after 2^23, and a circle no draw
     // of a round meets keeps the first point drawn.
-    struct Case {
-        float edge;
-        int drifters;
-        std::uint32_t state;
-    } cases[] = {{16000, 1, 1}, {40000, 2, 0x123456}, {40000, 2, 1}, {-100, 2, 1}};
-    for (const Case& c : cases) {
-        SCOPED_TRACE(std::to_string(c.edge) + " " + std::to_string(c.state));
-        const float low = c.edge < 0 ? 100 : -c.edge, high = c.edge < 0 ? 200 : c.edge;
-        aq::Pool pool = numbered(std::vector<aq::DrifterRec>(std::size_t(c.drifters), at(3000, 3000)));
+    const std::tuple<float, int, std::uint32_t> cases[] = {
+        {16000, 1, 1}, {40000, 2, 0x123456}, {40000, 2, 1}, {-100, 2, 1}};
+    for (auto [edge, drifters, state] : cases) {
+        SCOPED_TRACE(std::to_string(edge) + " " + std::to_string(state));
+        const float low = edge < 0 ? 100 : -edge, high = edge < 0 ? 200 : edge;
+        aq::Pool pool = numbered(std::vector<aq::DrifterRec>(std::size_t(drifters), at(3000, 3000)));
         pool.minX = pool.minY = low;
         pool.maxX = pool.maxY = high;
-        aq::setRandomState(c.state);
+        aq::setRandomState(state);
         std::vector<float> want;
-        for (int i = 0; i < c.drifters; ++i) {
+        for (int i = 0; i < drifters; ++i) {
             const std::uint32_t start = aq::randomState();
             float x = 0, y = 0;
             auto inside = [&] {
                 x = aq::RandomNext() * (high - low) + low;
                 y = aq::RandomNext() * (high - low) + low;
-                return std::sqrt(double(x) * x + double(y) * y) <= 10.0 * c.drifters;
+                return std::sqrt(double(x) * x + double(y) * y) <= 10.0 * drifters;
             };
             long k = 0;
             while (k < (1L << 23) && !inside()) ++k;
@@ -145,7 +139,7 @@ TEST(PrepareSteps, PrepareHarvestShrinksTheCircleForSmallPools) {
             want.insert(want.end(), {x, y});
         }
         const std::uint32_t wantState = aq::randomState();
-        aq::setRandomState(c.state);
+        aq::setRandomState(state);
         aq::prepareHarvest(pool, 2500.0f);
         std::vector<float> got;
         for (const aq::DrifterRec& d : pool.drifters) got.insert(got.end(), {d.x, d.y});
@@ -190,15 +184,14 @@ TEST(PrepareSteps, StillbornsAndMinimumDrifters) {
 
 TEST(PrepareSteps, SortOrderAndLimit) {
     // The first gap moves the 0 over the first 1, which reverses the two 1s.
-    struct Case {
-        std::vector<int> ages, ids;
-    } cases[] = {{{1, 1, 0, 5}, {2, 1, 0, 3}}, {{3, 1, 2, 1}, {1, 3, 2, 0}}, {{2, 2, 2}, {0, 1, 2}}, {{}, {}}};
-    for (const Case& c : cases) {
+    const std::pair<std::vector<int>, std::vector<int>> cases[] = {
+        {{1, 1, 0, 5}, {2, 1, 0, 3}}, {{3, 1, 2, 1}, {1, 3, 2, 0}}, {{2, 2, 2}, {0, 1, 2}}, {{}, {}}};
+    for (const auto& [ages, ids] : cases) {
         std::vector<aq::DrifterRec> ds;
-        for (int age : c.ages) ds.push_back(at(0, 0, 100, age));
+        for (int age : ages) ds.push_back(at(0, 0, 100, age));
         aq::Pool p = numbered(ds);
         aq::sortDrifters(p);
-        EXPECT_EQ(idsOf(p), c.ids);
+        EXPECT_EQ(idsOf(p), ids);
     }
     // Many gaps, then the youngest 1000 live on.
     std::vector<aq::DrifterRec> ds;
@@ -259,22 +252,18 @@ TEST(PrepareSteps, PlagueStrikesTheCommonestSuccessfulForm) {
     // Pass 1 takes the best's full key when it holds more than a quarter (50 of 120), pass 2
     // then its plan when that holds more than three quarters of the rest (45 of 55); not when
     // all share the key, nor when the best form is too rare in both passes.
-    struct Case {
-        const char* what;
-        std::vector<std::pair<int, aq::DrifterRec>> groups;
-        int survivors;
-    } cases[] = {
+    const std::tuple<const char*, std::vector<std::pair<int, aq::DrifterRec>>, int> cases[] = {
         {"full key", {{50, shaped(3, 100, 9)}, {70, shaped(2, 100, 1)}}, 70},
         {"then the plan", {{45, shaped(3, 100, 9)}, {45, shaped(3, 1000, 5)}, {10, shaped(2, 100, 1)}}, 10},
         {"all alike", {{110, shaped(3, 100, 9)}}, 110},
         {"rare best", {{20, shaped(3, 100, 9)}, {90, shaped(2, 100, 1)}}, 110},
     };
-    for (const Case& c : cases) {
+    for (const auto& [what, groups, survivors] : cases) {
         std::vector<aq::DrifterRec> ds;
-        for (const auto& [n, d] : c.groups) ds.insert(ds.end(), std::size_t(n), d);
+        for (const auto& [n, d] : groups) ds.insert(ds.end(), std::size_t(n), d);
         aq::Pool p = numbered(ds);
         aq::applyPlague(p);
-        EXPECT_EQ(p.drifterCount, c.survivors) << c.what;
+        EXPECT_EQ(p.drifterCount, survivors) << what;
     }
 }
 

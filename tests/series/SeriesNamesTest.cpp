@@ -7,27 +7,18 @@
 using namespace aqtest;
 
 TEST(SeriesNames, NextParent) {
-    struct Case {
-        std::string suffix;
-        bool branching;
-        std::string next;
-    } cases[] = {
+    const std::tuple<std::string, bool, std::string> cases[] = {
         {"", true, "0"},       {"", false, "1"},      {"9", true, "00"},  {"9", false, "10"},
         {"099", true, "100"},  {"999", true, "0000"}, {"23", true, "24"}, {"09", true, "10"},
         {"099", false, "100"}, {"00", true, "01"},    {"0", true, "1"},   {"19", false, "20"},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(aq::getNextParent(c.suffix, c.branching), c.next) << c.suffix << (c.branching ? " branching" : "");
+    for (const auto& [suffix, branching, next] : cases)
+        EXPECT_EQ(aq::getNextParent(suffix, branching), next) << suffix << (branching ? " branching" : "");
 }
 
 TEST(SeriesNames, OffspringPaths) {
     // Branching: child 0 appends a 0, child 1 is the next number of the same length, if any.
-    struct Case {
-        std::string file, suffix;
-        int child;
-        bool branching;
-        std::string path;
-    } cases[] = {
+    const std::tuple<std::string, std::string, int, bool, std::string> cases[] = {
         {"/d/pool.aqp", "23", 1, true, "/d/pool24.aqp"},
         {"/d/pool.aqp", "23", 0, true, "/d/pool230.aqp"},
         {"/d/pool.aqp", "23", 0, false, "/d/pool24.aqp"},
@@ -41,9 +32,8 @@ TEST(SeriesNames, OffspringPaths) {
         {"/d/pool", "", 0, true, "/d/pool0.aqp"},
         {"/d/a.b.AQP", "5", 1, true, "/d/a.b6.AQP"},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(aq::getOffspringSpec(c.file, c.suffix, c.child, c.branching), c.path)
-            << c.file << " " << c.suffix << " " << c.child;
+    for (const auto& [file, suffix, child, branching, path] : cases)
+        EXPECT_EQ(aq::getOffspringSpec(file, suffix, child, branching), path) << file << " " << suffix << " " << child;
     EXPECT_EQ(aq::seriesFileName("/d/pool", ""), "/d/pool.aqp");
     EXPECT_EQ(aq::seriesFileName("/d/pool.aqp", "099"), "/d/pool099.aqp");
 }
@@ -81,16 +71,15 @@ TEST(SeriesSplit, HalvesByDistanceToTheTwoSeeds) {
     // All equal: the first pair (1, 0) seeds, ties alternate beginning with half 0. Two
     // drifters: each to its seed's half, filled up to two with a copy of the seed. The seed
     // with the larger gene sum leads half 0.
-    struct Case {
-        std::vector<int> genes, half0, half1;
-    } cases[] = {{{7, 7, 7, 7, 7}, {100, 102, 104}, {101, 103}},
-                 {{1, 2}, {101, 101}, {100, 100}},
-                 {{5, 9, 5, 9, 1}, {101, 103, 104}, {100, 102}}};
-    for (const auto& c : cases) {
+    const std::tuple<std::vector<int>, std::vector<int>, std::vector<int>> cases[] = {
+        {{7, 7, 7, 7, 7}, {100, 102, 104}, {101, 103}},
+        {{1, 2}, {101, 101}, {100, 100}},
+        {{5, 9, 5, 9, 1}, {101, 103, 104}, {100, 102}}};
+    for (const auto& [genes, half0, half1] : cases) {
         aq::Pool h0, h1;
-        aq::splitPopulation(genePool(c.genes), 100, h0, h1);
-        EXPECT_EQ(idsOf(h0), c.half0);
-        EXPECT_EQ(idsOf(h1), c.half1);
+        aq::splitPopulation(genePool(genes), 100, h0, h1);
+        EXPECT_EQ(idsOf(h0), half0);
+        EXPECT_EQ(idsOf(h1), half1);
     }
 }
 

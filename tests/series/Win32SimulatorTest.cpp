@@ -60,14 +60,8 @@ public:
 }  // namespace
 
 TEST(Win32Simulator, FindsTheWindowByClassOrDownTheZOrderOnly) {
-    struct Row {
-        const char* what;
-        std::vector<FakeWindow> zOrder;
-        std::uint32_t active;
-        std::uint32_t expected;
-        int getWindowCalls;
-    };
-    const Row rows[] = {
+    // The windows top first, the active one; the window found and the steps down the Z order taken.
+    const std::tuple<const char*, std::vector<FakeWindow>, std::uint32_t, std::uint32_t, int> rows[] = {
         {"class hit owned by the process", {{10, 5, -1}, {20, 77, 0}}, 10, 20, 0},
         {"the later of two class hits wins", {{20, 77, 3}, {30, 77, 1}}, 0, 20, 0},
         {"below the active window, no class", {{10, 5, -1}, {11, 6, -1}, {20, 77, -1}}, 10, 20, 2},
@@ -75,13 +69,13 @@ TEST(Win32Simulator, FindsTheWindowByClassOrDownTheZOrderOnly) {
         {"a class hit of another process starts the walk", {{10, 5, -1}, {30, 8, 2}, {20, 77, -1}}, 10, 20, 1},
         {"nothing at all: 0 costs 11 misses a pass", {}, 0, 0, 10},
     };
-    for (const Row& row : rows) {
+    for (const auto& [what, zOrder, active, found, steps] : rows) {
         FakeWin32 api;
-        api.zOrder = row.zOrder;
-        api.active = row.active;
+        api.zOrder = zOrder;
+        api.active = active;
         aq::Win32Simulator sim(api);
-        EXPECT_EQ(sim.findWindow(77), row.expected) << row.what;
-        EXPECT_EQ(api.getWindowCalls, row.getWindowCalls) << row.what;
+        EXPECT_EQ(sim.findWindow(77), found) << what;
+        EXPECT_EQ(api.getWindowCalls, steps) << what;
     }
 }
 
