@@ -31,14 +31,14 @@ void expectOnCircle(const aq::DrifterRec& d, double radius, double angle, const 
 }
 
 TEST(Grouping, RingOfModeThree) {
-    // 5: skip 0, ring 2 (angles 0 and pi); 8: skip 2 (0 and 1 at the centre), ring 3; 30: ring 7;
+    // 4 and 5: skip 0, ring 2 (angles 0 and pi); 8: skip 2 (0 and 1 at the centre), ring 3; 30: ring 7;
     // gravity shrinks the ring once, each retry once more; fewer than 4 all at the centre.
     const std::tuple<int, int, bool, int, double, double> cases[] = {
         {5, 0, false, 0, 1000, 0}, {5, 0, false, 4, 1000, 4 * kPi},
         {8, 0, false, 1, 0, 0},    {8, 0, false, 2, 1000, 2 * 2 * kPi / 3},
         {30, 0, false, 1, 0, 0},   {30, 0, false, 9, 1000, 9 * 2 * kPi / 7},
         {5, 0, true, 0, 900, 0},   {5, 3, false, 0, 729, 0},
-        {3, 0, false, 2, 0, 0}};
+        {3, 0, false, 2, 0, 0},    {4, 0, false, 1, 1000, kPi}};
     for (auto [n, retries, gravity, index, radius, angle] : cases) {
         aq::Pool p = poolOfN(n);
         aq::groupDriftersAtStart(p, true, false, false, retries, 3, gravity, 100);
@@ -245,6 +245,7 @@ TEST(Feeding, AddFoodBesideTheYoungest) {
     EXPECT_EQ(idsOf(p), (std::vector<int>{1, 2, 0}));  // sorted, youngest first
     EXPECT_EQ(p.food[6].family, 0);
     EXPECT_FLOAT_EQ(p.food[6].x, -460);
+    EXPECT_FLOAT_EQ(p.food[6].y, 0);    // level with the drifter on the axis
     EXPECT_FLOAT_EQ(p.food[7].x, 160);  // drifter 2 at (200, 50)
     EXPECT_FLOAT_EQ(p.food[7].y, 10);
     EXPECT_EQ(p.food[9].family, 3);

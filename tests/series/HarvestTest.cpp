@@ -26,9 +26,9 @@ struct ReferenceList {
         aq::DrifterRec record{};
     };
     int maxN, count = 0;
-    std::vector<Entry> e = std::vector<Entry>(2001);
+    std::vector<Entry> e;  // places 0 to maxN
 
-    ReferenceList(const aq::Pool& start, int n) : maxN(n) {
+    ReferenceList(const aq::Pool& start, int n) : maxN(n), e(std::size_t(n) + 1) {
         for (int k = 0; k <= n && k < start.drifterCount; ++k) e[k].record = start.drifters[k];
     }
     void consider(const aq::Pool& pool, int i, float norm) {
