@@ -216,18 +216,13 @@ struct Rig {
 };
 
 TEST(Harvest, CommandAnswers) {
-    // The answers to the warning and the maximum; the harvest's ids, none when the open pool stays.
-    const std::tuple<aq::Answer, std::string, std::vector<int>> cases[] = {
-        {aq::Answer::No, "", {}},
-        {aq::Answer::Yes, "0", {}},
-        {aq::Answer::Yes, "abc", {}},
-        {aq::Answer::Yes, "", {}},
-        {aq::Answer::Yes, " 2000", {7, 100, 101}},
-        {aq::Answer::Yes, "40000", {7, 100, 101}},
-        {aq::Answer::Yes, "1.6", {7, 100}},
-        {aq::Answer::Yes, "1", {7}},
-    };
-    for (const auto& [go, answer, ids] : cases) {
+    // The answer to the maximum ("-": the warning declined); the harvest's ids, none when the
+    // open pool stays.
+    const std::pair<std::string, std::vector<int>> cases[] = {
+        {"-", {}},         {"0", {}}, {"abc", {}}, {"", {}}, {" 2000", {7, 100, 101}}, {"40000", {7, 100, 101}},
+        {"1.6", {7, 100}}, {"1", {7}}};
+    for (const auto& [answer, ids] : cases) {
+        const aq::Answer go = answer == "-" ? aq::Answer::No : aq::Answer::Yes;
         Rig r;
         r.writePoolFile("b.AQP", {candidate(7, 9, 20)});
         r.ui.ask("yesno", aq::kHarvestWarning, aq::kAppTitle, go);
