@@ -120,12 +120,6 @@ TEST(Grouping, SimilarityChainTakesTheNearestLaterDrifter) {
     EXPECT_EQ(idsOf(q), (std::vector<int>{0, 1, 2}));
 }
 
-struct PromptRig {
-    ManualClock clock;
-    ScriptedUi ui;
-    aq::App app{ui, clock};
-};
-
 TEST(Grouping, PromptSetsModeCheckAndCaption) {
     const std::tuple<std::string, bool, std::string, int> cases[] = {
         {"4", true, "&Group Drifters at Start", 3},
@@ -136,7 +130,7 @@ TEST(Grouping, PromptSetsModeCheckAndCaption) {
         {"", true, "&Group Drifters by Color", 2},  // cancelled: as it was
     };
     for (const auto& [answer, checked, caption, mode] : cases) {
-        PromptRig r;
+        UiRig r;
         r.app.groupMode = 2;
         r.app.series.options.mSeriesGroup = true;
         r.app.series.options.mSeriesGroupCaption = "&Group Drifters by Color";
@@ -167,7 +161,7 @@ TEST(Feeding, ColorPrompts) {
         {"none", 2, "-", false, "Feed D&rifters by Color", -1, 2},
     };
     for (const auto& [colorAnswer, modeBefore, modeAnswer, checked, caption, color, mode] : cases) {
-        PromptRig r;
+        UiRig r;
         r.app.feedMode = modeBefore;
         r.app.feedColor = 1;
         r.ui.text(

@@ -191,10 +191,7 @@ TEST(Harvest, ListCases) {
 }
 
 // An open pool of three candidates (ids 100 to 102, best first) and four food bits; a folder to harvest.
-struct Rig {
-    ManualClock clock;
-    ScriptedUi ui;
-    aq::App app{ui, clock};
+struct Rig : UiRig {
     TempDir dir;
     const std::vector<int> untouched{100, 101, 102};
 

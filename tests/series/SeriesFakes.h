@@ -99,7 +99,14 @@ public:
     }
 };
 
-// The clock, that Ui and the fake simulator wired into one App.
+// An App on a manual clock whose Ui plays a script.
+struct UiRig {
+    ManualClock clock;
+    ScriptedUi ui;
+    aq::App app{ui, clock};
+};
+
+// The clock, the ticking Ui and the fake simulator wired into one App.
 struct SimRig {
     ManualClock clock;
     TickingUi ui{clock};

@@ -87,10 +87,7 @@ namespace {
 
 // A split of four drifters (101 and 103 the first half) into pool.aqp's series, the open
 // pool one drifter (100).
-struct SaveRig {
-    ManualClock clock;
-    ScriptedUi ui;
-    aq::App app{ui, clock};
+struct SaveRig : UiRig {
     TempDir dir;
     SaveRig(aq::SeriesOptions::IfExists ifExists, std::initializer_list<const char*> oldFiles) {
         app.workPool = genePool({1, 2, 1, 2});

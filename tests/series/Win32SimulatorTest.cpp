@@ -94,18 +94,15 @@ TEST(Win32Simulator, WindowsProgramWithoutWineSaysHowToGetIt) {
     TempDir dir;
     writeBytes(dir.file("Aquarium4.exe"), "MZ\x90");
     setenv("WINE", "/no/such/wine", 1);
-    ManualClock clock;
-    ScriptedUi ui;
-    aq::App app(ui, clock);
-    app.comboAquariumPath = dir.path();
-    app.programFolder = dir.path();
-    ui.message(dir.file("Aquarium4.exe") +
-               " is a Windows program, and Wine is needed to run it here, but Wine was not found.  Install it (on "
-               "Debian or Ubuntu: sudo apt install wine), or name it in the WINE environment variable.")
+    UiRig r;
+    r.app.comboAquariumPath = r.app.programFolder = dir.path();
+    r.ui.message(dir.file("Aquarium4.exe") +
+                 " is a Windows program, and Wine is needed to run it here, but Wine was not found.  Install it (on "
+                 "Debian or Ubuntu: sudo apt install wine), or name it in the WINE environment variable.")
         .message("Unable to start Aquarium.  Please select the correct Aquarium path and try again. " +
                  dir.file("Aquarium.exe"));
-    EXPECT_EQ(aq::startSimulator(app), 0u);
-    EXPECT_TRUE(ui.done()) << ui.report();
+    EXPECT_EQ(aq::startSimulator(r.app), 0u);
+    EXPECT_TRUE(r.ui.done()) << r.ui.report();
     unsetenv("WINE");
 }
 #endif
