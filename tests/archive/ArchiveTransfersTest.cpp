@@ -64,8 +64,8 @@ TEST(ArchiveChecks, HalvesRuleAndLiveNames) {
     aq::cmdLstArchiveAll(f.app);
     EXPECT_EQ(list.checkedCount(), 8);
     EXPECT_EQ(list.currentIndex(), 6);
-    f.only({0, 1, 4, 5, 6});
-    aq::cmdLstArchiveAllDrifter(f.app);  // two of four drifters: checked
+    f.only({1, 2, 4, 5, 6});
+    aq::cmdLstArchiveAllDrifter(f.app);  // two of four drifters: all checked
     aq::cmdLstArchiveAllPool(f.app);     // three of four pools: cleared
     for (int i = 0; i < 8; ++i) EXPECT_EQ(list.checked(i), i < 4) << i;
     EXPECT_FALSE(f.app.uiBusy);

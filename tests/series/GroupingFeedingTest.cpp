@@ -198,7 +198,7 @@ TEST(Feeding, FeedByColorConditionsAndGifts) {
         {"mode 3, one red segment", colored({0}), 3, 40},   {"mode 4 feeds nobody", colored({0}), 4, 40},
         {"energy 100", colored({0}, 0, 0, 100), 2, 100},    {"at 3880, 0", colored({0}, 3880, 0), 2, 50},
         {"at 0, 3950", colored({0}, 0, 3950), 2, 50},       {"at -3950, 0", colored({0}, -3950, 0), 2, 90},
-        {"beyond 4100", colored({0}, -3000, -3000), 2, 65},
+        {"beyond 4100", colored({0}, -3000, -3000), 2, 65}, {"at 3870, 0", colored({0}, 3870, 0), 2, 90},
     };
     for (const auto& [what, d, mode, energy] : cases) {
         aq::Pool p = poolOf({d});
@@ -213,6 +213,7 @@ TEST(Feeding, FeedPoolGifts) {
         {"hungry and fed", 0, 0, 40, 1, true, true, 140}, {"hungry only", 0, 0, 40, 1, true, false, 90},
         {"not hungry", 0, 0, 50, 0, true, true, 50},      {"at 3880, 0", 3880, 0, 40, 0, true, false, 70},
         {"at 0, 3950", 0, 3950, 40, 0, true, false, 50},  {"fed at 2000", 0, 0, 2000, 3, false, true, 2000},
+        {"at 3850, 0", 3850, 0, 40, 0, true, false, 90},  {"at 3900, 0", 3900, 0, 40, 0, true, false, 70},
     };
     for (auto [what, x, y, energy, meals, hungry, fed, after] : cases) {
         aq::DrifterRec d = colored({0}, x, y, energy);

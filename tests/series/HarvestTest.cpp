@@ -215,9 +215,16 @@ struct Rig : UiRig {
 TEST(Harvest, CommandAnswers) {
     // The answer to the maximum ("-": the warning declined); the harvest's ids, none when the
     // open pool stays.
-    const std::pair<std::string, std::vector<int>> cases[] = {
-        {"-", {}},         {"0", {}}, {"abc", {}}, {"", {}}, {" 2000", {7, 100, 101}}, {"40000", {7, 100, 101}},
-        {"1.6", {7, 100}}, {"1", {7}}};
+    const std::pair<std::string, std::vector<int>> cases[] = {{"-", {}},
+                                                              {"0", {}},
+                                                              {"abc", {}},
+                                                              {"", {}},
+                                                              {" 2000", {7, 100, 101}},
+                                                              {"40000", {7, 100, 101}},
+                                                              {"-40000", {7, 100, 101}},
+                                                              {"-32768", {}},
+                                                              {"1.6", {7, 100}},
+                                                              {"1", {7}}};
     for (const auto& [answer, ids] : cases) {
         const aq::Answer go = answer == "-" ? aq::Answer::No : aq::Answer::Yes;
         Rig r;

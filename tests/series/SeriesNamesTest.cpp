@@ -119,6 +119,9 @@ TEST(SeriesSave, BranchingWritesBothHalvesAndAsksBeforeReplacing) {
     EXPECT_EQ(r.idsIn("pool230.aqp"), (std::vector<int>{101, 103}));
     EXPECT_EQ(r.idsIn("pool24.aqp"), (std::vector<int>{100, 102}));
     EXPECT_EQ(idsOf(r.app.workPool), std::vector<int>{100});  // back to the open pool
+    r.app.workPool = genePool({1, 2});  // two drifters are split too, each half filled up with its seed
+    r.save("5");
+    EXPECT_EQ(r.idsIn("pool50.aqp"), (std::vector<int>{101, 101}));
 }
 
 TEST(SeriesSave, NoAsksForANameAndCancelStopsEverything) {
