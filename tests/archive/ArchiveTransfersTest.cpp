@@ -15,6 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 using aq::Answer;
 
+// The simulator's folder and the two archive folders; automatic names from the clock.
 struct Fixture {
     aqtest::ScriptedUi ui;
     aqtest::ManualClock clock;
@@ -27,8 +28,7 @@ struct Fixture {
         app.comboDrifterPath = drifters;
         app.comboPoolPath = pools;
         app.archive.chkDeleteOriginal = 0;
-        app.archive.chkAutoName = 1;
-        app.archive.chkNowName = 1;
+        app.archive.chkAutoName = app.archive.chkNowName = 1;
         clock.when = {2026, 11, 23, 10, 4, 5};
     }
     void only(std::initializer_list<int> entries) {
@@ -42,34 +42,46 @@ struct Fixture {
         return aqtest::readBytes(folder + "/" + name);
     }
     bool has(const std::string& folder, const std::string& name) { return fs::exists(folder + "/" + name); }
-    void finish() { EXPECT_TRUE(ui.done()) << ui.report(); }
+    void run(void (*command)(aq::App&)) {
+        command(app);
+        EXPECT_TRUE(ui.done()) << ui.report();
+        EXPECT_FALSE(app.uiBusy);
+    }
 };
 
-const std::string kNow = "2026-11-23 10'04'05";
+const std::string kNow = "2026-11-23 10'04'05", kConflict = " already exists.  Overwrite existing file?";
 
 TEST(ArchiveChecks, HalvesRuleAndLiveNames) {
     Fixture f;
+    aq::CheckList& list = f.app.archive.lstArchive;
     f.only({});
     aq::cmdLstArchiveAll(f.app);
-    EXPECT_EQ(f.app.archive.lstArchive.checkedCount(), 8);
+    EXPECT_EQ(list.checkedCount(), 8);
     aq::cmdLstArchiveAll(f.app);
-    EXPECT_EQ(f.app.archive.lstArchive.checkedCount(), 0);
+    EXPECT_EQ(list.checkedCount(), 0);
     f.only({0, 1, 4, 5});  // four of eight: at most half, so all get checked
-    f.app.archive.lstArchive.setCurrentIndex(6);
+    list.setCurrentIndex(6);
     aq::cmdLstArchiveAll(f.app);
-    EXPECT_EQ(f.app.archive.lstArchive.checkedCount(), 8);
-    EXPECT_EQ(f.app.archive.lstArchive.currentIndex(), 6);
-    f.only({0, 1, 4, 5, 6});
-    aq::cmdLstArchiveAllDrifter(f.app);  // two of four drifters: checked
+    EXPECT_EQ(list.checkedCount(), 8);
+    EXPECT_EQ(list.currentIndex(), 6);
+    f.only({1, 2, 4, 5, 6});
+    aq::cmdLstArchiveAllDrifter(f.app);  // two of four drifters: all checked
     aq::cmdLstArchiveAllPool(f.app);     // three of four pools: cleared
-    for (int i = 0; i < 8; ++i) EXPECT_EQ(f.app.archive.lstArchive.checked(i), i < 4) << i;
+    for (int i = 0; i < 8; ++i) EXPECT_EQ(list.checked(i), i < 4) << i;
     EXPECT_FALSE(f.app.uiBusy);
 
-    EXPECT_EQ(aq::archiveLiveName(f.app.archive.lstArchive, 2), "Drifter_3.DNA");
-    EXPECT_EQ(aq::archiveLiveName(f.app.archive.lstArchive, 4), "Pool_1.AQP");
+    EXPECT_EQ(aq::archiveLiveName(list, 2), "Drifter_3.DNA");
+    EXPECT_EQ(aq::archiveLiveName(list, 4), "Pool_1.AQP");
     aq::ArchiveOptions opt;
     opt.chkDeleteOriginal = 2;  // the third state moves too
     EXPECT_EQ(aq::copyToArchiveCaption(opt), "Move Selected Files to Archive");
+    // The program's error numbers: a missing source, a missing folder, no right, a full disk.
+    const std::pair<std::errc, int> numbers[] = {
+        {std::errc::permission_denied, 70},     {std::errc::operation_not_permitted, 70},
+        {std::errc::read_only_file_system, 70}, {std::errc::no_space_on_device, 61},
+        {std::errc::not_a_directory, 76},       {std::errc::io_error, 75}};
+    EXPECT_EQ(aq::errorNumber(std::make_error_code(std::errc::no_such_file_or_directory), false), 53);
+    for (auto [e, number] : numbers) EXPECT_EQ(aq::errorNumber(std::make_error_code(e), true), number) << number;
 }
 
 TEST(ArchiveHelp, LineFollowsThePointer) {
@@ -89,9 +101,7 @@ TEST(CopyToArchive, NothingCheckedOrAllCancelledCopiesNothing) {
     Fixture f;
     f.only({});
     f.ui.message("None of the selected source files could be found. ", "Done");
-    aq::cmdCopyToArchive(f.app);
-    f.finish();
-    EXPECT_FALSE(f.app.uiBusy);
+    f.run(aq::cmdCopyToArchive);
 
     f.only({0, 4});
     f.app.archive.chkAutoName = 0;
@@ -101,8 +111,7 @@ TEST(CopyToArchive, NothingCheckedOrAllCancelledCopiesNothing) {
               f.drifters + "|Drifter_" + kNow + " #1.DNA|dna|Aquarium's Drifter DNA files")
         .file("save", "Copy Pool_1.AQP to:", "", f.pools + "|Pool_" + kNow + " #1.AQP|aqp|Aquarium's Pool file")
         .message("No files moved or copied.", "Done");
-    aq::cmdCopyToArchive(f.app);
-    f.finish();
+    f.run(aq::cmdCopyToArchive);
     EXPECT_TRUE(f.has(f.sim, "Drifter_1.DNA"));
 }
 
@@ -112,8 +121,7 @@ TEST(CopyToArchive, AutoNamesWithDateAndTimeThenTheOverwriteQuestion) {
     f.put(f.sim, "Drifter_1.DNA", "one");
     f.put(f.sim, "drifter_2.dna", "two");  // any capitals on disk
     f.ui.message("Copied 2 files. ", "Done");
-    aq::cmdCopyToArchive(f.app);
-    f.finish();
+    f.run(aq::cmdCopyToArchive);
     EXPECT_EQ(f.get(f.drifters, "Drifter_" + kNow + " #1.DNA"), "one");
     EXPECT_EQ(f.get(f.drifters, "Drifter_" + kNow + " #2.DNA"), "two");
     EXPECT_EQ(f.app.comboDrifterPathItems, std::vector<std::string>{f.drifters});
@@ -121,26 +129,23 @@ TEST(CopyToArchive, AutoNamesWithDateAndTimeThenTheOverwriteQuestion) {
 
     // Within the same clock text the names are taken: each answer of the question.
     f.put(f.sim, "Drifter_1.DNA", "one again");
-    std::string first = f.drifters + "/Drifter_" + kNow + " #1.DNA";
-    std::string second = f.drifters + "/Drifter_" + kNow + " #2.DNA";
-    const std::string q = " already exists.  Overwrite existing file?";
-    f.ui.ask("yesnocancel", first + q, "Filename Conflict", Answer::Yes)
-        .ask("yesnocancel", second + q, "Filename Conflict", Answer::No)
+    const std::string first = f.drifters + "/Drifter_" + kNow + " #1.DNA";
+    const std::string second = f.drifters + "/Drifter_" + kNow + " #2.DNA";
+    f.ui.ask("yesnocancel", first + kConflict, "Filename Conflict", Answer::Yes)
+        .ask("yesnocancel", second + kConflict, "Filename Conflict", Answer::No)
         .file("save", "Move Drifter_2.DNA to:", f.drifters + "/other.DNA",
               f.drifters + "|Drifter_" + kNow + " #2.DNA|dna|Aquarium's Drifter DNA files")
         .message("Copied 2 files. ", "Done");
-    aq::cmdCopyToArchive(f.app);
-    f.finish();
+    f.run(aq::cmdCopyToArchive);
     EXPECT_EQ(f.get(f.drifters, "Drifter_" + kNow + " #1.DNA"), "one again");
     EXPECT_EQ(f.get(f.drifters, "other.DNA"), "two");
 
-    f.ui.ask("yesnocancel", first + q, "Filename Conflict", Answer::Cancel)
-        .ask("yesnocancel", second + q, "Filename Conflict", Answer::No)
+    f.ui.ask("yesnocancel", first + kConflict, "Filename Conflict", Answer::Cancel)
+        .ask("yesnocancel", second + kConflict, "Filename Conflict", Answer::No)
         .file("save", "Move Drifter_2.DNA to:", f.drifters + "/other.DNA", "*")
-        .ask("yesnocancel", f.drifters + "/other.DNA" + q, "Filename Conflict", Answer::Cancel)
+        .ask("yesnocancel", f.drifters + "/other.DNA" + kConflict, "Filename Conflict", Answer::Cancel)
         .message("No files moved or copied.", "Done");
-    aq::cmdCopyToArchive(f.app);
-    f.finish();
+    f.run(aq::cmdCopyToArchive);
 }
 
 TEST(CopyToArchive, NumberedNamesAreTheFirstFree) {
@@ -150,12 +155,10 @@ TEST(CopyToArchive, NumberedNamesAreTheFirstFree) {
     f.put(f.sim, "Drifter_3.DNA", "three");
     f.ui.message("Copied 1 file. ", "Done").message("Copied 1 file. ", "Done");
     aq::cmdCopyToArchive(f.app);
-    aq::cmdCopyToArchive(f.app);
-    f.finish();
+    f.run(aq::cmdCopyToArchive);
     EXPECT_EQ(f.get(f.drifters, "Drifter_3.0.DNA"), "three");
     EXPECT_EQ(f.get(f.drifters, "Drifter_3.1.DNA"), "three");
-    // No temporary file is left behind.
-    EXPECT_EQ(std::distance(fs::directory_iterator(f.drifters), {}), 2);
+    EXPECT_EQ(std::distance(fs::directory_iterator(f.drifters), {}), 2);  // no temporary file is left behind
 }
 
 TEST(CopyToArchive, ThirdStateMovesAndCountsWhatIsMissing) {
@@ -170,8 +173,7 @@ TEST(CopyToArchive, ThirdStateMovesAndCountsWhatIsMissing) {
         .file("save", "Move Pool_1.AQP to:", f.pools + "/a.AQP", "*")
         .file("save", "Move Pool_2.AQP to:", f.pools + "/b.AQP", "*")
         .message("Moved 2 files. Could not find 2 of the selected source files. ", "Done");
-    aq::cmdCopyToArchive(f.app);
-    f.finish();
+    f.run(aq::cmdCopyToArchive);
     EXPECT_FALSE(f.has(f.sim, "Drifter_1.DNA"));
     EXPECT_FALSE(f.has(f.sim, "Pool_1.AQP"));
     EXPECT_EQ(f.get(f.pools, "a.AQP"), "p1");
@@ -180,8 +182,7 @@ TEST(CopyToArchive, ThirdStateMovesAndCountsWhatIsMissing) {
     f.put(f.sim, "Drifter_4.DNA", "d4");
     f.app.archive.chkAutoName = 1;
     f.ui.message("Moved 1 file. One of the selected source files was not found. ", "Done");
-    aq::cmdCopyToArchive(f.app);
-    f.finish();
+    f.run(aq::cmdCopyToArchive);
 }
 
 TEST(CopyToArchive, IntoTheSimulatorsOwnFolderNothingIsDeleted) {
@@ -190,12 +191,11 @@ TEST(CopyToArchive, IntoTheSimulatorsOwnFolderNothingIsDeleted) {
     f.app.archive.chkAutoName = 0;
     f.app.archive.chkDeleteOriginal = 1;
     f.put(f.sim, "Pool_1.AQP", "p1");
-    std::string live = f.sim + "/Pool_1.AQP";
+    const std::string live = f.sim + "/Pool_1.AQP";
     f.ui.file("save", "Move Pool_1.AQP to:", live, "*")
-        .ask("yesnocancel", live + " already exists.  Overwrite existing file?", "Filename Conflict", Answer::Yes)
+        .ask("yesnocancel", live + kConflict, "Filename Conflict", Answer::Yes)
         .message("Copied 1 file. ", "Done");
-    aq::cmdCopyToArchive(f.app);
-    f.finish();
+    f.run(aq::cmdCopyToArchive);
     EXPECT_EQ(f.get(f.sim, "Pool_1.AQP"), "p1");
 }
 
@@ -207,8 +207,7 @@ TEST(CopyToArchive, AFailedCopyIsShownAndTheCommandGoesOn) {
     f.put(f.sim, "Pool_1.AQP", "p1");
     f.ui.message("Error #76: No such file or directory", "Aquarium File Manager - Copy to Archive")
         .message("Copied 1 file. Encountered 1 error. ", "Done");
-    aq::cmdCopyToArchive(f.app);
-    f.finish();
+    f.run(aq::cmdCopyToArchive);
     EXPECT_TRUE(f.has(f.pools, "Pool_" + kNow + " #1.AQP"));
 }
 
@@ -219,15 +218,14 @@ TEST(ReplaceFromArchive, WithoutBackupAsksBeforeOverwriting) {
     f.put(f.pools, "Pool_2.AQP", "archived 2");
     f.put(f.sim, "pool_1.aqp", "live 1");
     f.put(f.sim, "Pool_2.AQP", "live 2");
-    const std::string d = "|aqp|Aquarium's Pool file";
+    const std::string d = "|aqp|Aquarium's Pool file", q = "\r\n\r\nOverwrite this file?";
     f.ui.file("open", "Copy which file over Pool_1.AQP?", f.pools + "/Pool_1.AQP", f.pools + "|" + d)
-        .ask("yesno", f.sim + "/pool_1.aqp\r\n\r\nOverwrite this file?", "Overwite Existing File", Answer::Yes)
+        .ask("yesno", f.sim + "/pool_1.aqp" + q, "Overwite Existing File", Answer::Yes)
         .file("open", "Copy which file over Pool_2.AQP?", f.pools + "/Pool_2.AQP", f.pools + "|Pool_2.AQP" + d)
-        .ask("yesno", f.sim + "/Pool_2.AQP\r\n\r\nOverwrite this file?", "Overwite Existing File", Answer::No)
+        .ask("yesno", f.sim + "/Pool_2.AQP" + q, "Overwite Existing File", Answer::No)
         .file("open", "Copy which file over Pool_3.AQP?", f.pools + "/Pool_2.AQP", f.pools + "|Pool_3.AQP" + d)
         .message("Copied 2 files. ", "Done");
-    aq::cmdReplaceFromArchive(f.app);
-    f.finish();
+    f.run(aq::cmdReplaceFromArchive);
     EXPECT_EQ(f.get(f.sim, "pool_1.aqp"), "archived 1");
     EXPECT_FALSE(f.has(f.sim, "Pool_1.AQP"));  // the file on disk, not a second one in other capitals
     EXPECT_EQ(f.get(f.sim, "Pool_2.AQP"), "live 2");
@@ -244,8 +242,7 @@ TEST(ReplaceFromArchive, AutomaticBackupMovesTheLiveFileIntoTheArchive) {
     f.ui.file("open", "Copy which file over Drifter_1.DNA?", f.drifters + "/keep.DNA", "*")
         .file("open", "Copy which file over Drifter_2.DNA?", f.drifters + "/keep.DNA", "*")
         .message("Copied 2 files. ", "Done");
-    aq::cmdReplaceFromArchive(f.app);
-    f.finish();
+    f.run(aq::cmdReplaceFromArchive);
     EXPECT_EQ(f.get(f.drifters, "Drifter_1.0.DNA"), "live 1");
     EXPECT_FALSE(f.has(f.drifters, "Drifter_2.0.DNA"));  // no live file: nothing to back up
     EXPECT_EQ(f.get(f.sim, "Drifter_1.DNA"), "archived");
@@ -256,23 +253,20 @@ TEST(ReplaceFromArchive, FileNotFoundLoopAndNothingCopied) {
     Fixture f;
     f.only({0});
     f.put(f.drifters, "real.DNA", "r");
-    std::string ghost = f.drifters + "/ghost.DNA";
-    const std::string nf = " could not be found.  Please select a different source file.";
-    f.ui.file("open", "Copy which file over Drifter_1.DNA?", ghost, "*")
-        .ask("okcancel", ghost + nf, "File Not Found", Answer::Ok)
-        .file("open", "Copy which file over Drifter_1.DNA?", ghost,
-              f.drifters + "|ghost.DNA|dna|Aquarium's Drifter DNA files")
-        .ask("okcancel", ghost + nf, "File Not Found", Answer::Cancel)
+    const std::string ghost = f.drifters + "/ghost.DNA", title = "Copy which file over Drifter_1.DNA?";
+    const std::string nf = ghost + " could not be found.  Please select a different source file.";
+    f.ui.file("open", title, ghost, "*")
+        .ask("okcancel", nf, "File Not Found", Answer::Ok)
+        .file("open", title, ghost, f.drifters + "|ghost.DNA|dna|Aquarium's Drifter DNA files")
+        .ask("okcancel", nf, "File Not Found", Answer::Cancel)
         .message("Nothing copied", "Done");
-    aq::cmdReplaceFromArchive(f.app);
-    f.finish();
+    f.run(aq::cmdReplaceFromArchive);
 
-    f.ui.file("open", "Copy which file over Drifter_1.DNA?", ghost, "*")
-        .ask("okcancel", ghost + nf, "File Not Found", Answer::Ok)
-        .file("open", "Copy which file over Drifter_1.DNA?", f.drifters + "/real.DNA", "*")
+    f.ui.file("open", title, ghost, "*")
+        .ask("okcancel", nf, "File Not Found", Answer::Ok)
+        .file("open", title, f.drifters + "/real.DNA", "*")
         .message("Copied 1 file. ", "Done");
-    aq::cmdReplaceFromArchive(f.app);
-    f.finish();
+    f.run(aq::cmdReplaceFromArchive);
     EXPECT_EQ(f.get(f.sim, "Drifter_1.DNA"), "r");
 }
 
@@ -280,13 +274,12 @@ TEST(ReplaceFromArchive, SuggestionsFollowTheLastChoice) {
     Fixture f;
     f.only({4, 5, 7});
     for (const char* n : {"Pool_1.AQP", "Pool_2.AQP", "Pool_3.AQP"}) f.put(f.pools, n, n);
-    f.ui.file("open", "Copy which file over Pool_1.AQP?", f.pools + "/Pool_1.AQP", f.pools + "||aqp|*")
-        .file("open", "Copy which file over Pool_2.AQP?", "", f.pools + "|Pool_2.AQP|aqp|*")
-        .file("open", "Copy which file over Pool_4.AQP?", f.pools + "/Pool_3.AQP", f.pools + "||aqp|*")
+    const std::string d = "aqp|Aquarium's Pool file";
+    f.ui.file("open", "Copy which file over Pool_1.AQP?", f.pools + "/Pool_1.AQP", f.pools + "||" + d)
+        .file("open", "Copy which file over Pool_2.AQP?", "", f.pools + "|Pool_2.AQP|" + d)
+        .file("open", "Copy which file over Pool_4.AQP?", f.pools + "/Pool_3.AQP", f.pools + "||" + d)
         .message("Copied 2 files. ", "Done");
-    for (int i : {0, 1, 2}) f.ui.script[i].text.replace(f.ui.script[i].text.size() - 1, 1, "Aquarium's Pool file");
-    aq::cmdReplaceFromArchive(f.app);
-    f.finish();
+    f.run(aq::cmdReplaceFromArchive);
     EXPECT_EQ(f.get(f.sim, "Pool_4.AQP"), "Pool_3.AQP");
 }
 

@@ -54,16 +54,12 @@ struct FoodTab {
 }  // namespace
 
 TEST(FoodList, LinesFollowThePoolAndKeepTicks) {
-    const struct {
-        FoodBit f;
-        const char* line;
-    } lines[] = {
-        {bit(3, -100, 5.358979e-06f), "{3} Food bit @ -100X, 5.358979E-06Y. "},
+    const std::pair<FoodBit, const char*> lines[] = {
         {bit(255, 0, 0), "{FF} Food bit @ 0X, 0Y. "},
         {bit(10, 507.5f, -0.25f), "{A} Food bit @ 507.5X, -.25Y. "},
         {bit(0, 1234567.8f, 3e9f), "{0} Food bit @ 1234568X, 3E+09Y. "},
     };
-    for (const auto& c : lines) EXPECT_EQ(FoodLineText(c.f), c.line);
+    for (const auto& [f, line] : lines) EXPECT_EQ(FoodLineText(f), line);
 
     // Fewer food bits: the surplus lines at the end go, the rest keep their ticks and show new texts.
     FoodTab t({bit(0, 0, 0), bit(1, 1, 0), bit(2, 2, 0), bit(3, 3, 0), bit(4, 4, 0)});
@@ -83,9 +79,7 @@ TEST(FoodList, LinesFollowThePoolAndKeepTicks) {
 TEST(FoodGroup, ATickSpreadsByMode) {
     struct Case {
         const char* name;
-        int mode;
-        int position;  // of scrollFoodThreshold
-        int row;
+        int mode, position, row;  // position: of scrollFoodThreshold
         std::vector<bool> ticks;
     } cases[] = {
         {"individual", 0, 888, 0, {true, false, false, false, false}},
@@ -101,6 +95,7 @@ TEST(FoodGroup, ATickSpreadsByMode) {
         t.app.lstPoolFood.userCheck(c.row, true);
         EXPECT_EQ(t.ticks(), c.ticks) << c.name;
         EXPECT_EQ(t.app.lstPoolFood.currentIndex(), c.row);
+        EXPECT_EQ(foodThresholdShown(t.app), c.mode == 2);
         t.app.lstPoolFood.userCheck(c.row, false);  // unticking takes the whole group away again
         EXPECT_EQ(t.ticks(), std::vector<bool>(5, false)) << c.name;
     }
@@ -113,29 +108,24 @@ TEST(FoodGroup, ATickSpreadsByMode) {
 }
 
 TEST(FoodThreshold, TypedTexts) {
-    struct Case {
-        const char* typed;
-        int position;
-        float threshold;
-        const char* canonical;
-    } cases[] = {
+    const std::tuple<const char*, int, float, const char*> cases[] = {
         {"95%", 950, 95.0f, " 95"},   {" 95 ", 950, 95.0f, " 95"},    {"abc", 0, 0.0f, " 0"},
         {"-5", 1000, 100.0f, " 100"}, {"12.34", 123, 12.3f, " 12.3"},
     };
-    for (const Case& c : cases) {
+    for (auto [typed, position, threshold, canonical] : cases) {
         ScriptedUi ui;
         ManualClock clock;
         App app(ui, clock);
         MultiTask task;
-        typeFoodThreshold(app, c.typed);
+        typeFoodThreshold(app, typed);
         for (int t = 0; t < 6; ++t) tmrMultiTaskTick(app, task, {true, false});
-        EXPECT_EQ(app.scrollFoodThreshold, c.position) << c.typed;
-        EXPECT_FLOAT_EQ(app.foodThreshold, c.threshold) << c.typed;
-        EXPECT_EQ(app.txtFoodThreshold, c.typed);  // still typing: the text is left alone
-        typeFoodThreshold(app, c.typed);
+        EXPECT_EQ(app.scrollFoodThreshold, position) << typed;
+        EXPECT_FLOAT_EQ(app.foodThreshold, threshold) << typed;
+        EXPECT_EQ(app.txtFoodThreshold, typed);  // still typing: the text is left alone
+        typeFoodThreshold(app, typed);
         clock.advance(6);
         for (int t = 0; t < 6; ++t) tmrMultiTaskTick(app, task, {true, false});
-        EXPECT_EQ(app.txtFoodThreshold, c.canonical) << c.typed;
+        EXPECT_EQ(app.txtFoodThreshold, canonical) << typed;
     }
 }
 
@@ -200,30 +190,26 @@ TEST(FoodDelete, QuestionsAndOutcomes) {
         "Would you like the drifters copied from the open pool to the pool file where the selected food bits are being "
         "saved?";
     TempDir dir;
-    struct Case {
-        Answer answer;
-        std::string path;
-        int left;
-    } cases[] = {
+    const std::tuple<Answer, std::string, int> cases[] = {
         {Answer::Cancel, "", 3}, {Answer::No, "", 1}, {Answer::Yes, "", 1}, {Answer::Yes, dir.file("f.aqp"), 1}};
-    for (const Case& c : cases) {
+    for (const auto& [answer, path, left] : cases) {
         FoodTab t({bit(1, 0, 0), bit(2, 1, 1), bit(3, 2, 2)});
         t.tick({0, 2});
-        t.ui.ask("yesnocancel", question, kAppTitle, c.answer);
-        if (c.answer == Answer::Yes) {
+        t.ui.ask("yesnocancel", question, kAppTitle, answer);
+        if (answer == Answer::Yes) {
             t.ui.ask("yesno", clone, "Clone Drifters into New Pool", Answer::No);
-            t.ui.file("save", "Save New Pool with Selected Food Bits", c.path, t.folder.path() + "||aqp|Pool Files");
+            t.ui.file("save", "Save New Pool with Selected Food Bits", path, t.folder.path() + "||aqp|Pool Files");
         }
         mSelectFoodDelete(t.app);
         EXPECT_TRUE(t.ui.done()) << t.ui.report();
-        EXPECT_EQ(t.app.openPool.foodCount, c.left);
-        EXPECT_EQ(t.app.lstPoolFood.count(), c.left);
-        EXPECT_EQ(t.app.poolChanged, c.left != 3);
-        EXPECT_EQ(t.f(0).family, c.left == 3 ? 1 : 2);
+        EXPECT_EQ(t.app.openPool.foodCount, left);
+        EXPECT_EQ(t.app.lstPoolFood.count(), left);
+        EXPECT_EQ(t.app.poolChanged, left != 3);
+        EXPECT_EQ(t.f(0).family, left == 3 ? 1 : 2);
         EXPECT_EQ(t.app.openPool.drifterCount, 2);
-        if (!c.path.empty()) {
+        if (!path.empty()) {
             Pool p;
-            ASSERT_EQ(readPool(c.path, p).status, PoolReadStatus::Ok);
+            ASSERT_EQ(readPool(path, p).status, PoolReadStatus::Ok);
             EXPECT_EQ(p.foodCount, 2);
             EXPECT_EQ(p.food[1].family, 3);
             EXPECT_EQ(p.drifterCount, 0);

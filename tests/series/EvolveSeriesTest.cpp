@@ -1,24 +1,20 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <filesystem>
 
 #include "SeriesFakes.h"
 #include "format/PoolFile.h"
 #include "series/EvolveSeries.h"
 #include "series/SeriesLinks.h"
-#include "support/PoolFixtures.h"
 #include "support/TempDir.h"
 
 using namespace aqtest;
 
 namespace {
 
-struct Rig {
-    ManualClock clock;
-    TickingUi ui{clock};
-    aq::App app{ui, clock};
+struct Rig : SimRig {
     aq::SeriesOptions& options = app.series.options;
-    FakeSimulator sim;
     TempDir dir;
     std::string pools = dir.file("pools");
     int stopAtStart = 0;  // press Stop once the simulator has been started this often
@@ -29,11 +25,8 @@ struct Rig {
         app.programFolder = dir.file("prog");
         app.comboAquariumPath = dir.file("sim");
         app.comboPoolPath = pools;
-        app.series.simulator = &sim;
-        app.series.pauseMs = 0;
         app.series.controls.frameVisible = true;
         app.series.controls.sliderTimeDelay = 7;
-        sim.clock = &clock;
         sim.executables = {aq::series::joinPath(dir.file("sim"), "Aquarium")};
         save("pool.aqp", first);
         ui.onYield = [this] { stopAfter(stopAtStart); };
@@ -84,19 +77,16 @@ TEST(EvolveSeries, PlainSeriesOfThreePools) {
     r.run();
     EXPECT_EQ(r.sim.starts, 4);
     EXPECT_FALSE(r.has("pool4.aqp"));
-    EXPECT_EQ(r.load("pool1.aqp").clock, 177);
-    EXPECT_EQ(r.load("pool2.aqp").clock, 277);
-    EXPECT_EQ(r.load("pool3.aqp").clock, 377);
+    for (int k = 1; k <= 3; ++k) EXPECT_EQ(r.load("pool" + std::to_string(k) + ".aqp").clock, 77 + 100 * k) << k;
     EXPECT_EQ(r.load("pool1.aqp").drifterCount, 4);  // after the empty suffix the whole pool goes on
     // Stopped by the button: the progress selection is put away.
     EXPECT_FALSE(r.app.series.controls.selectRange);
     EXPECT_EQ(r.app.series.controls.selStart, 1200);
-    EXPECT_EQ(r.sim.folderSeen, r.app.programFolder);
 }
 
 TEST(EvolveSeries, BranchingSeriesSplitsEachPoolInTwo) {
     aq::Pool first = makePool(6, 6);
-    for (int i = 0; i < 6; ++i) std::memset(first.drifters[static_cast<std::size_t>(i)].genes, i % 2 ? 9 : 1, 1000);
+    for (int i = 0; i < 6; ++i) std::memset(first.drifters[i].genes, i % 2 ? 9 : 1, 1000);
     Rig r(first);
     r.stopAtStart = 4;
     r.run();
@@ -111,26 +101,27 @@ TEST(EvolveSeries, BranchingSeriesSplitsEachPoolInTwo) {
 }
 
 TEST(EvolveSeries, RestartAndSaveAndContinueButtons) {
-    struct Case {
-        bool next, allowExtinction, stored;
-    } cases[] = {{false, false, false}, {false, true, true}, {true, false, true}};
-    for (const Case& c : cases) {
+    // Restart or Save and Continue, with extinctions stored or not: whether pool0 is stored.
+    for (auto [next, allowExtinction, stored] :
+         {std::array{false, false, false}, {false, true, true}, {true, false, true}}) {
         Rig r;
-        r.options.mSeriesExtinction = c.allowExtinction;
+        r.options.mSeriesExtinction = allowExtinction;
         r.options.mCloneWhenExtinct = false;
         r.app.series.controls.sliderTimeDelay = 600;
         bool pressed = false;
         r.ui.onYield = [&] {
             if (!pressed && r.sim.starts == 1 && r.clock.seconds > 36000 + 40) {
                 pressed = true;
-                c.next ? aq::cmdCreateSeriesNextClick(r.app) : aq::cmdCreateSeriesRestartClick(r.app);
+                next ? aq::cmdCreateSeriesNextClick(r.app) : aq::cmdCreateSeriesRestartClick(r.app);
             }
             r.stopAfter(2);
         };
         r.run();
         EXPECT_EQ(r.sim.starts, 2);
-        EXPECT_EQ(r.has("pool0.aqp"), c.stored);
-        if (c.next) { EXPECT_EQ(r.load("pool0.aqp").clock, 177); }
+        EXPECT_EQ(r.has("pool0.aqp"), stored);
+        if (next) {
+            EXPECT_EQ(r.load("pool0.aqp").clock, 177);
+        }
         EXPECT_LT(r.clock.seconds, 36000 + 120);  // the run was cut short
     }
 }
@@ -193,25 +184,23 @@ TEST(EvolveSeries, PoolWithoutFoodGetsTheFoodOfTheChosenFile) {
     r.stopAtStart = 2;
     r.run();
     EXPECT_EQ(r.load("pool00.aqp").foodCount, 6);
+    EXPECT_EQ(r.load("pool00.aqp").drifterCount, 2);  // the chosen file's drifters stay out
 }
 
 TEST(EvolveSeries, MessagesThatEndTheSeries) {
-    struct Case {
-        aq::Pool first;
-        std::string chosen, message;
-    } cases[] = {
+    const std::tuple<aq::Pool, std::string, std::string> cases[] = {
         {makePool(4, 0), "pool.aqp", "Error Loading Food."},
         {makePool(0, 6), "pool.aqp", "Unable to Load Drifters."},
         {makePool(4, 6), "missing.aqp", "Nothing to Load"},
         {makePool(4, 6), "", ""},  // cancelled
     };
-    for (const Case& c : cases) {
-        Rig r(c.first);
-        if (c.chosen == "missing.aqp") r.app.workPool.drifterCount = r.app.workPool.foodCount = -1;
-        r.choose(c.chosen);
-        if (!c.message.empty()) r.ui.message(c.message);
+    for (const auto& [first, chosen, message] : cases) {
+        Rig r(first);
+        if (chosen == "missing.aqp") r.app.workPool.drifterCount = r.app.workPool.foodCount = -1;
+        r.choose(chosen);
+        if (!message.empty()) r.ui.message(message);
         r.run();
-        EXPECT_EQ(r.sim.starts, 0) << c.message;
+        EXPECT_EQ(r.sim.starts, 0) << message;
     }
     Rig r;
     r.sim.executables.clear();
@@ -260,17 +249,14 @@ TEST(EvolveSeries, PlagueAndHarvestHappenInTheCycle) {
     };
     for (int i = 0; i < 120; ++i) cases[0].drifters.push_back(body(i < 50 ? 3 : 2, i < 50 ? 9 : 1));
     for (const Case& c : cases) {
-        aq::Pool first = makePool(0, 6);
-        first.drifters = c.drifters;
-        first.drifterCount = static_cast<int>(c.drifters.size());
-        Rig r(first);
+        Rig r(poolOf(c.drifters, 6));
         r.options.chkBranchingSeries = false;
         r.options.chkPlague = c.plague;
         r.options.chkGetSuc = c.harvest;
         std::vector<int> handedOver;
         r.sim.evolve = [&](aq::Pool& p) {
             handedOver.push_back(p.drifterCount);
-            c.harvest && handedOver.size() == 1 ? killAll(p) : void(p.clock += 100);
+            c.harvest&& handedOver.size() == 1 ? killAll(p) : void(p.clock += 100);
         };
         r.stopAtStart = static_cast<int>(c.handedOver.size());
         r.run();

@@ -2,11 +2,9 @@
 
 #include <cmath>
 
+#include "SeriesFakes.h"
 #include "series/Feeding.h"
 #include "series/Grouping.h"
-#include "support/ManualClock.h"
-#include "support/PoolFixtures.h"
-#include "support/ScriptedUi.h"
 
 using namespace aqtest;
 
@@ -16,14 +14,10 @@ constexpr double kPi = 3.14159265358979;
 
 // n drifters, drifter i at (100 i, 50).
 aq::Pool poolOfN(int n, float energy = 100) {
-    aq::Pool p = makePool(0, 2);
-    for (int i = 0; i < n; ++i) {
-        aq::DrifterRec d = makeDrifter(i, 1, 0, 100.0f * static_cast<float>(i), 50);
-        d.energy = energy;
-        p.drifters.push_back(d);
-    }
-    p.drifterCount = n;
-    return p;
+    std::vector<aq::DrifterRec> ds;
+    for (int i = 0; i < n; ++i) ds.push_back(makeDrifter(i, 1, 0, 100.0f * float(i), 50));
+    for (auto& d : ds) d.energy = energy;
+    return poolOf(ds, 2);
 }
 
 void expectAt(const aq::DrifterRec& d, double x, double y, const std::string& what) {
@@ -37,27 +31,19 @@ void expectOnCircle(const aq::DrifterRec& d, double radius, double angle, const 
 }
 
 TEST(Grouping, RingOfModeThree) {
-    struct Case {
-        int n, retries;
-        bool gravity;
-        int index;
-        double radius, angle;
-    } cases[] = {
-        {5, 0, false, 0, 1000, 0},  // skip 0, ring 2: two points, angle 0 and pi
-        {5, 0, false, 4, 1000, 4 * kPi},
-        {8, 0, false, 1, 0, 0},                   // skip 2: drifters 0 and 1 at the centre
-        {8, 0, false, 2, 1000, 2 * 2 * kPi / 3},  // ring 3
-        {30, 0, false, 1, 0, 0},
-        {30, 0, false, 9, 1000, 9 * 2 * kPi / 7},  // ring 7
-        {5, 0, true, 0, 900, 0},                   // gravity shrinks once
-        {5, 3, false, 0, 729, 0},                  // three retries
-        {3, 0, false, 2, 0, 0},                    // fewer than 4: all at the centre
-    };
-    for (const Case& c : cases) {
-        aq::Pool p = poolOfN(c.n);
-        aq::groupDriftersAtStart(p, true, false, false, c.retries, 3, c.gravity, 100);
-        expectOnCircle(p.drifters[static_cast<std::size_t>(c.index)], c.radius, c.angle,
-                       "n " + std::to_string(c.n) + " drifter " + std::to_string(c.index));
+    // 4 and 5: skip 0, ring 2 (angles 0 and pi); 8: skip 2 (0 and 1 at the centre), ring 3; 30: ring 7;
+    // gravity shrinks the ring once, each retry once more; fewer than 4 all at the centre.
+    const std::tuple<int, int, bool, int, double, double> cases[] = {
+        {5, 0, false, 0, 1000, 0}, {5, 0, false, 4, 1000, 4 * kPi},
+        {8, 0, false, 1, 0, 0},    {8, 0, false, 2, 1000, 2 * 2 * kPi / 3},
+        {30, 0, false, 1, 0, 0},   {30, 0, false, 9, 1000, 9 * 2 * kPi / 7},
+        {5, 0, true, 0, 900, 0},   {5, 3, false, 0, 729, 0},
+        {3, 0, false, 2, 0, 0},    {4, 0, false, 1, 1000, kPi}};
+    for (auto [n, retries, gravity, index, radius, angle] : cases) {
+        aq::Pool p = poolOfN(n);
+        aq::groupDriftersAtStart(p, true, false, false, retries, 3, gravity, 100);
+        expectOnCircle(p.drifters[index], radius, angle,
+                       "n " + std::to_string(n) + " drifter " + std::to_string(index));
     }
 }
 
@@ -76,11 +62,9 @@ TEST(Grouping, ModesOneTwoAndZero) {
     // Mode 1: sorted by length, equal lengths on one spot.
     aq::Pool q = poolOfN(3);
     q.drifters[0].segmentCount = 4;
-    q.drifters[1].segmentCount = 3;
-    q.drifters[2].segmentCount = 3;
+    q.drifters[1].segmentCount = q.drifters[2].segmentCount = 3;
     aq::groupDriftersAtStart(q, true, false, false, 0, 1, false, 100);
-    EXPECT_EQ(q.drifters[0].id, 1);
-    EXPECT_EQ(q.drifters[1].id, 2);
+    EXPECT_EQ(idsOf(q), (std::vector<int>{1, 2, 0}));
     expectOnCircle(q.drifters[1], 2500, 3 * 11 * 0.41887902119724, "3 segments");
     expectOnCircle(q.drifters[2], 2500, 4 * 11 * 0.41887902119724, "4 segments");
     q.drifters[2].segmentCount = 2147483647;  // a damaged file's length, with no overflow
@@ -107,8 +91,7 @@ TEST(Grouping, SingleDrifterFeedingAndGathering) {
     p.drifters[5].energy = 500;
     p.food[0].x = 900;
     p.food[0].y = -600;
-    p.food[1].x = 100;
-    p.food[1].y = 100;
+    p.food[1].x = p.food[1].y = 100;
     aq::groupDriftersAtStart(p, false, true, true, 0, 3, false, 100);
     EXPECT_FLOAT_EQ(p.drifters[0].energy, 670);
     EXPECT_FLOAT_EQ(p.drifters[1].energy, 170);
@@ -124,34 +107,21 @@ TEST(Grouping, SimilarityChainTakesTheNearestLaterDrifter) {
     const int differing[] = {0, 50, 10, 10};  // 2 and 3 equally near: the first of equals is taken
     aq::Pool p = poolOfN(4);
     for (int i = 0; i < 4; ++i) {
-        std::memset(p.drifters[std::size_t(i)].genes, 0, aq::kGeneCount);
-        std::memset(p.drifters[std::size_t(i)].genes, 9, std::size_t(differing[i]));
+        std::memset(p.drifters[i].genes, 0, aq::kGeneCount);
+        std::memset(p.drifters[i].genes, 9, std::size_t(differing[i]));
     }
     aq::orderBySimilarity(p, 100);
-    std::vector<int> ids;
-    for (const auto& d : p.drifters) ids.push_back(d.id);
-    EXPECT_EQ(ids, (std::vector<int>{0, 2, 3, 1}));
+    EXPECT_EQ(idsOf(p), (std::vector<int>{0, 2, 3, 1}));
 
     // Nothing nearer than 100 differing genes: the order stays.
     aq::Pool q = poolOfN(3);
-    for (int i = 0; i < 3; ++i) std::memset(q.drifters[std::size_t(i)].genes, i, aq::kGeneCount);
+    for (int i = 0; i < 3; ++i) std::memset(q.drifters[i].genes, i, aq::kGeneCount);
     aq::orderBySimilarity(q, 100);
-    EXPECT_EQ(q.drifters[1].id, 1);
+    EXPECT_EQ(idsOf(q), (std::vector<int>{0, 1, 2}));
 }
 
-struct PromptRig {
-    ManualClock clock;
-    ScriptedUi ui;
-    aq::App app{ui, clock};
-};
-
 TEST(Grouping, PromptSetsModeCheckAndCaption) {
-    struct Case {
-        std::string answer;
-        bool checked;
-        std::string caption;
-        int mode;
-    } cases[] = {
+    const std::tuple<std::string, bool, std::string, int> cases[] = {
         {"4", true, "&Group Drifters at Start", 3},
         {"1", true, "&Group Drifters by Genetic Similarity", 0},
         {" 2 ", true, "&Group Drifters by Segment Count", 1},
@@ -159,8 +129,8 @@ TEST(Grouping, PromptSetsModeCheckAndCaption) {
         {"5", false, "&Group Drifters at Start", -1},
         {"", true, "&Group Drifters by Color", 2},  // cancelled: as it was
     };
-    for (const Case& c : cases) {
-        PromptRig r;
+    for (const auto& [answer, checked, caption, mode] : cases) {
+        UiRig r;
         r.app.groupMode = 2;
         r.app.series.options.mSeriesGroup = true;
         r.app.series.options.mSeriesGroupCaption = "&Group Drifters by Color";
@@ -168,24 +138,19 @@ TEST(Grouping, PromptSetsModeCheckAndCaption) {
             "Please select one of the following options, and enter the corresponding number.\r\n1 = Group Drifters "
             "by Genetic Similarity (Slow)\r\n2 = Group Drifters by Segment Count\r\n3 = Group Drifters by "
             "Color\r\n4 = Group Arbitrarily (Fastest)",
-            "Select Drifter Grouping Mode", c.answer);
+            "Select Drifter Grouping Mode", answer);
         aq::mSeriesGroupClick(r.app);
         EXPECT_TRUE(r.ui.done()) << r.ui.report();
-        EXPECT_EQ(r.app.series.options.mSeriesGroup, c.checked) << c.answer;
-        EXPECT_EQ(r.app.series.options.mSeriesGroupCaption, c.caption) << c.answer;
-        EXPECT_EQ(r.app.groupMode, c.mode) << c.answer;
+        EXPECT_EQ(r.app.series.options.mSeriesGroup, checked) << answer;
+        EXPECT_EQ(r.app.series.options.mSeriesGroupCaption, caption) << answer;
+        EXPECT_EQ(r.app.groupMode, mode) << answer;
     }
 }
 
 TEST(Feeding, ColorPrompts) {
-    struct Case {
-        std::string colorAnswer;
-        int feedModeBefore;
-        std::string modeAnswer;  // "-": no mode prompt
-        bool checked;
-        std::string caption;
-        int color, mode;
-    } cases[] = {
+    // The answers to the colour and the mode prompt ("-": none), the feed mode before; the check,
+    // caption, colour and mode after.
+    const std::tuple<std::string, int, std::string, bool, std::string, int, int> cases[] = {
         {"Blue sky", -1, "1", true, "Feed Completely Blue D&rifters", 4, 0},
         {"4", 1, "3", true, "Feed D&rifters with Blue Parts", 4, 2},
         {" b", 1, "=default", true, "Feed Blue Headed D&rifters", 4, 1},  // the default follows the last mode
@@ -195,26 +160,26 @@ TEST(Feeding, ColorPrompts) {
         {"", 2, "-", false, "Feed D&rifters by Color", -1, 2},  // cancelled colour: off, mode kept
         {"none", 2, "-", false, "Feed D&rifters by Color", -1, 2},
     };
-    for (const Case& c : cases) {
-        PromptRig r;
-        r.app.feedMode = c.feedModeBefore;
+    for (const auto& [colorAnswer, modeBefore, modeAnswer, checked, caption, color, mode] : cases) {
+        UiRig r;
+        r.app.feedMode = modeBefore;
         r.app.feedColor = 1;
         r.ui.text(
             "Feed drifters containing what color?\r\n(enter one of... red, orange, yellow, green, blue, purple, or "
             "none to turn off.)",
-            "Choose Color", c.colorAnswer);
-        if (c.modeAnswer != "-")
+            "Choose Color", colorAnswer);
+        if (modeAnswer != "-")
             r.ui.text(
                 "Please select one of the following options, and enter the corresponding number.\r\n1 = Feed "
                 "Completely Blue Drifters\r\n2 = Feed Blue Headed Drifters\r\n3 = Feed Drifters with Blue Parts\r\n4 = "
                 "Feed Partially Blue Drifters",
-                "Select Color Feeding Mode", c.modeAnswer);
+                "Select Color Feeding Mode", modeAnswer);
         aq::mFeedColorClick(r.app);
-        EXPECT_TRUE(r.ui.done()) << c.colorAnswer << "\n" << r.ui.report();
-        EXPECT_EQ(r.app.series.options.mFeedColor, c.checked) << c.colorAnswer;
-        EXPECT_EQ(r.app.series.options.mFeedColorCaption, c.caption) << c.colorAnswer;
-        EXPECT_EQ(r.app.feedColor, c.color) << c.colorAnswer;
-        EXPECT_EQ(r.app.feedMode, c.mode) << c.colorAnswer;
+        EXPECT_TRUE(r.ui.done()) << colorAnswer << "\n" << r.ui.report();
+        EXPECT_EQ(r.app.series.options.mFeedColor, checked) << colorAnswer;
+        EXPECT_EQ(r.app.series.options.mFeedColorCaption, caption) << colorAnswer;
+        EXPECT_EQ(r.app.feedColor, color) << colorAnswer;
+        EXPECT_EQ(r.app.feedMode, mode) << colorAnswer;
     }
 }
 
@@ -226,48 +191,36 @@ aq::DrifterRec colored(std::vector<int> colors, float x = 0, float y = 0, float 
 }
 
 TEST(Feeding, FeedByColorConditionsAndGifts) {
-    struct Case {
-        const char* what;
-        aq::DrifterRec d;
-        int mode;
-        float expected;
-    } cases[] = {
+    const std::tuple<const char*, aq::DrifterRec, int, float> cases[] = {
         {"mode 0, all red", colored({0, 0}), 0, 90},        {"mode 0, red and blue", colored({0, 4}), 0, 40},
         {"mode 1 as mode 2", colored({4, 0}), 1, 90},       {"mode 2, one red part", colored({4, 4, 0}), 2, 90},
         {"mode 2, no red", colored({4, 4}), 2, 40},         {"mode 3, partly red", colored({4, 0}), 3, 90},
         {"mode 3, one red segment", colored({0}), 3, 40},   {"mode 4 feeds nobody", colored({0}), 4, 40},
         {"energy 100", colored({0}, 0, 0, 100), 2, 100},    {"at 3880, 0", colored({0}, 3880, 0), 2, 50},
         {"at 0, 3950", colored({0}, 0, 3950), 2, 50},       {"at -3950, 0", colored({0}, -3950, 0), 2, 90},
-        {"beyond 4100", colored({0}, -3000, -3000), 2, 65},
+        {"beyond 4100", colored({0}, -3000, -3000), 2, 65}, {"at 3870, 0", colored({0}, 3870, 0), 2, 90},
     };
-    for (const Case& c : cases) {
-        aq::Pool p = poolOfN(0);
-        p.drifters = {c.d};
-        p.drifterCount = 1;
-        aq::feedByColor(p, 0, c.mode);
-        EXPECT_FLOAT_EQ(p.drifters[0].energy, c.expected) << c.what;
+    for (const auto& [what, d, mode, energy] : cases) {
+        aq::Pool p = poolOf({d});
+        aq::feedByColor(p, 0, mode);
+        EXPECT_FLOAT_EQ(p.drifters[0].energy, energy) << what;
     }
 }
 
 TEST(Feeding, FeedPoolGifts) {
-    struct Case {
-        const char* what;
-        float x, y, energy;
-        int meals;
-        bool hungry, fed;
-        float expected;
-    } cases[] = {
+    // Place, energy and meals; gifts for the hungry, the fed; the energy after.
+    const std::tuple<const char*, float, float, float, int, bool, bool, float> cases[] = {
         {"hungry and fed", 0, 0, 40, 1, true, true, 140}, {"hungry only", 0, 0, 40, 1, true, false, 90},
         {"not hungry", 0, 0, 50, 0, true, true, 50},      {"at 3880, 0", 3880, 0, 40, 0, true, false, 70},
         {"at 0, 3950", 0, 3950, 40, 0, true, false, 50},  {"fed at 2000", 0, 0, 2000, 3, false, true, 2000},
+        {"at 3850, 0", 3850, 0, 40, 0, true, false, 90},  {"at 3900, 0", 3900, 0, 40, 0, true, false, 70},
     };
-    for (const Case& c : cases) {
-        aq::Pool p = poolOfN(1, c.energy);
-        p.drifters[0].x = c.x;
-        p.drifters[0].y = c.y;
-        p.drifters[0].mealsEaten = c.meals;
-        aq::feedPool(p, c.hungry, c.fed, false, false);
-        EXPECT_FLOAT_EQ(p.drifters[0].energy, c.expected) << c.what;
+    for (auto [what, x, y, energy, meals, hungry, fed, after] : cases) {
+        aq::DrifterRec d = colored({0}, x, y, energy);
+        d.mealsEaten = meals;
+        aq::Pool p = poolOf({d});
+        aq::feedPool(p, hungry, fed, false, false);
+        EXPECT_FLOAT_EQ(p.drifters[0].energy, after) << what;
     }
 }
 
@@ -275,7 +228,7 @@ TEST(Feeding, AddFoodBesideTheYoungest) {
     aq::Pool p = poolOfN(3);
     p.foodCount = 6;
     p.food.resize(6);
-    for (int k = 0; k < 6; ++k) p.food[static_cast<std::size_t>(k)].family = static_cast<std::uint8_t>(k);
+    for (int k = 0; k < 6; ++k) p.food[k].family = static_cast<std::uint8_t>(k);
     p.drifters[0].age = 30;
     p.drifters[1].age = 10;
     p.drifters[2].age = 20;
@@ -284,18 +237,17 @@ TEST(Feeding, AddFoodBesideTheYoungest) {
     aq::feedPool(p, false, false, true, false);
     ASSERT_EQ(p.foodCount, 100);
     ASSERT_EQ(p.food.size(), 100u);
-    EXPECT_EQ(p.drifters[0].id, 1);  // sorted, youngest first
+    EXPECT_EQ(idsOf(p), (std::vector<int>{1, 2, 0}));  // sorted, youngest first
     EXPECT_EQ(p.food[6].family, 0);
     EXPECT_FLOAT_EQ(p.food[6].x, -460);
+    EXPECT_FLOAT_EQ(p.food[6].y, 0);    // level with the drifter on the axis
     EXPECT_FLOAT_EQ(p.food[7].x, 160);  // drifter 2 at (200, 50)
     EXPECT_FLOAT_EQ(p.food[7].y, 10);
     EXPECT_EQ(p.food[9].family, 3);
     EXPECT_FLOAT_EQ(p.food[9].x, -460);
 
     // No drifters and no food: one bit at the centre first, then copies of it.
-    aq::Pool q = poolOfN(0);
-    q.foodCount = 0;
-    q.food.clear();
+    aq::Pool q = poolOf({});
     aq::feedPool(q, false, false, true, false);
     ASSERT_EQ(q.foodCount, 100);
     EXPECT_FLOAT_EQ(q.food[99].x, 0);
@@ -308,19 +260,14 @@ TEST(Feeding, AddFoodBesideTheYoungest) {
 }
 
 TEST(Feeding, GradedWedge) {
-    aq::Pool one = poolOfN(1, 100);
-    aq::feedPool(one, false, false, false, true);
+    // Pools of 1, 2 and 5 at energy 100, the second of five at 3000.
+    aq::Pool one = poolOfN(1), two = poolOfN(2), five = poolOfN(5);
+    five.drifters[1].energy = 3000;
+    for (aq::Pool* p : {&one, &two, &five}) aq::feedPool(*p, false, false, false, true);
     EXPECT_FLOAT_EQ(one.drifters[0].energy, 100);  // half rounds to 0
-
-    aq::Pool two = poolOfN(2, 100);
-    aq::feedPool(two, false, false, false, true);
     EXPECT_FLOAT_EQ(two.drifters[0].energy, 100 + 2000.0f / 3);
     EXPECT_FLOAT_EQ(two.drifters[1].energy, 100);
-
-    aq::Pool five = poolOfN(5, 100);
-    five.drifters[1].energy = 3000;
-    aq::feedPool(five, false, false, false, true);  // allot 333.3, half 2
-    EXPECT_FLOAT_EQ(five.drifters[0].energy, 100 + 2000.0f / 6);
+    EXPECT_FLOAT_EQ(five.drifters[0].energy, 100 + 2000.0f / 6);  // allot 333.3, half 2
     EXPECT_FLOAT_EQ(five.drifters[1].energy, 3000);
     EXPECT_FLOAT_EQ(five.drifters[2].energy, 100);
 }

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
+#include "base/NumberText.h"
 #include "format/PoolFile.h"
 #include "series/PrepareSteps.h"
 #include "series/Success.h"
-#include "base/NumberText.h"
 #include "support/PoolFixtures.h"
 #include "support/RunCli.h"
 #include "support/TempDir.h"
@@ -20,46 +20,42 @@ TEST(HarvestCli, ScoresHarvestAndPrepare) {
     ASSERT_EQ(aq::writePool(pool, def), "");
 
     CliResult scores = runCli("scores '" + pool + "'");
-    ASSERT_EQ(scores.status, 0);
     std::string expected = "norm: " + aq::NumberText(aq::SuccessNorm(def)) + "\n";
     for (int i = 0; i < def.drifterCount; ++i) expected += aq::NumberText(aq::SuccessScore(def, i)) + "\n";
+    EXPECT_EQ(scores.status, 0);
     EXPECT_EQ(scores.out, expected);
 
-    ASSERT_EQ(
-        runCli("harvest '" + dir.file("f") + "' --open '" + pool + "' --max 3 -o '" + dir.file("h.aqp") + "'").status,
-        0);
+    const std::string harvest = "harvest '" + dir.file("f") + "' --open '" + pool + "' --max 3 -o '";
+    ASSERT_EQ(runCli(harvest + dir.file("h.aqp") + "'").status, 0);
     aq::Pool harvested;
     ASSERT_EQ(aq::readPool(dir.file("h.aqp"), harvested).status, aq::PoolReadStatus::Ok);
     EXPECT_EQ(harvested.drifterCount, 3);
     EXPECT_EQ(harvested.foodCount, def.foodCount);
 
     // The steps run in the order given, as the same calls on the pool do.
-    ASSERT_EQ(runCli("prepare '" + pool + "' halveAges deleteStarters:100 gravitateToCenter:150 -o '" +
-                     dir.file("p.aqp") + "'")
-                  .status,
-              0);
-    aq::Pool expectedPool = def;
-    aq::halveAges(expectedPool);
-    aq::deleteStarters(expectedPool, 100);
-    aq::gravitateToCenter(expectedPool, 150, true, true);
-    EXPECT_EQ(readBytes(dir.file("p.aqp")), aq::poolBytes(expectedPool));
+    const std::string steps = " halveAges deleteStarters:100 gravitateToCenter:150 -o '";
+    ASSERT_EQ(runCli("prepare '" + pool + "'" + steps + dir.file("p.aqp") + "'").status, 0);
+    aq::Pool prepared = def;
+    aq::halveAges(prepared);
+    aq::deleteStarters(prepared, 100);
+    aq::gravitateToCenter(prepared, 150, true, true);
+    EXPECT_EQ(readBytes(dir.file("p.aqp")), aq::poolBytes(prepared));
 }
 
 TEST(HarvestCli, BadArguments) {
     TempDir dir;
-    const std::string pool = dir.file("d.aqp");
-    ASSERT_EQ(aq::writePool(pool, defaultPool()), "");
-    const std::string out = " -o '" + dir.file("x.aqp") + "'";
+    const std::string prepare = "prepare '" + dir.file("d.aqp") + "'", out = " -o '" + dir.file("x.aqp") + "'";
+    ASSERT_EQ(aq::writePool(dir.file("d.aqp"), defaultPool()), "");
     struct Case {
         std::string args;
         int status;
     } cases[] = {
-        {"prepare '" + pool + "' bogus" + out, 2},
-        {"prepare '" + pool + "' resetCounters:meals,kids" + out, 2},
-        {"prepare '" + pool + "' ensureMinimumDrifters" + out, 2},
-        {"prepare '" + pool + "' feedByColor:9:0" + out, 2},
-        {"prepare '" + pool + "' group:2:fast" + out, 2},
-        {"prepare '" + pool + "'" + out, 2},
+        {prepare + " bogus" + out, 2},
+        {prepare + " resetCounters:meals,kids" + out, 2},
+        {prepare + " ensureMinimumDrifters" + out, 2},
+        {prepare + " feedByColor:9:0" + out, 2},
+        {prepare + " group:2:fast" + out, 2},
+        {prepare + out, 2},
         {"harvest '" + dir.path() + "' --max 0" + out, 2},
         {"harvest '" + dir.file("missing") + "'" + out, 1},
         {"scores '" + dir.file("missing.aqp") + "'", 1},

@@ -6,81 +6,60 @@
 #include <filesystem>
 #include <random>
 
+#include "SeriesFakes.h"
 #include "generator/Random.h"
-#include "format/PoolFile.h"
 #include "pooleditor/DrifterKey.h"
 #include "series/Harvest.h"
 #include "series/Success.h"
-#include "support/ManualClock.h"
-#include "support/PoolFixtures.h"
-#include "support/ScriptedUi.h"
 #include "support/TempDir.h"
 
 using namespace aqtest;
 
 namespace {
 
-// The top list exactly as arrays of scores, keys and whole records, every entry moved
+// The top list exactly as an array of scores, keys and whole records, every entry moved
 // one by one: the measure the fast list must match.
 struct ReferenceList {
+    struct Entry {
+        float score = 0;
+        std::string key;
+        aq::DrifterRec record{};
+    };
     int maxN, count = 0;
-    std::vector<float> scores;
-    std::vector<std::string> keys;
-    std::vector<aq::DrifterRec> records;
+    std::vector<Entry> e;  // places 0 to maxN
 
-    ReferenceList(const aq::Pool& start, int n) : maxN(n), scores(2001, 0), keys(2001), records(std::size_t(n) + 1) {
-        for (int k = 0; k <= n && k < start.drifterCount; ++k) records[std::size_t(k)] = start.drifters[std::size_t(k)];
-    }
-    void moveEntry(int from, int to) {
-        scores[std::size_t(to)] = scores[std::size_t(from)];
-        keys[std::size_t(to)] = keys[std::size_t(from)];
-        records[std::size_t(to)] = records[std::size_t(from)];
+    ReferenceList(const aq::Pool& start, int n) : maxN(n), e(std::size_t(n) + 1) {
+        for (int k = 0; k <= n && k < start.drifterCount; ++k) e[k].record = start.drifters[k];
     }
     void consider(const aq::Pool& pool, int i, float norm) {
-        float score = aq::SuccessScore(pool, i) / norm;
-        if (score <= 0) return;
-        std::string key = aq::DrifterKeyPair(pool, i);
+        const Entry in{aq::SuccessScore(pool, i) / norm, aq::DrifterKeyPair(pool, i), pool.drifters[i]};
+        if (in.score <= 0) return;
+        auto same = [&](int j) { return aq::SameMorph(e[j].key, in.key); };
         int pos = -1;
-        for (int j = 0; j < count; ++j)
-            if (aq::SameMorph(keys[std::size_t(j)], key)) {
-                pos = j;
-                break;
-            }
+        for (int j = 0; j < count && pos < 0; ++j)
+            if (same(j)) pos = j;
         if (pos < 0) {
             pos = std::min(count, maxN - 1);
-            while (scores[std::size_t(pos)] < score && pos > 0) --pos;
+            while (e[pos].score < in.score && pos > 0) --pos;
         }
-        if (scores[std::size_t(pos)] > score && !aq::SameMorph(keys[std::size_t(pos)], key)) ++pos;
-        pos = std::min(pos, count);
-        pos = std::min(pos, maxN - 1);
-        std::size_t p = std::size_t(pos);
-        if (aq::SameMorph(keys[p], key) || pos == count || pos + 1 == maxN) {
-            if (scores[p] >= score) return;
-            records[p] = pool.drifters[std::size_t(i)];
-            scores[p] = score;
-            if (pos >= count && !aq::SameMorph(keys[p], key)) count = pos + 1;
-            keys[p] = key;
-            while (pos > 0 && scores[std::size_t(pos)] > scores[std::size_t(pos - 1)]) {
-                std::swap(scores[std::size_t(pos)], scores[std::size_t(pos - 1)]);
-                std::swap(keys[std::size_t(pos)], keys[std::size_t(pos - 1)]);
-                std::swap(records[std::size_t(pos)], records[std::size_t(pos - 1)]);
-                --pos;
-            }
+        if (e[pos].score > in.score && !same(pos)) ++pos;
+        pos = std::min({pos, count, maxN - 1});
+        if (same(pos) || pos == count || pos + 1 == maxN) {
+            if (e[pos].score >= in.score) return;
+            if (pos >= count && !same(pos)) count = pos + 1;
+            e[pos] = in;
+            for (; pos > 0 && e[pos].score > e[pos - 1].score; --pos) std::swap(e[pos], e[pos - 1]);
             for (int j = pos + 1; j < count;) {
-                if (aq::SameMorph(keys[std::size_t(j)], key)) {
-                    for (int m = j + 1; m < count; ++m) moveEntry(m, m - 1);
-                    --count;
-                } else {
+                if (!same(j)) {
                     ++j;
+                    continue;
                 }
+                for (int m = j + 1; m < count; ++m) e[m - 1] = e[m];
+                --count;
             }
-            return;
-        }
-        if (scores[p] < score) {
-            for (int m = count - 2; m >= pos; --m) moveEntry(m, m + 1);
-            records[p] = pool.drifters[std::size_t(i)];
-            scores[p] = score;
-            keys[p] = key;
+        } else if (e[pos].score < in.score) {
+            for (int m = count - 2; m >= pos; --m) e[m + 1] = e[m];
+            e[pos] = in;
         }
     }
 };
@@ -106,10 +85,9 @@ aq::DrifterRec randomDrifter(std::mt19937& rng, int id) {
 }
 
 aq::Pool randomPool(std::mt19937& rng, int n) {
-    aq::Pool p = makePool(0, 1);
-    for (int i = 0; i < n; ++i) p.drifters.push_back(randomDrifter(rng, i));
-    p.drifterCount = n;
-    return p;
+    std::vector<aq::DrifterRec> ds;
+    for (int i = 0; i < n; ++i) ds.push_back(randomDrifter(rng, i));
+    return poolOf(ds, 1);
 }
 
 TEST(Harvest, FastListMatchesTheArrayScanOnRandomFolders) {
@@ -128,31 +106,25 @@ TEST(Harvest, FastListMatchesTheArrayScanOnRandomFolders) {
             for (int i = 0; i < p.drifterCount; ++i) ref.consider(p, i, norm);
             ASSERT_EQ(fast.count(), ref.count) << "seed " << seed << " pool " << k;
             for (int j = 0; j <= maxN; ++j) {
-                ASSERT_EQ(fast.score(j), ref.scores[std::size_t(j)]) << "seed " << seed << " place " << j;
-                if (j < ref.count) {
-                    ASSERT_EQ(0, std::memcmp(&fast.record(j), &ref.records[std::size_t(j)], sizeof(aq::DrifterRec)))
-                        << "seed " << seed << " place " << j;
-                }
+                ASSERT_EQ(fast.score(j), ref.e[j].score) << "seed " << seed << " place " << j;
+                ASSERT_TRUE(j >= ref.count || !std::memcmp(&fast.record(j), &ref.e[j].record, sizeof(aq::DrifterRec)))
+                    << "seed " << seed << " record " << j;
             }
         }
     }
 }
 
 TEST(Harvest, Scores) {
-    aq::Pool p = makePool(0, 0);
-    aq::DrifterRec dead = makeDrifter(0, 16);
+    aq::DrifterRec dead = makeDrifter(0, 16), newborn = makeDrifter(1, 3), grown = makeDrifter(2, 2);
     dead.segmentCount = 35;
     dead.alive = 0;
-    aq::DrifterRec newborn = makeDrifter(1, 3);
     newborn.mealsEaten = 5;
-    aq::DrifterRec grown = makeDrifter(2, 2);
     grown.age = 256;
     grown.mealsEaten = 2;
     grown.maternalOffspring = 3;
     grown.paternalOffspring = 1;
     grown.velocityX = 0.00003f;
-    p.drifters = {dead, newborn, grown};
-    p.drifterCount = 3;
+    aq::Pool p = poolOf({dead, newborn, grown});
     EXPECT_FLOAT_EQ(aq::SuccessScore(p, 0), 1.0f);
     EXPECT_FLOAT_EQ(aq::SuccessScore(p, 1), 0.0f);
     // (2/35 + 2 + 1 + 1) / 1.1 / 1.05 / 1.07, times the eighth root of 256 (2).
@@ -161,7 +133,7 @@ TEST(Harvest, Scores) {
     EXPECT_NEAR(aq::SuccessNorm(p), (4.1 / std::sqrt(2.0) + 1) / std::sqrt(2.0), 1e-5);
     p.drifters[1].segmentCount = 0;
     EXPECT_FLOAT_EQ(aq::SuccessNorm(p), -1.0f);
-    EXPECT_FLOAT_EQ(aq::SuccessNorm(makePool(0, 0)), 1.0f);
+    EXPECT_FLOAT_EQ(aq::SuccessNorm(poolOf({})), 1.0f);
 }
 
 // A live drifter whose score is `meals` + its length share; shapes by segment count.
@@ -189,112 +161,88 @@ aq::DrifterRec longer(aq::DrifterRec d) {
     return d;
 }
 
-aq::DrifterRec unborn(aq::DrifterRec d) {
-    d.age = 0;
-    return d;
-}
-
 TEST(Harvest, ListCases) {
     auto c = candidate;
-    struct Case {
-        const char* what;
-        int maxN;
-        std::vector<aq::DrifterRec> drifters;
-        std::vector<int> ids;
-    } cases[] = {
+    aq::DrifterRec newborn = c(1, 3, 9);
+    newborn.age = 0;
+    // A better new shape inside the list pushes the last entry out, even with room to spare.
+    // In the shared-line cases 3 and 1 share the plain key line, not the detailed one: one
+    // place for both; in the last, 3 takes the place of 1 (plain line) and removes 2
+    // (detailed line) below it.
+    const std::tuple<const char*, int, std::vector<aq::DrifterRec>, std::vector<int>> cases[] = {
         {"ties keep the first", 10, {c(1, 3, 4), c(2, 3, 4)}, {1}},
         {"the better of a shape replaces it", 10, {c(1, 3, 4), c(2, 3, 6)}, {2}},
-        // A better new shape inside the list pushes the last entry out, even with room to spare.
         {"a better new shape", 10, {c(1, 3, 4), c(2, 4, 6), c(3, 5, 5)}, {2, 3}},
         {"worse shapes are appended", 10, {c(1, 5, 6), c(2, 4, 5), c(3, 3, 4)}, {1, 2, 3}},
         {"maxN 1: every better shape takes the place", 1, {c(1, 3, 4), c(2, 4, 6), c(3, 5, 5), c(4, 6, 9)}, {4}},
-        // 3 and 1 share the plain key line, not the detailed one: one place for both.
         {"shared key line, lower", 10, {c(1, 3, 5), c(2, 4, 2), tapered(c(3, 3, 3))}, {1, 2}},
         {"shared key line, higher", 10, {c(1, 3, 5), c(2, 4, 2), tapered(c(3, 3, 9))}, {3, 2}},
-        // 3 takes the place of 1 (plain line) and removes 2 (detailed line) below it.
         {"every shape-mate goes", 10, {c(1, 3, 5), longer(tapered(c(2, 3, 3))), tapered(c(3, 3, 9))}, {3}},
-        {"newborn", 10, {unborn(c(1, 3, 9))}, {}},
+        {"newborn", 10, {newborn}, {}},
     };
-    for (const Case& k : cases) {
-        aq::Pool p = makePool(0, 0);
-        p.drifters = k.drifters;
-        p.drifterCount = static_cast<int>(k.drifters.size());
-        aq::HarvestList list(makePool(0, 0), k.maxN);
-        list.considerPool(p, 1.0f);
-        std::vector<int> ids;
-        for (int j = 0; j < list.count(); ++j) ids.push_back(list.record(j).id);
-        EXPECT_EQ(ids, k.ids) << k.what;
+    for (const auto& [what, maxN, drifters, ids] : cases) {
+        const aq::Pool start = poolOf({});  // outlives the list
+        aq::HarvestList list(start, maxN);
+        list.considerPool(poolOf(drifters), 1.0f);
+        std::vector<int> listed;
+        for (int j = 0; j < list.count(); ++j) listed.push_back(list.record(j).id);
+        EXPECT_EQ(listed, ids) << what;
     }
 }
 
 // An open pool of three candidates (ids 100 to 102, best first) and four food bits; a folder to harvest.
-struct Rig {
-    ManualClock clock;
-    ScriptedUi ui;
-    aq::App app{ui, clock};
+struct Rig : UiRig {
     TempDir dir;
     const std::vector<int> untouched{100, 101, 102};
 
     Rig() {
         app.comboPoolPath = dir.path();
-        app.openPool = makePool(0, 4);
-        for (int i = 0; i < 3; ++i) app.openPool.drifters.push_back(candidate(100 + i, 3 + i, 3 - i));
-        app.openPool.drifterCount = 3;
+        app.openPool = poolOf({candidate(100, 3, 3), candidate(101, 4, 2), candidate(102, 5, 1)}, 4);
         app.poolLoaded = true;
         app.openPoolPath = "/somewhere/open.aqp";
     }
     void writePoolFile(const std::string& name, std::vector<aq::DrifterRec> ds) {
-        aq::Pool p = makePool(0, 1);
-        p.drifters = std::move(ds);
-        p.drifterCount = static_cast<int>(p.drifters.size());
-        ASSERT_EQ(aq::writePool(dir.file(name), p), "");
+        ASSERT_EQ(aq::writePool(dir.file(name), poolOf(std::move(ds), 1)), "");
     }
-    std::vector<int> ids() const {
-        std::vector<int> r;
-        for (int i = 0; i < app.openPool.drifterCount; ++i) r.push_back(app.openPool.drifters[std::size_t(i)].id);
-        return r;
-    }
-    void harvest(const std::string& folder, int maxCount, bool manual, bool draw) {
-        aq::HarvestSuccessful(app, folder, 0, maxCount, manual, draw);
+    std::vector<int> ids() const { return idsOf(app.openPool); }
+    bool harvest(const std::string& folder, int maxCount, bool manual, bool draw, int* skipped = nullptr) {
+        bool listed = aq::HarvestSuccessful(app, folder, 0, maxCount, manual, draw, skipped);
         EXPECT_TRUE(ui.done()) << ui.report();
+        return listed;
     }
 };
 
 TEST(Harvest, CommandAnswers) {
-    struct Case {
-        aq::Answer go;
-        std::string answer;
-        std::vector<int> ids;  // empty: the open pool stays as it was
-    } cases[] = {
-        {aq::Answer::No, "", {}},
-        {aq::Answer::Yes, "0", {}},
-        {aq::Answer::Yes, "abc", {}},
-        {aq::Answer::Yes, "", {}},
-        {aq::Answer::Yes, " 2000", {7, 100, 101}},
-        {aq::Answer::Yes, "40000", {7, 100, 101}},
-        {aq::Answer::Yes, "1.6", {7, 100}},
-        {aq::Answer::Yes, "1", {7}},
-    };
-    for (const Case& c : cases) {
+    // The answer to the maximum ("-": the warning declined); the harvest's ids, none when the
+    // open pool stays.
+    const std::pair<std::string, std::vector<int>> cases[] = {{"-", {}},
+                                                              {"0", {}},
+                                                              {"abc", {}},
+                                                              {"", {}},
+                                                              {" 2000", {7, 100, 101}},
+                                                              {"40000", {7, 100, 101}},
+                                                              {"-40000", {7, 100, 101}},
+                                                              {"-32768", {}},
+                                                              {"1.6", {7, 100}},
+                                                              {"1", {7}}};
+    for (const auto& [answer, ids] : cases) {
+        const aq::Answer go = answer == "-" ? aq::Answer::No : aq::Answer::Yes;
         Rig r;
         r.writePoolFile("b.AQP", {candidate(7, 9, 20)});
-        r.ui.ask("yesno", aq::kHarvestWarning, aq::kAppTitle, c.go);
-        if (c.go == aq::Answer::Yes)
+        r.ui.ask("yesno", aq::kHarvestWarning, aq::kAppTitle, go);
+        if (go == aq::Answer::Yes)
             r.ui.text(
                 "You can set the maximum number of drifters for the resulting pool anywhere from 1 to  2000.\r\nThe "
                 "default is 2000.  What is the maximum would you like to set?",
-                "Set Maximum", c.answer);
+                "Set Maximum", answer);
         aq::GetSuccessfulCommand(r.app);
         EXPECT_TRUE(r.ui.done()) << r.ui.report();
-        if (c.ids.empty()) {
-            EXPECT_EQ(r.ids(), r.untouched) << c.answer;
-            EXPECT_EQ(r.app.openPoolPath, "/somewhere/open.aqp");
-            continue;
-        }
-        EXPECT_EQ(r.ids(), c.ids) << c.answer;
-        EXPECT_EQ(r.app.openPoolPath, "");
+        const bool harvested = !ids.empty();
+        EXPECT_EQ(r.ids(), harvested ? ids : r.untouched) << answer;
+        EXPECT_EQ(r.app.openPoolPath, harvested ? "" : "/somewhere/open.aqp");
+        if (!harvested) continue;
         EXPECT_TRUE(r.app.poolChanged);
-        EXPECT_EQ(r.app.lstSpeciatePool.count(), static_cast<int>(c.ids.size()));
+        EXPECT_EQ(r.app.lstSpeciatePool.count(), static_cast<int>(ids.size()));
         EXPECT_EQ(r.app.lstPoolFood.count(), 4);  // the open pool's food
         EXPECT_TRUE(r.app.poolSpeciesPending);
     }
@@ -302,14 +250,13 @@ TEST(Harvest, CommandAnswers) {
 
 TEST(Harvest, FoldersAndFailures) {
     Rig empty;  // an empty folder harvests the open pool alone
-    empty.harvest(empty.dir.path(), 2000, true, false);
+    EXPECT_TRUE(empty.harvest(empty.dir.path(), 2000, true, false));
     EXPECT_EQ(empty.ids(), empty.untouched);
 
     Rig gone;  // a folder that can't be listed
-    const std::string missing = gone.dir.file("gone");
-    gone.ui.message("Error reading " + missing + ", error: No such file or directory",
-                    "Aquarium File Manager - Load Drifter Files");
-    gone.harvest(missing, 2000, true, false);
+    const std::string missing = gone.dir.file("gone"), title = "Aquarium File Manager - Load Drifter Files";
+    gone.ui.message("Error reading " + missing + ", error: No such file or directory", title);
+    EXPECT_FALSE(gone.harvest(missing, 2000, true, false));
     EXPECT_EQ(gone.ids(), gone.untouched);
     EXPECT_EQ(gone.app.openPoolPath, "/somewhere/open.aqp");
 
@@ -327,20 +274,17 @@ TEST(Harvest, FoldersAndFailures) {
     negative.replace(12, 4, std::string(4, '\xFF'));
     writeBytes(r.dir.file("b2.aqp"), negative);
     r.ui.message("Not a Aquarium 4 or 5 data file");
-    int expectSkipped = 1;
+    int expectSkipped = 1, skipped = 0;
 #ifndef _WIN32  // a FIFO and links that lead nowhere
     ASSERT_EQ(::mkfifo(r.dir.file("b3.aqp").c_str(), 0644), 0);
     std::filesystem::create_symlink("nowhere.aqp", r.dir.file("b4.aqp"));
     std::filesystem::create_symlink("b5.aqp", r.dir.file("b5.aqp"));
-    const std::string title = "Aquarium File Manager - Load Drifter Files";
     r.ui.message("Error opening b3.aqp, error: Not a regular file", title)
         .message("Error opening b4.aqp, error: No such file or directory", title)
         .message("Error opening b5.aqp, error: Too many levels of symbolic links", title);
     expectSkipped = 4;
 #endif
-    int skipped = 0;
-    aq::HarvestSuccessful(r.app, r.dir.path(), 0, 2000, true, false, &skipped);
-    EXPECT_TRUE(r.ui.done()) << r.ui.report();
+    EXPECT_TRUE(r.harvest(r.dir.path(), 2000, true, false, &skipped));
     clean.harvest(clean.dir.path(), 2000, true, false);
     EXPECT_EQ(r.ids(), clean.ids());
     EXPECT_EQ(r.ids(), (std::vector<int>{7, 1, 3, 100}));

@@ -1,24 +1,22 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <functional>
 
+#include "SeriesFakes.h"
 #include "generator/Random.h"
 #include "series/PrepareSteps.h"
-#include "support/PoolFixtures.h"
 
 using namespace aqtest;
 
 namespace {
 
 // A pool of these drifters, numbered in order.
-aq::Pool poolOf(std::vector<aq::DrifterRec> drifters) {
-    aq::Pool p = makePool(0, 3);
-    p.drifterCount = static_cast<int>(drifters.size());
-    p.drifters = std::move(drifters);
-    for (int i = 0; i < p.drifterCount; ++i) p.drifters[std::size_t(i)].id = i;
-    return p;
+aq::Pool numbered(std::vector<aq::DrifterRec> drifters) {
+    for (std::size_t i = 0; i < drifters.size(); ++i) drifters[i].id = static_cast<int>(i);
+    return poolOf(std::move(drifters), 3);
 }
 
 aq::DrifterRec at(float x, float y, float energy = 100, int age = 0, int segments = 1) {
@@ -29,59 +27,50 @@ aq::DrifterRec at(float x, float y, float energy = 100, int age = 0, int segment
 }
 
 TEST(PrepareSteps, DrainNearTheEdge) {
-    struct Case {
-        float x, y, energy, expected;
-    } cases[] = {
-        {4000, 0, 40, 15},  // the drain of sqrt(3000) is cut to half the energy plus 5
-        {4000, 0, 6, 6},    // 8 + 5 is not below 6: unchanged
-        {-4000, 0, 200, 200 - static_cast<float>(std::sqrt(3000.0))},
-        {0, 3800, 100, 100 - static_cast<float>(std::sqrt(1000.0))},
-        {3699, 0, 100, 100},      // 301 from the edge
-        {3700.05f, 0, 100, 100},  // a drain of 1 or less is not taken
-    };
-    for (const Case& c : cases) {
-        aq::Pool p = poolOf({at(c.x, c.y, c.energy)});
+    // The drain of sqrt(3000) at the edge is cut to half the energy plus 5, unless that is not
+    // below the energy; 301 from the edge nothing is drained, nor a drain of 1 or less.
+    const std::array<float, 4> cases[] = {{4000, 0, 40, 15},
+                                          {4000, 0, 6, 6},
+                                          {-4000, 0, 200, 200 - static_cast<float>(std::sqrt(3000.0))},
+                                          {0, 3800, 100, 100 - static_cast<float>(std::sqrt(1000.0))},
+                                          {3699, 0, 100, 100},
+                                          {3700.05f, 0, 100, 100}};
+    for (auto [x, y, energy, after] : cases) {
+        aq::Pool p = numbered({at(x, y, energy)});
         aq::drainEdgeEnergy(p);
-        EXPECT_FLOAT_EQ(p.drifters[0].energy, c.expected) << c.x << "," << c.y << " energy " << c.energy;
+        EXPECT_FLOAT_EQ(p.drifters[0].energy, after) << x << "," << y << " energy " << energy;
     }
 }
 
 TEST(PrepareSteps, RestoreYouthByDistanceAndSegments) {
-    struct Case {
-        float x, y;
-        int segments, age, expected;
-    } cases[] = {
-        {3900, 0, 1, 300, 300},                          // exactly at the distance: unchanged
-        {0, -3899, 1, 300, 100}, {3000, 0, 2, 300, 38},  // 37.5 rounds to even
-        {100, 100, 3, 300, 20},  {100, 100, 16, 45, 3}, {5000, 5000, 3, 300, 300},
-    };
-    for (const Case& c : cases) {
-        aq::Pool p = poolOf({at(c.x, c.y, 100, c.age, c.segments)});
+    // Exactly at the distance of 3900 nothing changes; 37.5 rounds to even.
+    const std::tuple<float, float, int, int, int> cases[] = {{3900, 0, 1, 300, 300}, {0, -3899, 1, 300, 100},
+                                                             {3000, 0, 2, 300, 38},  {100, 100, 3, 300, 20},
+                                                             {100, 100, 16, 45, 3},  {5000, 5000, 3, 300, 300}};
+    for (auto [x, y, segments, age, after] : cases) {
+        aq::Pool p = numbered({at(x, y, 100, age, segments)});
         aq::restoreYouth(p);
-        EXPECT_EQ(p.drifters[0].age, c.expected) << c.x << "," << c.y;
+        EXPECT_EQ(p.drifters[0].age, after) << x << "," << y;
     }
 }
 
 TEST(PrepareSteps, GravityFactorKeepsTheBody) {
-    struct Case {
-        float percent, factor;
-    } cases[] = {{10, 0.9f}, {100, 0}, {150, 0.5f}, {0, 0}};
-    for (const Case& c : cases) {
-        aq::Pool p = poolOf({at(1000, -2000)});
+    for (auto [percent, factor] : {std::pair{10.0f, 0.9f}, {100.0f, 0.0f}, {150.0f, 0.5f}, {0.0f, 0.0f}}) {
+        aq::Pool p = numbered({at(1000, -2000)});
         p.drifters[0].prevX = 1010;
         p.drifters[0].segments[0].point3Y = -1990;
         p.food[0].x = 400;
         p.food[0].y = -800;
-        aq::gravitateToCenter(p, c.percent, true, true);
+        aq::gravitateToCenter(p, percent, true, true);
         const aq::DrifterRec& d = p.drifters[0];
-        EXPECT_FLOAT_EQ(d.x, 1000 * c.factor) << c.percent;
-        EXPECT_FLOAT_EQ(d.y, -2000 * c.factor) << c.percent;
-        EXPECT_NEAR(d.prevX - d.x, 10, 1e-3) << c.percent;
-        EXPECT_NEAR(d.segments[0].point3Y - d.y, 10, 1e-3) << c.percent;
-        EXPECT_FLOAT_EQ(p.food[0].x, 400 * c.factor);
-        EXPECT_FLOAT_EQ(p.food[0].y, -800 * c.factor);
+        EXPECT_FLOAT_EQ(d.x, 1000 * factor) << percent;
+        EXPECT_FLOAT_EQ(d.y, -2000 * factor) << percent;
+        EXPECT_NEAR(d.prevX - d.x, 10, 1e-3) << percent;
+        EXPECT_NEAR(d.segments[0].point3Y - d.y, 10, 1e-3) << percent;
+        EXPECT_FLOAT_EQ(p.food[0].x, 400 * factor);
+        EXPECT_FLOAT_EQ(p.food[0].y, -800 * factor);
     }
-    aq::Pool p = poolOf({at(1000, 1000)});
+    aq::Pool p = numbered({at(1000, 1000)});
     p.food[0].x = 400;
     aq::gravitateToCenter(p, 50, false, true);
     EXPECT_FLOAT_EQ(p.drifters[0].x, 1000);
@@ -98,7 +87,7 @@ TEST(PrepareSteps, PrepareHarvestShrinksTheCircleForSmallPools) {
         d.paternalOffspring = 1;
         ds.push_back(d);
     }
-    aq::Pool p = poolOf(ds);
+    aq::Pool p = numbered(ds);
     aq::prepareHarvest(p, 2500.0f);
     float widest = 0;
     for (const aq::DrifterRec& d : p.drifters) {
@@ -109,12 +98,12 @@ TEST(PrepareSteps, PrepareHarvestShrinksTheCircleForSmallPools) {
         EXPECT_EQ(d.mealsEaten + d.maternalOffspring + d.paternalOffspring, 0);
     }
     EXPECT_GT(widest, 900.0f);
-    EXPECT_EQ(p.drifters[0].age, 250);    // 7500 / 75 + 150
-    EXPECT_EQ(p.drifters[1].age, 250);    // 100.01 + 150
-    EXPECT_EQ(p.drifters[124].age, 252);  // 101.65 + 150
+    // Ages 7500 / 75 + 150, 100.01 + 150 and 101.65 + 150.
+    EXPECT_EQ(std::vector<int>({p.drifters[0].age, p.drifters[1].age, p.drifters[124].age}),
+              std::vector<int>({250, 250, 252}));
 
     // No radius: nothing is moved and no random number is used.
-    aq::Pool q = poolOf({at(3000, 3000)});
+    aq::Pool q = numbered({at(3000, 3000)});
     std::uint32_t before = aq::randomState();
     aq::prepareHarvest(q, 0);
     EXPECT_FLOAT_EQ(q.drifters[0].x, 3000);
@@ -123,26 +112,23 @@ TEST(PrepareSteps, PrepareHarvestShrinksTheCircleForSmallPools) {
     // Small circles in wide pools take millions of draws and still place every drifter
     // as drawing one by one would; the draws come round after 2^23, and a circle no draw
     // of a round meets keeps the first point drawn.
-    struct Case {
-        float edge;
-        int drifters;
-        std::uint32_t state;
-    } cases[] = {{16000, 1, 1}, {40000, 2, 0x123456}, {40000, 2, 1}, {-100, 2, 1}};
-    for (const Case& c : cases) {
-        SCOPED_TRACE(std::to_string(c.edge) + " " + std::to_string(c.state));
-        const float low = c.edge < 0 ? 100 : -c.edge, high = c.edge < 0 ? 200 : c.edge;
-        aq::Pool pool = poolOf(std::vector<aq::DrifterRec>(std::size_t(c.drifters), at(3000, 3000)));
+    const std::tuple<float, int, std::uint32_t> cases[] = {
+        {16000, 1, 1}, {40000, 2, 0x123456}, {40000, 2, 1}, {-100, 2, 1}};
+    for (auto [edge, drifters, state] : cases) {
+        SCOPED_TRACE(std::to_string(edge) + " " + std::to_string(state));
+        const float low = edge < 0 ? 100 : -edge, high = edge < 0 ? 200 : edge;
+        aq::Pool pool = numbered(std::vector<aq::DrifterRec>(std::size_t(drifters), at(3000, 3000)));
         pool.minX = pool.minY = low;
         pool.maxX = pool.maxY = high;
-        aq::setRandomState(c.state);
+        aq::setRandomState(state);
         std::vector<float> want;
-        for (int i = 0; i < c.drifters; ++i) {
+        for (int i = 0; i < drifters; ++i) {
             const std::uint32_t start = aq::randomState();
             float x = 0, y = 0;
             auto inside = [&] {
                 x = aq::RandomNext() * (high - low) + low;
                 y = aq::RandomNext() * (high - low) + low;
-                return std::sqrt(double(x) * x + double(y) * y) <= 10.0 * c.drifters;
+                return std::sqrt(double(x) * x + double(y) * y) <= 10.0 * drifters;
             };
             long k = 0;
             while (k < (1L << 23) && !inside()) ++k;
@@ -153,11 +139,11 @@ TEST(PrepareSteps, PrepareHarvestShrinksTheCircleForSmallPools) {
             want.insert(want.end(), {x, y});
         }
         const std::uint32_t wantState = aq::randomState();
-        aq::setRandomState(c.state);
+        aq::setRandomState(state);
         aq::prepareHarvest(pool, 2500.0f);
-        for (int i = 0; i < c.drifters; ++i)
-            EXPECT_EQ(std::vector<float>({pool.drifters[std::size_t(i)].x, pool.drifters[std::size_t(i)].y}),
-                      std::vector<float>(want.begin() + 2 * i, want.begin() + 2 * i + 2));
+        std::vector<float> got;
+        for (const aq::DrifterRec& d : pool.drifters) got.insert(got.end(), {d.x, d.y});
+        EXPECT_EQ(got, want);
         EXPECT_EQ(aq::randomState(), wantState);
     }
 }
@@ -170,27 +156,27 @@ TEST(PrepareSteps, StillbornsAndMinimumDrifters) {
     aq::DrifterRec moving = still, fed = still;
     moving.velocityX = -0.00005f;
     fed.energy = 100;
-    aq::Pool p = poolOf({still, moving, fed});
+    aq::Pool p = numbered({still, moving, fed});
     aq::markStillborns(p);
     EXPECT_EQ(p.drifters[0].alive + 2 * p.drifters[1].alive + 4 * p.drifters[2].alive, 6);
     EXPECT_FLOAT_EQ(p.drifters[0].x, 0);
     EXPECT_FLOAT_EQ(p.drifters[0].segments[1].point2X, 0);
 
     // The killed one alone: revived and copied, both below 50 and so fed 50, nothing left to delete.
-    aq::Pool one = poolOf({p.drifters[0]});
+    aq::Pool one = numbered({p.drifters[0]});
     aq::ensureMinimumDrifters(one, 1);
     aq::deleteDeadDrifters(one);
     ASSERT_EQ(one.drifterCount, 2);
     for (const aq::DrifterRec& d : one.drifters) EXPECT_FLOAT_EQ(d.energy, 60);
 
     // Enough records: dead ones are revived in order until two live, the rest left alone.
-    aq::Pool r = poolOf({at(0, 0), at(0, 0), at(0, 0)});
+    aq::Pool r = numbered({at(0, 0), at(0, 0), at(0, 0)});
     for (auto& d : r.drifters) d.alive = 0;
     aq::ensureMinimumDrifters(r, 1);
     EXPECT_EQ(r.drifters[0].alive + r.drifters[1].alive + 2 * r.drifters[2].alive, 2);
 
     // A copy near the edge gets less.
-    aq::Pool e = poolOf({at(3950, 0, 20)});
+    aq::Pool e = numbered({at(3950, 0, 20)});
     aq::ensureMinimumDrifters(e, -5);
     ASSERT_EQ(e.drifterCount, 5);
     EXPECT_FLOAT_EQ(e.drifters[4].energy, 30);
@@ -198,28 +184,19 @@ TEST(PrepareSteps, StillbornsAndMinimumDrifters) {
 
 TEST(PrepareSteps, SortOrderAndLimit) {
     // The first gap moves the 0 over the first 1, which reverses the two 1s.
-    struct Case {
-        std::vector<int> ages;
-        std::vector<int> ids;
-    } cases[] = {
-        {{1, 1, 0, 5}, {2, 1, 0, 3}},
-        {{3, 1, 2, 1}, {1, 3, 2, 0}},
-        {{2, 2, 2}, {0, 1, 2}},
-        {{}, {}},
-    };
-    for (const Case& c : cases) {
+    const std::pair<std::vector<int>, std::vector<int>> cases[] = {
+        {{1, 1, 0, 5}, {2, 1, 0, 3}}, {{3, 1, 2, 1}, {1, 3, 2, 0}}, {{2, 2, 2}, {0, 1, 2}}, {{}, {}}};
+    for (const auto& [ages, ids] : cases) {
         std::vector<aq::DrifterRec> ds;
-        for (std::size_t i = 0; i < c.ages.size(); ++i) ds.push_back(at(0, 0, 100, c.ages[i]));
-        aq::Pool p = poolOf(ds);
+        for (int age : ages) ds.push_back(at(0, 0, 100, age));
+        aq::Pool p = numbered(ds);
         aq::sortDrifters(p);
-        std::vector<int> ids;
-        for (const auto& d : p.drifters) ids.push_back(d.id);
-        EXPECT_EQ(ids, c.ids);
+        EXPECT_EQ(idsOf(p), ids);
     }
     // Many gaps, then the youngest 1000 live on.
     std::vector<aq::DrifterRec> ds;
     for (int i = 0; i < 1500; ++i) ds.push_back(at(0, 0, 100, (i * 7919) % 1500));
-    aq::Pool p = poolOf(ds);
+    aq::Pool p = numbered(ds);
     aq::sortDrifters(p);
     EXPECT_TRUE(std::is_sorted(p.drifters.begin(), p.drifters.end(),
                                [](const auto& a, const auto& b) { return a.age < b.age; }));
@@ -230,22 +207,19 @@ TEST(PrepareSteps, SortOrderAndLimit) {
 }
 
 TEST(PrepareSteps, LimitsCountingAndStarters) {
-    aq::Pool p = poolOf({at(0, 0, 1, 10), at(0, 0, 1, 11), at(0, 0, 1, 12), at(0, 0, 1, 9)});
+    aq::Pool p = numbered({at(0, 0, 1, 10), at(0, 0, 1, 11), at(0, 0, 1, 12), at(0, 0, 1, 9)});
     EXPECT_EQ(aq::countYoungerThan(p, 11), 2);  // 11 itself does not count
     EXPECT_EQ(aq::countYoungerThan(p, 11.5f), 3);
     aq::deleteStarters(p, 11);  // 11 stays
-    ASSERT_EQ(p.drifterCount, 3);
-    EXPECT_EQ(p.drifters[1].age, 11);
-    EXPECT_EQ(p.drifters[2].age, 9);
+    EXPECT_EQ(idsOf(p), (std::vector<int>{0, 1, 3}));
 
-    aq::Pool h = poolOf({at(0, 0, 1, 3), at(0, 0, 1, 5), at(0, 0, 1, 7), at(0, 0, 1, -3)});
+    aq::Pool h = numbered({at(0, 0, 1, 3), at(0, 0, 1, 5), at(0, 0, 1, 7), at(0, 0, 1, -3)});
     aq::halveAges(h);
-    EXPECT_EQ(h.drifters[0].age, 2);
-    EXPECT_EQ(h.drifters[1].age, 2);
-    EXPECT_EQ(h.drifters[2].age, 4);
-    EXPECT_EQ(h.drifters[3].age, -2);
+    std::vector<int> ages;
+    for (const auto& d : h.drifters) ages.push_back(d.age);
+    EXPECT_EQ(ages, (std::vector<int>{2, 2, 4, -2}));
 
-    aq::Pool c = poolOf({at(0, 0)});
+    aq::Pool c = numbered({at(0, 0)});
     c.drifters[0].mealsEaten = c.drifters[0].maternalOffspring = c.drifters[0].paternalOffspring = 3;
     aq::resetCounters(c, false, true, true);
     EXPECT_EQ(c.drifters[0].mealsEaten, 3);
@@ -254,21 +228,14 @@ TEST(PrepareSteps, LimitsCountingAndStarters) {
 
 TEST(PrepareSteps, EmptyPoolPassesEveryStep) {
     aq::Pool p = makePool(0, 0);
-    const aq::Pool before = p;
-    std::vector<std::function<void(aq::Pool&)>> steps = {aq::markStillborns,
-                                                         [](aq::Pool& q) { aq::ensureMinimumDrifters(q, 1); },
-                                                         [](aq::Pool& q) { aq::limitLiveDrifters(q, 1); },
-                                                         [](aq::Pool& q) { aq::deleteDeadDrifters(q); },
-                                                         [](aq::Pool& q) { aq::sortDrifters(q); },
-                                                         aq::restoreYouth,
-                                                         aq::drainEdgeEnergy,
-                                                         aq::halveAges,
-                                                         [](aq::Pool& q) { aq::prepareHarvest(q, 2500); },
-                                                         [](aq::Pool& q) { aq::deleteStarters(q, 0); },
-                                                         aq::applyPlague};
-    for (auto& step : steps) step(p);
+    for (auto step : std::vector<std::function<void(aq::Pool&)>>{
+             aq::markStillborns, aq::restoreYouth, aq::drainEdgeEnergy, aq::halveAges, aq::applyPlague,
+             [](aq::Pool& q) { aq::ensureMinimumDrifters(q, 1); }, [](aq::Pool& q) { aq::limitLiveDrifters(q, 1); },
+             [](aq::Pool& q) { aq::deleteDeadDrifters(q); }, [](aq::Pool& q) { aq::sortDrifters(q); },
+             [](aq::Pool& q) { aq::prepareHarvest(q, 2500); }, [](aq::Pool& q) { aq::deleteStarters(q, 0); }})
+        step(p);
     EXPECT_EQ(p.drifterCount, 0);
-    EXPECT_EQ(p.foodCount, before.foodCount);
+    EXPECT_EQ(p.foodCount, 0);
 }
 
 // Drifters of one body plan; `length` sets the length class of the full key.
@@ -282,27 +249,21 @@ aq::DrifterRec shaped(int segments, float lengthPerSegment, int meals) {
 }
 
 TEST(PrepareSteps, PlagueStrikesTheCommonestSuccessfulForm) {
-    struct Case {
-        const char* what;
-        std::vector<std::pair<int, aq::DrifterRec>> groups;
-        int survivors;
-    } cases[] = {
-        // Pass 1 takes the best's full key (50 of 120 > a quarter); the 70 left share one key.
+    // Pass 1 takes the best's full key when it holds more than a quarter (50 of 120), pass 2
+    // then its plan when that holds more than three quarters of the rest (45 of 55); not when
+    // all share the key, nor when the best form is too rare in both passes.
+    const std::tuple<const char*, std::vector<std::pair<int, aq::DrifterRec>>, int> cases[] = {
         {"full key", {{50, shaped(3, 100, 9)}, {70, shaped(2, 100, 1)}}, 70},
-        // Pass 2 then takes the plan (45 of 55 > three quarters).
         {"then the plan", {{45, shaped(3, 100, 9)}, {45, shaped(3, 1000, 5)}, {10, shaped(2, 100, 1)}}, 10},
-        // All share the key: no plague.
         {"all alike", {{110, shaped(3, 100, 9)}}, 110},
-        // The best form is too rare in both passes.
         {"rare best", {{20, shaped(3, 100, 9)}, {90, shaped(2, 100, 1)}}, 110},
     };
-    for (const Case& c : cases) {
+    for (const auto& [what, groups, survivors] : cases) {
         std::vector<aq::DrifterRec> ds;
-        for (const auto& [n, d] : c.groups)
-            for (int i = 0; i < n; ++i) ds.push_back(d);
-        aq::Pool p = poolOf(ds);
+        for (const auto& [n, d] : groups) ds.insert(ds.end(), std::size_t(n), d);
+        aq::Pool p = numbered(ds);
         aq::applyPlague(p);
-        EXPECT_EQ(p.drifterCount, c.survivors) << c.what;
+        EXPECT_EQ(p.drifterCount, survivors) << what;
     }
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 // An in-process simulator and a Ui whose yields move a manual clock, so whole series
-// run in virtual time.
+// run in virtual time; small pools of given drifters.
 #include <functional>
 #include <set>
 #include <string>
@@ -11,6 +11,7 @@
 #include "series/SeriesLinks.h"
 #include "series/Simulator.h"
 #include "support/ManualClock.h"
+#include "support/PoolFixtures.h"
 #include "support/ScriptedUi.h"
 
 namespace aqtest {
@@ -26,7 +27,7 @@ public:
     double diesAfter = -1;     // seconds from start until the process dies; < 0 never
     std::function<void(aq::Pool&)> evolve = [](aq::Pool& p) {
         p.clock += 100;
-        for (int i = 0; i < p.drifterCount; ++i) p.drifters[static_cast<std::size_t>(i)].age += 100;
+        for (int i = 0; i < p.drifterCount; ++i) p.drifters[i].age += 100;
     };
     int starts = 0;
     bool overlap = false;  // a start came while the last one still ran
@@ -97,5 +98,39 @@ public:
         if (onYield) onYield();
     }
 };
+
+// An App on a manual clock whose Ui plays a script.
+struct UiRig {
+    ManualClock clock;
+    ScriptedUi ui;
+    aq::App app{ui, clock};
+};
+
+// The clock, the ticking Ui and the fake simulator wired into one App.
+struct SimRig {
+    ManualClock clock;
+    TickingUi ui{clock};
+    aq::App app{ui, clock};
+    FakeSimulator sim;
+    SimRig() {
+        sim.clock = &clock;
+        app.series.simulator = &sim;
+        app.series.pauseMs = 0;
+    }
+};
+
+// A pool of these drifters and `food` patterned food bits.
+inline aq::Pool poolOf(std::vector<aq::DrifterRec> drifters, int food = 0) {
+    aq::Pool p = makePool(0, food);
+    p.drifterCount = static_cast<int>(drifters.size());
+    p.drifters = std::move(drifters);
+    return p;
+}
+
+inline std::vector<int> idsOf(const aq::Pool& p) {
+    std::vector<int> ids;
+    for (int i = 0; i < p.drifterCount; ++i) ids.push_back(p.drifters[i].id);
+    return ids;
+}
 
 }  // namespace aqtest

@@ -1,65 +1,41 @@
 #include <gtest/gtest.h>
 
-#include "format/PoolFile.h"
+#include "SeriesFakes.h"
 #include "series/SeriesNames.h"
-#include "support/ManualClock.h"
-#include "support/PoolFixtures.h"
-#include "support/ScriptedUi.h"
 #include "support/TempDir.h"
 
 using namespace aqtest;
 
 TEST(SeriesNames, NextParent) {
-    struct Case {
-        std::string suffix;
-        bool branching;
-        std::string next;
-    } cases[] = {
+    const std::tuple<std::string, bool, std::string> cases[] = {
         {"", true, "0"},       {"", false, "1"},      {"9", true, "00"},  {"9", false, "10"},
         {"099", true, "100"},  {"999", true, "0000"}, {"23", true, "24"}, {"09", true, "10"},
         {"099", false, "100"}, {"00", true, "01"},    {"0", true, "1"},   {"19", false, "20"},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(aq::getNextParent(c.suffix, c.branching), c.next) << c.suffix << (c.branching ? " branching" : "");
+    for (const auto& [suffix, branching, next] : cases)
+        EXPECT_EQ(aq::getNextParent(suffix, branching), next) << suffix << (branching ? " branching" : "");
 }
 
 TEST(SeriesNames, OffspringPaths) {
-    struct Case {
-        std::string file, suffix;
-        int child;
-        bool branching;
-        std::string path;
-    } cases[] = {
-        {"/d/pool.aqp", "23", 1, true, "/d/pool24.aqp"},  {"/d/pool.aqp", "23", 0, true, "/d/pool230.aqp"},
-        {"/d/pool.aqp", "23", 0, false, "/d/pool24.aqp"}, {"/d/pool.aqp", "23", 1, false, ""},
-        {"/d/pool.aqp", "", 0, true, "/d/pool0.aqp"},     {"/d/pool.aqp", "", 1, true, ""},
-        {"/d/pool.aqp", "99", 0, true, "/d/pool990.aqp"}, {"/d/pool.aqp", "99", 1, true, ""},
-        {"/d/pool", "", 0, true, "/d/pool0.aqp"},         {"/d/a.b.AQP", "5", 1, true, "/d/a.b6.AQP"},
+    // Branching: child 0 appends a 0, child 1 is the next number of the same length, if any.
+    const std::tuple<std::string, std::string, int, bool, std::string> cases[] = {
+        {"/d/pool.aqp", "23", 1, true, "/d/pool24.aqp"},
+        {"/d/pool.aqp", "23", 0, true, "/d/pool230.aqp"},
+        {"/d/pool.aqp", "23", 0, false, "/d/pool24.aqp"},
+        {"/d/pool.aqp", "23", 1, false, ""},
+        {"/d/pool.aqp", "", 0, true, "/d/pool0.aqp"},
+        {"/d/pool.aqp", "", 1, true, ""},
+        {"/d/pool.aqp", "99", 0, true, "/d/pool990.aqp"},
+        {"/d/pool.aqp", "99", 1, true, ""},
+        {"/d/pool.aqp", "9", 1, true, ""},
+        {"/d/pool.aqp", "0", 1, true, "/d/pool1.aqp"},
+        {"/d/pool", "", 0, true, "/d/pool0.aqp"},
+        {"/d/a.b.AQP", "5", 1, true, "/d/a.b6.AQP"},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(aq::getOffspringSpec(c.file, c.suffix, c.child, c.branching), c.path)
-            << c.file << " " << c.suffix << " " << c.child;
+    for (const auto& [file, suffix, child, branching, path] : cases)
+        EXPECT_EQ(aq::getOffspringSpec(file, suffix, child, branching), path) << file << " " << suffix << " " << child;
     EXPECT_EQ(aq::seriesFileName("/d/pool", ""), "/d/pool.aqp");
     EXPECT_EQ(aq::seriesFileName("/d/pool.aqp", "099"), "/d/pool099.aqp");
-}
-
-TEST(SeriesNames, BranchingRunFromPoolAqp) {
-    // Each parent, in the order the series takes them, with its children.
-    std::string run, suffix;
-    for (int k = 0; k < 13; ++k) {
-        run += "pool" + suffix + ":";
-        for (int child = 0; child < 2; ++child) {
-            std::string p = aq::getOffspringSpec("/d/pool.aqp", suffix, child, true);
-            if (!p.empty()) run += " " + p.substr(3);
-        }
-        run += "\n";
-        suffix = aq::getNextParent(suffix, true);
-    }
-    EXPECT_EQ(run,
-              "pool: pool0.aqp\npool0: pool00.aqp pool1.aqp\npool1: pool10.aqp pool2.aqp\npool2: pool20.aqp pool3.aqp\n"
-              "pool3: pool30.aqp pool4.aqp\npool4: pool40.aqp pool5.aqp\npool5: pool50.aqp pool6.aqp\n"
-              "pool6: pool60.aqp pool7.aqp\npool7: pool70.aqp pool8.aqp\npool8: pool80.aqp pool9.aqp\n"
-              "pool9: pool90.aqp\npool00: pool000.aqp pool01.aqp\npool01: pool010.aqp pool02.aqp\n");
 }
 
 TEST(SeriesNames, MissingOffspring) {
@@ -79,7 +55,7 @@ TEST(SeriesNames, MissingOffspring) {
 
 namespace {
 
-// A pool whose drifter i has every gene equal to genes[i].
+// A pool whose drifter i has every gene equal to genes[i] and the id 100 + i.
 aq::Pool genePool(std::vector<int> genes) {
     aq::Pool p = makePool(static_cast<int>(genes.size()), 3);
     for (std::size_t i = 0; i < genes.size(); ++i) {
@@ -89,42 +65,30 @@ aq::Pool genePool(std::vector<int> genes) {
     return p;
 }
 
-std::vector<int> ids(const aq::Pool& p) {
-    std::vector<int> r;
-    for (int i = 0; i < p.drifterCount; ++i) r.push_back(p.drifters[static_cast<std::size_t>(i)].id);
-    return r;
-}
-
 }  // namespace
 
 TEST(SeriesSplit, HalvesByDistanceToTheTwoSeeds) {
-    struct Case {
-        std::vector<int> genes;
-        std::vector<int> half0, half1;
-    } cases[] = {
-        // All equal: the first pair (1, 0) seeds, ties alternate beginning with half 0.
+    // All equal: the first pair (1, 0) seeds, ties alternate beginning with half 0. Two
+    // drifters: each to its seed's half, filled up to two with a copy of the seed. The seed
+    // with the larger gene sum leads half 0.
+    const std::tuple<std::vector<int>, std::vector<int>, std::vector<int>> cases[] = {
         {{7, 7, 7, 7, 7}, {100, 102, 104}, {101, 103}},
-        // Two drifters: each to its seed's half, filled up to two with a copy of the seed.
         {{1, 2}, {101, 101}, {100, 100}},
-        // The seed with the larger gene sum leads half 0.
-        {{5, 9, 5, 9, 1}, {101, 103, 104}, {100, 102}},
-    };
-    for (const auto& c : cases) {
+        {{5, 9, 5, 9, 1}, {101, 103, 104}, {100, 102}}};
+    for (const auto& [genes, half0, half1] : cases) {
         aq::Pool h0, h1;
-        aq::splitPopulation(genePool(c.genes), 100, h0, h1);
-        EXPECT_EQ(ids(h0), c.half0);
-        EXPECT_EQ(ids(h1), c.half1);
+        aq::splitPopulation(genePool(genes), 100, h0, h1);
+        EXPECT_EQ(idsOf(h0), half0);
+        EXPECT_EQ(idsOf(h1), half1);
     }
 }
 
 namespace {
 
-struct SaveRig {
-    ManualClock clock;
-    ScriptedUi ui;
-    aq::App app{ui, clock};
+// A split of four drifters (101 and 103 the first half) into pool.aqp's series, the open
+// pool one drifter (100).
+struct SaveRig : UiRig {
     TempDir dir;
-    std::string file = dir.file("pool.aqp");
     SaveRig(aq::SeriesOptions::IfExists ifExists, std::initializer_list<const char*> oldFiles) {
         app.workPool = genePool({1, 2, 1, 2});
         app.openPool = genePool({3});
@@ -136,13 +100,12 @@ struct SaveRig {
         return *this;
     }
     void save(const std::string& suffix) {
-        aq::saveoffspring(app, file, suffix);
+        aq::saveoffspring(app, dir.file("pool.aqp"), suffix);
         EXPECT_TRUE(ui.done()) << ui.report();
     }
     std::vector<int> idsIn(const std::string& name) {
         aq::Pool p;
-        if (aq::readPool(dir.file(name), p).status != aq::PoolReadStatus::Ok) return {-1};
-        return ids(p);
+        return aq::readPool(dir.file(name), p).status == aq::PoolReadStatus::Ok ? idsOf(p) : std::vector<int>{-1};
     }
 };
 
@@ -155,17 +118,21 @@ TEST(SeriesSave, BranchingWritesBothHalvesAndAsksBeforeReplacing) {
     r.askOver("pool24.aqp", aq::Answer::Yes).save("23");
     EXPECT_EQ(r.idsIn("pool230.aqp"), (std::vector<int>{101, 103}));
     EXPECT_EQ(r.idsIn("pool24.aqp"), (std::vector<int>{100, 102}));
-    EXPECT_EQ(ids(r.app.workPool), std::vector<int>{100});  // back to the open pool
+    EXPECT_EQ(idsOf(r.app.workPool), std::vector<int>{100});  // back to the open pool
+    r.app.workPool = genePool({1, 2});  // two drifters are split too, each half filled up with its seed
+    r.save("5");
+    EXPECT_EQ(r.idsIn("pool50.aqp"), (std::vector<int>{101, 101}));
 }
 
 TEST(SeriesSave, NoAsksForANameAndCancelStopsEverything) {
     SaveRig r(kPrompt, {"pool230.aqp", "pool24.aqp"});
     r.askOver("pool230.aqp", aq::Answer::No)
-        .ui.file("save", "Save Split Pool () As", r.dir.file("other.aqp"), r.dir.path() + "|pool230.aqp|aqp|Pool Files");
+        .ui.file("save", "Save Split Pool () As", r.dir.file("other.aqp"),
+                 r.dir.path() + "|pool230.aqp|aqp|Pool Files");
     r.askOver("pool24.aqp", aq::Answer::Cancel).save("23");
     EXPECT_EQ(r.idsIn("other.aqp"), (std::vector<int>{101, 103}));
     EXPECT_EQ(readBytes(r.dir.file("pool24.aqp")), "old");
-    EXPECT_EQ(ids(r.app.workPool), (std::vector<int>{100, 102}));  // cancelled before the pool was put back
+    EXPECT_EQ(idsOf(r.app.workPool), (std::vector<int>{100, 102}));  // cancelled before the pool was put back
 }
 
 TEST(SeriesSave, PlainSeriesWritesOnlyTheFirstHalfAndWholePoolsAfterNine) {

@@ -60,14 +60,8 @@ public:
 }  // namespace
 
 TEST(Win32Simulator, FindsTheWindowByClassOrDownTheZOrderOnly) {
-    struct Row {
-        const char* what;
-        std::vector<FakeWindow> zOrder;
-        std::uint32_t active;
-        std::uint32_t expected;
-        int getWindowCalls;
-    };
-    const Row rows[] = {
+    // The windows top first, the active one; the window found and the steps down the Z order taken.
+    const std::tuple<const char*, std::vector<FakeWindow>, std::uint32_t, std::uint32_t, int> rows[] = {
         {"class hit owned by the process", {{10, 5, -1}, {20, 77, 0}}, 10, 20, 0},
         {"the later of two class hits wins", {{20, 77, 3}, {30, 77, 1}}, 0, 20, 0},
         {"below the active window, no class", {{10, 5, -1}, {11, 6, -1}, {20, 77, -1}}, 10, 20, 2},
@@ -75,13 +69,13 @@ TEST(Win32Simulator, FindsTheWindowByClassOrDownTheZOrderOnly) {
         {"a class hit of another process starts the walk", {{10, 5, -1}, {30, 8, 2}, {20, 77, -1}}, 10, 20, 1},
         {"nothing at all: 0 costs 11 misses a pass", {}, 0, 0, 10},
     };
-    for (const Row& row : rows) {
+    for (const auto& [what, zOrder, active, found, steps] : rows) {
         FakeWin32 api;
-        api.zOrder = row.zOrder;
-        api.active = row.active;
+        api.zOrder = zOrder;
+        api.active = active;
         aq::Win32Simulator sim(api);
-        EXPECT_EQ(sim.findWindow(77), row.expected) << row.what;
-        EXPECT_EQ(api.getWindowCalls, row.getWindowCalls) << row.what;
+        EXPECT_EQ(sim.findWindow(77), found) << what;
+        EXPECT_EQ(api.getWindowCalls, steps) << what;
     }
 }
 
@@ -100,18 +94,15 @@ TEST(Win32Simulator, WindowsProgramWithoutWineSaysHowToGetIt) {
     TempDir dir;
     writeBytes(dir.file("Aquarium4.exe"), "MZ\x90");
     setenv("WINE", "/no/such/wine", 1);
-    ManualClock clock;
-    ScriptedUi ui;
-    aq::App app(ui, clock);
-    app.comboAquariumPath = dir.path();
-    app.programFolder = dir.path();
-    ui.message(dir.file("Aquarium4.exe") +
-               " is a Windows program, and Wine is needed to run it here, but Wine was not found.  Install it (on "
-               "Debian or Ubuntu: sudo apt install wine), or name it in the WINE environment variable.")
+    UiRig r;
+    r.app.comboAquariumPath = r.app.programFolder = dir.path();
+    r.ui.message(dir.file("Aquarium4.exe") +
+                 " is a Windows program, and Wine is needed to run it here, but Wine was not found.  Install it (on "
+                 "Debian or Ubuntu: sudo apt install wine), or name it in the WINE environment variable.")
         .message("Unable to start Aquarium.  Please select the correct Aquarium path and try again. " +
                  dir.file("Aquarium.exe"));
-    EXPECT_EQ(aq::startSimulator(app), 0u);
-    EXPECT_TRUE(ui.done()) << ui.report();
+    EXPECT_EQ(aq::startSimulator(r.app), 0u);
+    EXPECT_TRUE(r.ui.done()) << r.ui.report();
     unsetenv("WINE");
 }
 #endif
