@@ -120,12 +120,15 @@ TEST(CopyToArchive, AutoNamesWithDateAndTimeThenTheOverwriteQuestion) {
     f.only({0, 1});
     f.put(f.sim, "Drifter_1.DNA", "one");
     f.put(f.sim, "drifter_2.dna", "two");  // any capitals on disk
+    f.app.comboAquariumPathItems = {"/a", "/b"};
     f.ui.message("Copied 2 files. ", "Done");
     f.run(aq::cmdCopyToArchive);
     EXPECT_EQ(f.get(f.drifters, "Drifter_" + kNow + " #1.DNA"), "one");
     EXPECT_EQ(f.get(f.drifters, "Drifter_" + kNow + " #2.DNA"), "two");
+    // The boxes of the folders used keep them, last in their lists.
     EXPECT_EQ(f.app.comboDrifterPathItems, std::vector<std::string>{f.drifters});
-    EXPECT_EQ(f.app.comboAquariumPathItems, std::vector<std::string>{f.sim});
+    EXPECT_EQ(f.app.comboAquariumPathItems, (std::vector<std::string>{"/a", "/b", f.sim}));
+    EXPECT_TRUE(f.app.comboPoolPathItems.empty());
 
     // Within the same clock text the names are taken: each answer of the question.
     f.put(f.sim, "Drifter_1.DNA", "one again");
@@ -247,6 +250,7 @@ TEST(ReplaceFromArchive, AutomaticBackupMovesTheLiveFileIntoTheArchive) {
     EXPECT_FALSE(f.has(f.drifters, "Drifter_2.0.DNA"));  // no live file: nothing to back up
     EXPECT_EQ(f.get(f.sim, "Drifter_1.DNA"), "archived");
     EXPECT_EQ(f.get(f.sim, "Drifter_2.DNA"), "archived");
+    EXPECT_TRUE(f.app.comboPoolPathItems.empty());  // no pool came back: its box is left alone
 }
 
 TEST(ReplaceFromArchive, FileNotFoundLoopAndNothingCopied) {

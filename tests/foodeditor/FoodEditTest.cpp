@@ -102,6 +102,7 @@ TEST(FoodGroup, ATickSpreadsByMode) {
     FoodTab t({bit(1, 0, 0), bit(1, 10, 0), bit(2, 20, 0)});
     InvertFoodSelection(t.app);
     EXPECT_EQ(t.ticks(), std::vector<bool>(3, true));
+    EXPECT_TRUE(t.app.lstPoolFood.visible());
     EXPECT_EQ(t.app.SliderFoodWidth.value, 20);  // the sliders follow
     t.app.lstPoolFood.setChecked(0, false);      // a change by the program does not spread
     EXPECT_EQ(t.ticks(), (std::vector<bool>{false, true, true}));

@@ -98,6 +98,9 @@ TEST(AqRun, RunLastsTheSliderTimeAndShowsProgress) {
     EXPECT_EQ(maxShown, 30 - 7);
     EXPECT_FALSE(r.sim.isRunning());
     EXPECT_EQ(r.app.series.run.lastSimulatorWindow, 0u);
+    Rig quick("/sim/Aquarium", 7);  // a slow start outlasts the run: looked at once, at its end
+    quick.sim.windowAfter = 14;
+    EXPECT_EQ(quick.run(runStart), aq::RunOutcome::Finished);
 }
 
 TEST(AqRun, LostSimulator) {

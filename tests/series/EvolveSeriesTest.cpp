@@ -128,11 +128,19 @@ TEST(EvolveSeries, RestartAndSaveAndContinueButtons) {
 
 TEST(EvolveSeries, Extinctions) {
     // Clones without storing extinctions: the series ends silently after 151.
-    Rig clone(makePool(1, 1));  // the retries multiply the pool; keep it small
-    clone.sim.evolve = killAll;
+    // Each retry hands over one drifter more, and no food of its own.
+    Rig clone(makePool(1, 1));                // the retries multiply the pool; keep it small
+    std::vector<std::pair<int, int>> handed;  // drifters and food at each start
+    clone.sim.evolve = [&](aq::Pool& p) {
+        handed.emplace_back(p.drifterCount, p.foodCount);
+        killAll(p);
+    };
     clone.ui.step = 1.0;
     clone.run();
-    EXPECT_EQ(clone.sim.starts, 151);
+    ASSERT_EQ(clone.sim.starts, 151);
+    EXPECT_EQ(handed[1], std::make_pair(2, 100));
+    EXPECT_EQ(handed[2], std::make_pair(3, 100));
+    EXPECT_EQ(handed.back(), std::make_pair(151, 201));
     EXPECT_FALSE(clone.has("pool0.aqp"));
 
     // Clones and stored extinctions: the third one is stored, and the user is asked.
@@ -161,6 +169,18 @@ TEST(EvolveSeries, Extinctions) {
     plain.run();
     EXPECT_EQ(plain.sim.starts, 1);
     EXPECT_TRUE(plain.has("pool1.aqp"));
+}
+
+TEST(EvolveSeries, ColourMutantsAreTakenOutOfTheEvolvedPool) {
+    std::vector<aq::DrifterRec> ds;
+    for (int i = 0; i < 10; ++i) ds.push_back(makeDrifter(i, 2, i == 4 ? 1 : 0));
+    for (auto& d : ds) d.velocityX = 1;
+    Rig r(poolOf(ds, 6));
+    r.options.chkBranchingSeries = false;
+    r.options.mSeriesNoMutantsByColors = true;  // alone
+    r.stopAtStart = 2;
+    r.run();
+    EXPECT_EQ(idsOf(r.load("pool1.aqp")), (std::vector<int>{0, 1, 2, 3, 5, 6, 7, 8, 9}));
 }
 
 TEST(EvolveSeries, ContinueStartsAtTheFirstPoolWithAMissingChild) {
@@ -246,8 +266,10 @@ TEST(EvolveSeries, PlagueAndHarvestHappenInTheCycle) {
         // The pool dies out: the next cycle starts from 200 drifters drawn by the harvest,
         // with the file's own drifters merged in once for the retry.
         {"harvest", {body(1, 1), body(2, 2), body(3, 3), body(4, 4)}, false, true, {4, 204}},
+        {"no plague unasked", {}, false, false, {120}},
     };
     for (int i = 0; i < 120; ++i) cases[0].drifters.push_back(body(i < 50 ? 3 : 2, i < 50 ? 9 : 1));
+    cases[2].drifters = cases[0].drifters;
     for (const Case& c : cases) {
         Rig r(poolOf(c.drifters, 6));
         r.options.chkBranchingSeries = false;

@@ -255,6 +255,7 @@ TEST(PrepareSteps, PlagueStrikesTheCommonestSuccessfulForm) {
     const std::tuple<const char*, std::vector<std::pair<int, aq::DrifterRec>>, int> cases[] = {
         {"full key", {{50, shaped(3, 100, 9)}, {70, shaped(2, 100, 1)}}, 70},
         {"then the plan", {{45, shaped(3, 100, 9)}, {45, shaped(3, 1000, 5)}, {10, shaped(2, 100, 1)}}, 10},
+        {"not the plan first", {{30, shaped(3, 100, 9)}, {30, shaped(3, 1000, 5)}, {40, shaped(2, 100, 1)}}, 70},
         {"all alike", {{110, shaped(3, 100, 9)}}, 110},
         {"rare best", {{20, shaped(3, 100, 9)}, {90, shaped(2, 100, 1)}}, 110},
     };
