@@ -53,6 +53,7 @@ void expectIdsAreIndices(const Pool& p) {
 
 TEST(PoolMerge, DriftersUpToTheLimitTakeTheFileFirstOnes) {
     Open s(markedPool(1990, 3, 0));
+    s.app.comboSpeciatePoolGroup0 = 2;  // extended species: no tick until the new pass is done
     s.app.openPool.walls[0].wallFlag = 5;
     Pool before = s.app.openPool;
     Pool work = s.app.workPool;
@@ -72,6 +73,7 @@ TEST(PoolMerge, DriftersUpToTheLimitTakeTheFileFirstOnes) {
     EXPECT_EQ(p.historyBlock, before.historyBlock);
     EXPECT_TRUE(s.app.poolChanged && s.app.poolSpeciesPending);
     EXPECT_EQ(s.app.lstSpeciatePool.count(), 2000);
+    EXPECT_FALSE(s.app.lstSpeciatePool.enabled());
     EXPECT_EQ(s.app.openPoolPath, s.dir.file("open.aqp"));
     EXPECT_EQ(poolBytes(s.app.workPool), poolBytes(work));
 }

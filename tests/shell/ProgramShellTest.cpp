@@ -1,7 +1,10 @@
 // What the window leaves to the core: the timer's list rules on every tick, when the
-// notice may go, the Selection menu on each tab, and the questions on closing.
+// notice may go, the clock, the Selection menu on each tab, and the questions on closing.
 #include <gtest/gtest.h>
 
+#include <ctime>
+
+#include "base/Clock.h"
 #include "format/PoolFile.h"
 #include "shell/MenuState.h"
 #include "shell/MultiTask.h"
@@ -38,6 +41,15 @@ TEST(MultiTask, OneDrifterNeedsNoSpeciesPassAndTheListWaitsForPendingPasses) {
         EXPECT_EQ(f.app.lstSpeciatePool.visible(), c.drifters == 1);
         EXPECT_EQ(f.app.lstSpeciatePool.enabled(), c.enabled);
     }
+}
+
+TEST(Clock, SecondsSinceMidnightAndAcrossIt) {
+    EXPECT_DOUBLE_EQ(aq::elapsedSeconds(86000, 100), 500);  // past midnight
+    EXPECT_DOUBLE_EQ(aq::elapsedSeconds(100, 160.5), 60.5);
+    std::time_t t = std::time(nullptr);
+    std::tm local = *std::localtime(&t);
+    const double expected = local.tm_hour * 3600.0 + local.tm_min * 60.0 + local.tm_sec;
+    EXPECT_NEAR(aq::elapsedSeconds(expected, aq::SystemClock().secondsSinceMidnight()), 0.5, 1.5);
 }
 
 TEST(Notice, FadesFiveSecondsAfterTheLastStirOnceBothListsAreFree) {

@@ -125,6 +125,17 @@ TEST(UndoHistory, AStepWeighsAllItHolds) {
     for (int i = 0; i < app.lstPoolFood.count(); ++i) least += app.lstPoolFood.text(i).size();
     EXPECT_GE(history.bytes(), least);
     EXPECT_LT(history.bytes(), least + (1u << 20));  // row bookkeeping and the snapshot itself
+
+    // A gene edit weighs the genomes and the list's rows.
+    app.dna.dnaGenes.assign(2000, aq::Genome{});
+    for (int i = 0; i < 2000; ++i) app.lstSpeciateDrifters.add(std::string(100, 'a'));
+    aq::DnaHistory genes;
+    genes.reset(app);
+    genes.prepare(app);
+    app.dna.dnaGenes[0][0] = 1;
+    genes.commit(app, "Change Gene Value");
+    EXPECT_GE(genes.bytes(), 2000 * (sizeof(aq::Genome) + 100));
+    EXPECT_LT(genes.bytes(), 2000 * (sizeof(aq::Genome) + 100) + (1u << 20));
 }
 
 }  // namespace
