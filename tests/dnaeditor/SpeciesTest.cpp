@@ -97,7 +97,12 @@ TEST(DrifterSpecies, GroupTicksSpreadByMode) {
     EXPECT_EQ(list.checkedCount(), 1);
     EXPECT_TRUE(list.checked(2));
 
+    s.app.speciesPending = true;  // extended species wait for a pending pass, the other modes don't
+    aq::setDrifterGroupMode(s.app, 2);
+    EXPECT_FALSE(list.enabled());
     aq::setDrifterGroupMode(s.app, 0);
+    EXPECT_TRUE(list.enabled());
+    s.app.speciesPending = false;
     list.setChecked(0, true);
     list.setCurrentIndex(0);
     aq::ApplyDrifterGroup(s.app);

@@ -104,22 +104,6 @@ TEST(GenerateCommand, TheChangedPoolIsSavedFirstOrKept) {
     }
 }
 
-TEST(GenerateCommand, SavedAndReadBackItIsTheSamePool) {
-    Fixture f;
-    for (const StartupSettings& s : {StartupSettings{}, StartupSettings{0, 0, 0, 0, 0, true, false, true},
-                                     StartupSettings{-7, 2, 3, 2, 2, true, true, false}}) {
-        aq::generateStartupPool(f.app, s);
-        f.app.poolChanged = false;
-        std::string path = f.dir.file("generated.aqp");
-        ASSERT_TRUE(aq::savePoolFile(f.app, path, true));
-        aq::Pool back;
-        ASSERT_EQ(aq::readPool(path, back).status, aq::PoolReadStatus::Ok);
-        EXPECT_EQ(aq::poolBytes(back), aq::poolBytes(f.app.openPool)) << s.seed;
-        EXPECT_EQ(back.drifterCount, aq::startupCounts(s).drifters);
-    }
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
-}
-
 TEST(GenerateCommand, AnUnusableDefaultPoolSaysSo) {
     Fixture f;
     f.app.defaultPool = aq::Pool{};

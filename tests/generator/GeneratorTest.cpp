@@ -274,6 +274,10 @@ TEST(ResetDrifter, MakesANewbornAtTheOriginAndKeepsTheRest) {
     EXPECT_EQ(std::pair(d.heading, d.segments[0].length), std::pair(before.heading, before.segments[0].length));
     aq::ResetDrifter(p, 0, 3.5f, 1.0f);
     EXPECT_EQ(d.age, 4);
+    d.segmentCount = -1;  // a bad count touches no segment
+    d.segments[0].point1X = 7.0f;
+    aq::ResetDrifter(p, 0, 0, 0);
+    EXPECT_EQ(d.segments[0].point1X, 7.0f);
 }
 
 TEST(MoveDrifter, CarriesTheWholeBody) {

@@ -93,6 +93,8 @@ TEST(DrifterBox, MovingAndStretchingCarryWholeBodiesAndLeaveThePoolUnchanged) {
     MoveDrifterBox(e.app, Axis::X, 2500);
     MoveDrifterBox(e.app, Axis::Y, -3000);
     EXPECT_EQ(std::vector<float>({e.d(0).x, e.d(0).y}), std::vector<float>({2500, -3000}));
+    EXPECT_EQ(std::pair(e.app.SliderSpeciatePoolDrifterX.value, e.app.SliderSpeciatePoolDrifterY.value),
+              std::pair(2500, -3000));
     EXPECT_EQ(shape(e.d(0)), before);
     EXPECT_EQ(std::memcmp(&e.d(1), &other, sizeof other), 0);
     EXPECT_NE(e.app.lstSpeciatePool.text(0).find("@ 2500X, -3000Y"), std::string::npos);
@@ -101,7 +103,9 @@ TEST(DrifterBox, MovingAndStretchingCarryWholeBodiesAndLeaveThePoolUnchanged) {
     // A change the program makes under uiBusy does nothing, nor does a move with nothing ticked.
     e.app.uiBusy = true;
     MoveDrifterBox(e.app, Axis::X, 0);
-    EXPECT_EQ(e.d(0).x, 2500.0f);
+    StretchDrifterBox(e.app, Axis::X, 1234);  // the slider still takes the value
+    EXPECT_EQ(std::tuple(e.d(0).x, e.app.SliderSpeciatePoolDrifterX.value, e.app.SliderSpeciatePoolDrifterWidth.value),
+              std::tuple(2500.0f, 0, 1234));
     e.app.uiBusy = false;
     e.app.lstSpeciatePool.setChecked(0, false);
     e.tick({});
@@ -137,7 +141,9 @@ TEST(BulkEdits, KillReviveAndTheirLines) {
     EXPECT_TRUE(e.app.lstSpeciatePool.checked(0));
     EXPECT_TRUE(e.app.poolChanged);
     e.app.lstSpeciatePool.setChecked(1, true);
+    e.app.poolChanged = false;
     mSelectRevive(e.app);
+    EXPECT_TRUE(e.app.poolChanged);
     EXPECT_EQ(e.d(0).alive + e.d(1).alive + e.d(2).alive, 3);
     EXPECT_EQ(e.d(1).energy, 0.0f);  // revived with what it had
     EXPECT_EQ(e.app.lstSpeciatePool.text(1).rfind("Dead, ", 0), std::string::npos);
