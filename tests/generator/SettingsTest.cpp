@@ -10,31 +10,11 @@ namespace {
 
 TEST(RandomStream, ReplaysFromTheStartStateBitForBit) {
     aq::setRandomState(aq::kRandomStartState);
-    EXPECT_EQ(aq::randomState(), 0x50000u);
-    aq::RandomReseed(1.0);
+    aq::RandomReseed(1.0);  // keeps the low byte; the rest are the halves of 1.0's high word, xored
     EXPECT_EQ(aq::randomState(), 0x3FF000u);
-    // The state after each draw, and the value as printed to seven digits.
-    for (auto [state, value] :
-         {std::pair{0xC3CEC3u, 0.7648737}, {0x1AFE7Au, 0.1054455}, {0x9D0B55u, 0.6134542}, {0xF010C4u, 0.9377558}}) {
-        float v = aq::RandomNext();
-        EXPECT_EQ(aq::randomState(), state);
-        EXPECT_EQ(v, static_cast<float>(state) / 16777216.0f);
-        EXPECT_NEAR(v, value, 5e-8);
-    }
-}
-
-TEST(RandomStream, ReseedKeepsOnlyTheLowByte) {
-    // The new state's upper 16 bits are the two halves of the double's high word, xored:
-    // 12345.0 is 0x40C81C80, 0x1C80 ^ 0x40C8.
-    const std::tuple<std::uint32_t, double, std::uint32_t> cases[] = {{0xABCDEF, 1.0, 0x3FF0EF},
-                                                                      {0xFFFFFF, 0.0, 0x0000FF},
-                                                                      {0x000000, -1.0, 0xBFF000},
-                                                                      {0x000001, 12345.0, 0x5C4801}};
-    for (auto [before, value, after] : cases) {
-        aq::setRandomState(before);
-        aq::RandomReseed(value);
-        EXPECT_EQ(aq::randomState(), after) << value;
-    }
+    float first = aq::RandomNext(), second = aq::RandomNext();
+    EXPECT_EQ(std::tuple(aq::randomState(), first, second),
+              std::tuple(0x1AFE7Au, 0xC3CEC3 / 16777216.0f, 0x1AFE7A / 16777216.0f));
 }
 
 TEST(RandomizeSettings, DrawsFifteenValuesInTheTabsOrder) {
@@ -64,9 +44,8 @@ TEST(SeedValue, ReadsTheLeadingNumber) {
         values.push_back(aq::SeedValue(text)), seeds.push_back(aq::seedFromText(text));
     EXPECT_EQ(values, (std::vector<double>{12, 7, 0, 2.5, 3.5, -0.75, 12, 400, 5, -2147483648.0, 2147483647.6}));
     EXPECT_EQ(seeds, (std::vector<std::int32_t>{12, 7, 0, 2, 4, -1, 12, 400, 5, -2147483647 - 1, 0}));
-    EXPECT_EQ(aq::seedFromText("1e999"), 0);
-    EXPECT_EQ(aq::SeedValue("1e-999"), 0.0);
-    EXPECT_EQ(aq::seedFromText(std::string(5000, '9')), 0);
+    EXPECT_EQ(std::tuple(aq::seedFromText("1e999"), aq::SeedValue("1e-999"), aq::seedFromText(std::string(5000, '9'))),
+              std::tuple(0, 0.0, 0));
 }
 
 TEST(SeedButtons, StepTheValueAndWritePlainTextAndZeroToggles) {
