@@ -1,17 +1,39 @@
-// DNA files on disk: writing, loading a folder, the CLI's genome export.
+// DNA files on disk: writing, loading a folder, the CLI's genome export, and importing
+// the drifters of a pool.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 
 #include "dnaeditor/DnaFixture.h"
 #include "format/PoolFile.h"
 #include "support/PoolFixtures.h"
+#include "support/RunCli.h"
+
+using namespace aqtest;
+using aq::Answer;
 
 namespace {
 
-using aqtest::DnaFixture;
 const char* const kLoadTitle = "Aquarium File Manager - Load Drifter Files";
+
+aq::DrifterRec drifter(int id, std::vector<int> colors, int gene0) {
+    aq::DrifterRec d = makeDrifter(id, static_cast<int>(colors.size()));
+    for (std::size_t s = 0; s < colors.size(); ++s) d.segments[s].color = colors[s];
+    d.genes[0] = static_cast<std::uint8_t>(gene0);
+    return d;
+}
+
+// The DNA folder, and a pool of these drifters to import from.
+struct Importer : DnaFixture {
+    explicit Importer(const std::string& poolPath, std::vector<aq::DrifterRec> drifters) {
+        app.comboDrifterPath = dir.path();
+        app.openPoolPath = poolPath;
+        app.workPool.drifterCount = static_cast<int>(drifters.size());
+        app.workPool.drifters = std::move(drifters);
+    }
+};
+
+}  // namespace
 
 TEST(DnaFile, RoundTripsEveryByteValue) {
     DnaFixture f;
@@ -21,48 +43,46 @@ TEST(DnaFile, RoundTripsEveryByteValue) {
     f.app.dna.dnaGenes = {all};
     f.app.dna.dnaCount = 1;
     // A 2000-byte file written over ends with exactly the 1000 new bytes.
-    aqtest::writeBytes(f.path("a.dna"), std::string(2000, 'x'));
+    writeBytes(f.path("a.dna"), std::string(2000, 'x'));
     ASSERT_TRUE(aq::saveDrifterFile(f.app, f.path("a.dna"), 0));
-    EXPECT_EQ(aqtest::readBytes(f.path("a.dna")), f.bytesOf(all));
-    aq::Genome back;
-    EXPECT_EQ(aq::readGenomeFile(f.path("a.dna"), back), "");
-    EXPECT_EQ(back, all);
-
+    EXPECT_EQ(readBytes(f.path("a.dna")), std::string(all.begin(), all.end()));
     EXPECT_FALSE(aq::saveDrifterFile(f.app, "", 0));  // no path: no file, no message
     EXPECT_TRUE(f.ui.done()) << f.ui.report();
-    EXPECT_EQ(f.ui.waitDepth, 0);
+}
+
+TEST(CliDna, WritesTheDriftersGenesByteForByte) {
+    TempDir dir;
+    aq::Pool pool = makePool(3, 1);
+    std::string poolPath = dir.file("p.aqp"), out = dir.file("g.dna");
+    writeBytes(poolPath, aq::poolBytes(pool));
+    auto run = [&](const std::string& index) { return runCli("dna " + poolPath + " " + index + " -o " + out).status; };
+    ASSERT_EQ(run("2"), 0);
+    EXPECT_EQ(readBytes(out), std::string(reinterpret_cast<const char*>(pool.drifters[2].genes), 1000));
+    EXPECT_EQ(run("3"), 1);
+    EXPECT_EQ(run("two"), 2);
 }
 
 TEST(LoadDrifterFiles, TakesDnaFilesOfAnyCaseInNameOrder) {
-    DnaFixture f;
-    f.writeDna("b.DNA", aqtest::genome(2));
-    f.writeDna("a.dna", aqtest::genome(1));
-    f.writeDna("C.Dna", aqtest::genome(3));
-    aqtest::writeBytes(f.path("notes.txt"), "x");
-    aqtest::writeBytes(f.path("dna"), "x");
+    DnaFixture f, one;
+    f.writeDna("b.DNA", genome(2));
+    f.writeDna("a.dna", genome(1));
+    f.writeDna("C.Dna", genome(3));
+    writeBytes(f.path("notes.txt"), "x");
+    writeBytes(f.path("dna"), "x");
     std::filesystem::create_directories(f.path("folder.dna"));
     f.load();
     EXPECT_TRUE(f.ui.done()) << f.ui.report();
-    ASSERT_EQ(f.app.dna.dnaCount, 3);
-    EXPECT_EQ(f.lines(), (std::vector<std::string>{"a.dna", "b.DNA", "C.Dna"}));
-    EXPECT_EQ(f.app.dna.dnaPaths[2], f.path("C.Dna"));
-    EXPECT_EQ(f.app.dna.dnaGenes[1], aqtest::genome(2));
-    EXPECT_EQ(f.app.dna.dnaChanged, (std::vector<std::uint8_t>{0, 0, 0}));
-    EXPECT_TRUE(f.app.dnaLoaded && f.app.speciesPending);
-    EXPECT_FALSE(f.app.lstSpeciateDrifters.enabled());  // extended species mode waits for the pass
-    EXPECT_EQ(f.app.dna.dnaFolder, f.dir.path());
-    EXPECT_EQ(f.app.dna.thresholdItems.front(), "0%");
-    EXPECT_EQ(f.app.dna.thresholdItems.size(), 11u);
-    EXPECT_EQ(f.ui.waitDepth, 0);
-
-    DnaFixture one;  // one file: nothing to compare
-    one.writeDna("only.dna", aqtest::genome(5));
+    ASSERT_EQ(f.lines(), (std::vector<std::string>{"a.dna", "b.DNA", "C.Dna"}));
+    EXPECT_EQ(f.app.dna.dnaGenes[1], genome(2));
+    EXPECT_EQ(f.app.dna.thresholdItems.size(), 11u);  // 0% to 100%
+    // One file: nothing to compare.
+    one.writeDna("only.dna", genome(5));
     one.load();
     EXPECT_FALSE(one.app.speciesPending);
     EXPECT_TRUE(one.app.lstSpeciateDrifters.enabled());
 }
 
-TEST(LoadDrifterFiles, AMissingFolder) {
+TEST(LoadDrifterFiles, AMissingFolderOrAnUnreadableFile) {
     DnaFixture f;
     f.app.comboDrifterPath = f.path("missing");
     f.ui.message("Error reading " + f.path("missing") + ", error: No such file or directory", kLoadTitle)
@@ -70,13 +90,10 @@ TEST(LoadDrifterFiles, AMissingFolder) {
     aq::initiateLoadDrifterArchive(f.app);
     EXPECT_TRUE(f.ui.done()) << f.ui.report();
     EXPECT_FALSE(f.app.dnaLoaded);
-}
-
-TEST(LoadDrifterFiles, AFileThatCantBeReadIsLeftOut) {
     if (geteuid() == 0) GTEST_SKIP() << "root reads any file";
-    DnaFixture f;
-    f.writeDna("a.dna", aqtest::genome(1));
-    f.writeDna("b.dna", aqtest::genome(2));
+    // A file that can't be read is left out.
+    f.writeDna("a.dna", genome(1));
+    f.writeDna("b.dna", genome(2));
     std::filesystem::permissions(f.path("a.dna"), std::filesystem::perms::none);
     f.ui.message("Error opening a.dna, error: Permission denied", kLoadTitle);
     f.load();
@@ -85,20 +102,78 @@ TEST(LoadDrifterFiles, AFileThatCantBeReadIsLeftOut) {
     EXPECT_EQ(f.app.dna.dnaGenes.size(), 1u);
 }
 
-TEST(CliDna, WritesTheDriftersGenesByteForByte) {
-    aqtest::TempDir dir;
-    aq::Pool pool = aqtest::makePool(3, 1);
-    std::string poolPath = dir.file("p.aqp"), out = dir.file("g.dna");
-    aqtest::writeBytes(poolPath, aq::poolBytes(pool));
-    auto run = [&](const std::string& index) {
-        std::string cmd = std::string(AQ_CLI) + " dna " + poolPath + " " + index + " -o " + out + " 2>/dev/null";
-        return WEXITSTATUS(std::system(cmd.c_str()));
-    };
-    ASSERT_EQ(run("2"), 0);
-    EXPECT_EQ(aqtest::readBytes(out),
-              std::string(reinterpret_cast<const char*>(pool.drifters[2].genes), sizeof pool.drifters[2].genes));
-    EXPECT_EQ(run("3"), 1);
-    EXPECT_EQ(run("two"), 2);
+TEST(ImportDrifters, NamesFromStemColoursAndId) {
+    Importer f("/pools/Sea.aqp", {drifter(12, {0, 1, 4}, 1), drifter(12, {0, 1, 4}, 2), drifter(3, {5, 9, 2}, 3),
+                                  drifter(4, {}, 4), drifter(5, {3}, 3)});
+    f.writeDna("Sea.rob12.dna", genome(0, {77}));  // on disk, not loaded
+    aq::importDriftersFromAquarium(f.app);
+    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    // The same genome twice in one pool: both come in, as changed entries not yet written.
+    EXPECT_EQ(f.lines(), (std::vector<std::string>{"Sea.rob12_0.dna", "Sea.rob12_1.dna", "Sea.py3.dna", "Sea.4.dna",
+                                                   "Sea.g5.dna"}));
+    EXPECT_EQ(f.app.dna.dnaChanged, (std::vector<std::uint8_t>{1, 1, 1, 1, 1}));
+    EXPECT_TRUE(f.app.dnaLoaded && f.app.speciesPending);
+    // The stem is the pool's name up to its first dot.
+    for (auto [path, line] : {std::pair{"/p/My.Pool.aqp", "My.r1.dna"}, {"/p/plain", "plainr1.dna"}, {"", "r1.dna"}}) {
+        Importer g(path, {drifter(1, {0}, 9)});
+        aq::importDriftersFromAquarium(g.app);
+        EXPECT_EQ(g.lines(), std::vector<std::string>{line});
+    }
 }
 
-}  // namespace
+TEST(ImportDrifters, QuickSpeciateLooksAtTheFirstHundredGenes) {
+    aq::DrifterRec d = drifter(1, {0}, 9);
+    Importer f("", {d});
+    aq::Genome g;
+    std::copy(std::begin(d.genes), std::end(d.genes), g.begin());
+    g[500] ^= 1;
+    f.app.dna.dnaGenes = {g};
+    f.app.dna.dnaPaths = {f.path("x.dna")};
+    f.app.dna.dnaChanged = {0};
+    f.app.dna.dnaCount = 1;
+    f.app.similarityDepth = 100;
+    aq::importDriftersFromAquarium(f.app);
+    EXPECT_EQ(f.app.dna.dnaCount, 1);
+    f.app.similarityDepth = 1000;
+    EXPECT_EQ(aq::GeneDifferences(f.app, g, d.genes), 1);
+    aq::importDriftersFromAquarium(f.app);
+    EXPECT_EQ(f.lines(), (std::vector<std::string>{"x.dna", "r1.dna"}));
+}
+
+TEST(ImportDrifters, TheQuestionsChooseTheSource) {
+    Importer f("", {});
+    f.app.comboPoolPath = "/pools";
+    const std::string openQuestion =
+        "Would you like to import the drifters from the currently open pool file into the Drifter Files list?";
+    const std::string fileQuestion =
+        "Would you like to import the drifters from a pool file into the Drifter Files list?";
+
+    f.ui.ask("yesno", fileQuestion, aq::kAppTitle, Answer::No);  // no pool open: the first question isn't asked
+    aq::importDrifters(f.app);
+    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+
+    f.app.poolLoaded = true;
+    f.app.openPool.drifters = {drifter(7, {2}, 1)};
+    f.app.openPool.drifterCount = 1;
+    f.ui.ask("yesnocancel", openQuestion, aq::kAppTitle, Answer::No)
+        .ask("yesno", fileQuestion, aq::kAppTitle, Answer::No);
+    aq::importDrifters(f.app);
+    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+
+    std::string poolPath = f.path("other.aqp");
+    writeBytes(poolPath, aq::poolBytes(makePool(3, 0)));
+    f.ui.ask("yesnocancel", openQuestion, aq::kAppTitle, Answer::No)
+        .ask("yesno", fileQuestion, aq::kAppTitle, Answer::Yes)
+        .file("open", "Select Pool File", poolPath, "/pools||aqp|Aquarium Files");
+    aq::importDrifters(f.app);
+    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    EXPECT_FALSE(f.app.lstSpeciateDrifters.enabled());  // extended species wait for the pass
+
+    f.ui.ask("yesnocancel", openQuestion, aq::kAppTitle, Answer::Yes);
+    aq::importDrifters(f.app);
+    EXPECT_EQ(f.lines().back(), "y7.dna");
+    f.ui.ask("yesnocancel", openQuestion, aq::kAppTitle, Answer::Cancel);
+    aq::importDrifters(f.app);
+    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    EXPECT_EQ(f.lines().size(), 4u);
+}

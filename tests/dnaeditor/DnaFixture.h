@@ -25,12 +25,7 @@ struct DnaFixture {
     TempDir dir;
 
     std::string path(const std::string& name) const { return dir.file(name); }
-    void writeDna(const std::string& name, const aq::Genome& g) {
-        writeBytes(path(name), std::string(reinterpret_cast<const char*>(g.data()), g.size()));
-    }
-    std::string bytesOf(const aq::Genome& g) const {
-        return std::string(reinterpret_cast<const char*>(g.data()), g.size());
-    }
+    void writeDna(const std::string& name, const aq::Genome& g) { writeBytes(path(name), {g.begin(), g.end()}); }
     // Loads the folder as the menu command does.
     void load() {
         app.comboDrifterPath = dir.path();
@@ -38,6 +33,12 @@ struct DnaFixture {
     }
     void tick(std::initializer_list<int> rows) {
         for (int r : rows) app.lstSpeciateDrifters.setChecked(r, true);
+    }
+    std::vector<int> ticked() const {
+        std::vector<int> out;
+        for (int i = 0; i < app.lstSpeciateDrifters.count(); ++i)
+            if (app.lstSpeciateDrifters.checked(i)) out.push_back(i);
+        return out;
     }
     std::vector<std::string> lines() const {
         std::vector<std::string> out;

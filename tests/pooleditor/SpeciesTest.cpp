@@ -1,0 +1,282 @@
+// Kinship of two genomes, the species pass in slices, the threshold controls, the range,
+// and the same through aqfm species, range, keys and minorities.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstring>
+#include <random>
+
+#include "pooleditor/PoolEditorFixture.h"
+#include "pooleditor/Similarity.h"
+#include "shell/MultiTask.h"
+#include "support/RecordingNotice.h"
+#include "support/RunCli.h"
+#include "support/TempDir.h"
+
+using namespace aq;
+using namespace aqtest;
+
+namespace {
+
+using Genes = std::array<std::uint8_t, 1000>;
+
+// A pool open from a file, its species due.
+struct Editor : PoolEditor {
+    explicit Editor(const Pool& pool, int depth = 100) : PoolEditor(pool) {
+        app.openPoolPath = "/pools/open.aqp";
+        app.similarityDepth = static_cast<std::int16_t>(depth);
+        app.poolLoaded = app.poolSpeciesPending = true;
+    }
+};
+
+}  // namespace
+
+TEST(Similarity, ThresholdsAtBothDepths) {
+    // Equal genes in every hundred (so depth 1000 sees ten times as many), threshold, depth, similar.
+    const std::tuple<int, float, int, bool> cases[] = {
+        {96, 96.5f, 100, true},   {95, 96.5f, 100, false},   {44, 44.4f, 100, true},    {43, 44.4f, 100, false},
+        {0, 0.0f, 100, true},     {99, 100.0f, 100, false},  {100, 100.0f, 100, true},  {96, -3.5f, 100, true},
+        {95, -3.5f, 100, false},  {97, 96.5f, 1000, true},   {96, 96.5f, 1000, false},  {45, 44.4f, 1000, true},
+        {44, 44.4f, 1000, false}, {100, 100.0f, 1000, true}, {99, 100.0f, 1000, false}, {0, 0.0f, 1000, true},
+        {45, -55.6f, 1000, true}, {44, -55.6f, 1000, false}, {97, 96.5f, 0, true},      {96, 96.5f, 0, false},
+    };
+    for (auto [same, threshold, depth, similar] : cases) {
+        Genes a, b;
+        for (int i = 0; i < 1000; ++i) {
+            a[i] = static_cast<std::uint8_t>(i * 7);
+            b[i] = i % 100 < same ? a[i] : static_cast<std::uint8_t>(a[i] + 1);
+        }
+        SCOPED_TRACE(testing::Message() << "same " << same << " threshold " << threshold << " depth " << depth);
+        EXPECT_EQ(GenomesSimilar(a.data(), b.data(), threshold, depth), similar);
+        EXPECT_EQ(GenomesSimilar(b.data(), a.data(), threshold, depth), similar) << "symmetry";
+    }
+    // Zero genes match like any other value.
+    Genes zeros{}, ones;
+    ones.fill(1);
+    EXPECT_TRUE(GenomesSimilar(zeros.data(), zeros.data(), 100.0f, 1000));
+    EXPECT_TRUE(GenomesSimilar(zeros.data(), ones.data(), 0.04f, 1000));  // need 0
+    EXPECT_FALSE(GenomesSimilar(zeros.data(), ones.data(), 0.1f, 1000));
+}
+
+// The fast scan against a byte-by-byte count over random genomes with planted matches.
+TEST(Similarity, AgreesWithAPlainByteCount) {
+    const unsigned seed = 20261123;
+    std::mt19937 rng(seed);
+    std::uniform_int_distribution<int> byte(0, 255), share(0, 1000);
+    const float thresholds[] = {0.0f, 10.0f, 44.4f, 50.0f, 89.9f, 90.0f, 96.5f, 100.0f, -3.5f, 150.0f, -150.0f};
+    for (int round = 0; round < 400; ++round) {
+        Genes a, b;
+        for (auto& g : a) g = static_cast<std::uint8_t>(byte(rng));
+        int keep = share(rng);
+        for (int i = 0; i < 1000; ++i) b[i] = (share(rng) < keep) ? a[i] : static_cast<std::uint8_t>(byte(rng));
+        for (int n : {100, 1000, 37, 999}) {
+            SCOPED_TRACE(testing::Message() << "seed " << seed << " round " << round << " depth " << n);
+            int equal = 0;
+            for (int i = 0; i < n; ++i) equal += a[i] == b[i];
+            ASSERT_EQ(equalGeneCount(a.data(), b.data(), n), equal);
+            for (float t : thresholds)
+                ASSERT_EQ(GenomesSimilar(a.data(), b.data(), t, n), equal >= similarityNeed(n, t)) << t;
+            // Stopping early is allowed only when the pair can change neither end of the range.
+            int low = share(rng) % (n + 1), high = share(rng) % (n + 1);
+            int m = equalGeneCountOutside(a.data(), b.data(), n, low, high);
+            if (m != equal) {
+                ASSERT_LE(low, high);
+                ASSERT_TRUE(m >= low && equal <= high && equal >= low);
+            }
+        }
+    }
+}
+
+TEST(SpeciesPass, TheDefaultPoolAtBothDepths) {
+    // Depth, threshold position, species count, the first tags.
+    const std::tuple<int, int, int, std::vector<std::int32_t>> cases[] = {
+        {100, 444, 25, {0, 0, 0, 0, 0, 1, 2, 2, 2, 2, 2, 2, 2, 3, 4, 5, 6, 7, 8, 9}},
+        {1000, 444, 27, {0, 0, 0, 0, 1, 2, 0, 0, 0, 0, 0, 0, 0, 3, 4, 5}},
+        {1000, 965, 46, {0, 1, 2, 3}},
+    };
+    for (const auto& [depth, position, count, first] : cases) {
+        SCOPED_TRACE(testing::Message() << depth << " " << position);
+        Editor e(defaultPool(), depth);
+        e.app.poolThreshold = static_cast<float>(position / 10.0);
+        e.finish();
+        auto tags = e.tags();
+        EXPECT_EQ(*std::max_element(tags.begin(), tags.end()) + 1, count);
+        EXPECT_EQ(std::vector<std::int32_t>(tags.begin(), tags.begin() + static_cast<long>(first.size())), first);
+        EXPECT_EQ(tags, poolSpeciesTags(e.app.openPool, e.app.poolThreshold, depth));
+        // The tags stand at the head of the lines, and the pass leaves the list usable.
+        EXPECT_EQ(e.app.lstSpeciatePool.text(0), "{0} " + DrifterLineText(e.app.openPool.drifters[0]));
+        EXPECT_TRUE(e.app.lstSpeciatePool.enabled() && e.app.lstSpeciatePool.visible());
+        EXPECT_FALSE(e.app.poolPassRunning || e.app.PoolProgressBar1.visible || e.app.uiBusy);
+    }
+}
+
+TEST(SpeciesPass, SlicesGiveTheTagsOfOnePass) {
+    Editor whole(defaultPool(), 1000), sliced(defaultPool(), 1000), late(defaultPool());
+    EXPECT_EQ(whole.finish(), 1);
+    sliced.clock.step = 0.7;  // three readings fill a slice
+    EXPECT_GT(sliced.finish(), 10);
+    EXPECT_EQ(sliced.tags(), whole.tags());
+    EXPECT_EQ(sliced.app.lstSpeciatePool.text(4), whole.app.lstSpeciatePool.text(4));
+    // A start time that single precision rounds up still gets its whole slice.
+    late.clock.seconds = 4000.0002;
+    EXPECT_EQ(late.finish(), 1);
+}
+
+TEST(SpeciesPass, TheNoticeComesOnceForASlowPassAndPatienceGrows) {
+    Pool p = makePool(1000, 0);  // look-alikes: the pass compares every pair
+    for (auto& d : p.drifters) std::memset(d.genes, 7, sizeof d.genes);
+    Editor e(p);
+    e.app.comboSpeciatePoolGroup0 = 2;
+    e.app.lastHelpMove = e.clock.seconds - 100;
+    RecordingNotice recorder;
+    e.app.notice = &recorder;
+    e.clock.step = 0.9;  // two drifters a slice
+    speciatePoolList(e.app);
+    EXPECT_EQ(recorder.shown, std::vector<std::string>{kPoolSpeciesNotice});
+    EXPECT_EQ(e.app.poolPatience, 16);
+    EXPECT_FALSE(e.app.lstSpeciatePool.enabled());
+    e.finish();
+    EXPECT_EQ(recorder.shown.size(), 1u);
+    EXPECT_TRUE(e.app.lstSpeciatePool.enabled());
+    for (int expected : {32, 64, 128, 256, 256}) {
+        e.app.poolSpeciesPending = true;
+        e.finish();
+        EXPECT_EQ(e.app.poolPatience, expected);
+    }
+    // None outside "extended species.".
+    e.app.comboSpeciatePoolGroup0 = 1;
+    e.app.poolSpeciesPending = true;
+    e.finish();
+    EXPECT_EQ(recorder.shown.size(), 6u);
+}
+
+TEST(SpeciesPass, AThresholdChangeDuringAPassKeepsItGoing) {
+    // Those numbered keep their species, the rest are judged anew under the new threshold.
+    Editor e(kinPool({100, 50, 10, 10, 10, 10, 10, 10, 10, 10}));
+    e.clock.step = 0.7;
+    speciatePoolList(e.app);  // numbers drifters 0 and 1, then runs out of time
+    ASSERT_EQ(e.app.poolPassIndex, 2);
+    setPoolSpeciesThresholdPosition(e.app, 0);  // everything is similar now
+    EXPECT_EQ(e.app.txtPoolSpeciesThreshold, " 0");
+    EXPECT_TRUE(e.app.poolSpeciesPending && e.app.poolPassRunning);
+    e.finish();
+    EXPECT_EQ(e.tags(), (std::vector<std::int32_t>(10, 0)));
+    // In extended species mode the list waits for the new numbers.
+    e.app.comboSpeciatePoolGroup0 = 2;
+    setPoolSpeciesThresholdPosition(e.app, 500);
+    EXPECT_FALSE(e.app.lstSpeciatePool.enabled());
+}
+
+TEST(SpeciesPass, AListOutOfStepWithThePoolRestartsThePass) {
+    Editor e(kinPool({100, 50, 10, 10}));
+    e.clock.step = 0.7;
+    speciatePoolList(e.app);
+    ASSERT_EQ(e.app.poolPassIndex, 2);
+    e.app.lstSpeciatePool.remove(3);  // the list no longer matches the pool
+    speciatePoolList(e.app);
+    EXPECT_EQ(e.app.poolPassIndex, 0);
+    EXPECT_TRUE(e.app.poolPassRunning && e.app.poolSpeciesPending && !e.app.uiBusy);
+    populateSpeciatePoolList(e.app);
+    e.finish();
+    EXPECT_EQ(e.tags(), (std::vector<std::int32_t>{0, 0, 1, 2}));
+}
+
+TEST(SpeciesThreshold, TypedTextsAndTheLateRewrite) {
+    // Typed text, the scroll bar's position, the text as rewritten later.
+    const std::tuple<const char*, int, const char*> cases[] = {
+        {" 95% ", 950, " 95"}, {"abc", 0, " 0"},    {"-5", 1000, " 100"},    {"300", 1000, " 100"},
+        {".7", 7, " .7"},      {"1e1", 100, " 10"}, {"44.45", 444, " 44.4"},  // 444.5 goes to the even 444
+    };
+    for (auto [typed, position, canonical] : cases) {
+        SCOPED_TRACE(typed);
+        ScriptedUi ui;
+        ManualClock clock;
+        App app(ui, clock);
+        MultiTask task;
+        auto sweep = [&] {
+            for (int t = 0; t < 6; ++t) tmrMultiTaskTick(app, task, FramesShown{true, false});
+        };
+        typePoolSpeciesThreshold(app, typed);
+        app.uiBusy = true;  // busy: the typed text waits for the next sweep
+        validatePoolSpeciesThreshold(app);
+        EXPECT_TRUE(app.poolThresholdTyped);
+        EXPECT_EQ(app.scrollPoolSpeciesThreshold, 444);
+        app.uiBusy = false;
+        sweep();
+        EXPECT_FALSE(app.poolThresholdTyped);
+        EXPECT_EQ(app.scrollPoolSpeciesThreshold, position);
+        EXPECT_FLOAT_EQ(app.poolThreshold, static_cast<float>(position / 10.0));
+        EXPECT_EQ(app.txtPoolSpeciesThreshold, typed) << "the text stays as typed at first";
+        // Typed again and left alone for more than five seconds: the text is rewritten.
+        typePoolSpeciesThreshold(app, typed);
+        clock.advance(5.5);
+        sweep();
+        EXPECT_EQ(app.txtPoolSpeciesThreshold, canonical);
+    }
+}
+
+TEST(SpeciesThreshold, RangeMessages) {
+    const std::tuple<Pool, int, const char*> cases[] = {
+        {defaultPool(), 100, "Range found.  Listed drifters all match from 0% to  95%"},
+        {defaultPool(), 1000, "Range found.  Listed drifters all match from 0% to  99.5%"},
+        {kinPool({60, 60}), 100, "Zero range found.  Listed drifters all match  60%"},
+        {kinPool({100, 100, 95, 3}), 100, "Range found.  Listed drifters all match from 3% to  100%"},  // to even
+        {kinPool({100, 100, 90}), 1000, "Range found.  Listed drifters all match from 9% to  10%"},
+        {kinPool({100}), 100, "Zero range found.  Listed drifters all match  100%"},  // one drifter
+    };
+    for (const auto& [pool, depth, message] : cases) {
+        Editor e(pool, depth);
+        e.ui.message(std::string(message) + " of each other's genetic sequences.");
+        findPoolThresholdRange(e.app);
+        EXPECT_TRUE(e.ui.done()) << e.ui.report();
+        EXPECT_FALSE(e.app.PoolProgressBar1.visible);
+    }
+}
+
+TEST(SpeciesCli, TagsRangesAndPrefixedLines) {
+    TempDir dir;
+    std::string pool = dir.file("kin.aqp");
+    ASSERT_EQ(writePool(pool, kinPool({100, 50, 44, 43, 100, 10})), "");
+    // Arguments, exit status, output.
+    const std::tuple<std::string, int, std::string> cases[] = {
+        {"species " + pool, 0, "0\n0\n0\n1\n0\n2\n"},
+        {"species " + pool + " --threshold 50", 0, "0\n0\n1\n2\n0\n3\n"},
+        {"species " + pool + " --threshold 96.5 --depth 1000", 0, "0\n1\n2\n3\n4\n5\n"},
+        {"range " + pool, 0,
+         "Range found.  Listed drifters all match from 10% to  100% of each other's genetic sequences.\n"},
+        {"range " + pool + " --depth 1000", 0,
+         "Range found.  Listed drifters all match from 1% to  10% of each other's genetic sequences.\n"},
+        {"species " + pool + " --depth 0", 2, ""},
+        {"species " + pool + " --threshold x", 2, ""},
+        {"drifters " + pool + " --depth 100", 2, ""},
+        {"species " + dir.file("missing.aqp"), 1, ""},
+    };
+    for (const auto& [args, status, out] : cases) {
+        CliResult r = runCli(args);
+        EXPECT_EQ(std::tie(r.status, r.out), std::tie(status, out)) << args;
+    }
+    CliResult lines = runCli("drifters " + pool + " --species 44.4");
+    ASSERT_EQ(lines.status, 0);
+    EXPECT_EQ(lines.out.substr(0, 4), "{0} ");
+    EXPECT_NE(lines.out.find("\n{2} "), std::string::npos);
+    EXPECT_EQ(runCli("drifters " + pool).out.find('{'), std::string::npos);
+}
+
+TEST(KeysCli, KeysPairsAndMinorities) {
+    TempDir dir;
+    std::string pool = dir.file("default.aqp");
+    ASSERT_EQ(runCli("default -o " + pool).status, 0);
+    auto firstLine = [&](const std::string& args) {
+        std::string out = runCli("keys " + pool + args).out;
+        return out.substr(0, out.find('\n'));
+    };
+    EXPECT_EQ(firstLine(" --short"), "10{}");  // the Dot
+    EXPECT_EQ(firstLine(" --pair"), firstLine(" --compressed") + "\t" + firstLine(" --compressed --detailed"));
+    // Two drifters stand alone in their segment counts: those of 1 and 6 segments.
+    CliResult m = runCli("minorities " + pool + " --by segments --count-still");
+    EXPECT_EQ(std::tie(m.status, m.out), std::make_tuple(0, std::string("0\n48\n")));
+    EXPECT_EQ(runCli("minorities " + pool + " --by branching,colororder,colors --count-still").out, "");
+    EXPECT_EQ(runCli("minorities " + pool + " --by legs").status, 2);
+    EXPECT_EQ(runCli("minorities " + pool).status, 2);
+    EXPECT_EQ(runCli("keys " + pool + " --pair --short").status, 2);
+}
