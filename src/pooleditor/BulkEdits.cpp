@@ -2,13 +2,13 @@
 
 #include <algorithm>
 
-#include "foodeditor/FoodList.h"
+#include "base/NumberText.h"
+#include "files/FileNames.h"
 #include "files/PoolOps.h"
 #include "files/PoolSave.h"
+#include "foodeditor/FoodList.h"
 #include "pooleditor/DrifterList.h"
 #include "pooleditor/TickedRecords.h"
-#include "files/FileNames.h"
-#include "base/NumberText.h"
 
 namespace aq {
 

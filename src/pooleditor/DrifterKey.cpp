@@ -119,10 +119,8 @@ void compressTail(std::string& s, std::size_t from) {
         i += len;
     }
     s.resize(w);
-    for (std::size_t p = from; (p = s.find("0}", p)) != std::string::npos;) {
-        s.erase(p, 1);
-        p = p > from ? p - 1 : from;
-    }
+    // No two neighbours are alike any more, so dropping a 0 never makes a new "0}".
+    for (std::size_t p = from; (p = s.find("0}", p)) != std::string::npos;) s.erase(p, 1);
 }
 
 }  // namespace
@@ -147,7 +145,8 @@ void appendDrifterKey(std::string& out, const DrifterRec& d, bool shortKey, bool
     double perMass = static_cast<double>(d.mass / static_cast<float>(n));
     if (appendClass(out, detailed ? perLength / 27 + 0.5 + std::sqrt(perLength) / 5
                                   : perLength / 10 + std::sqrt(perLength) / 3) &&
-        appendClass(out, detailed ? perMass / 50 + 0.5 + std::sqrt(perMass) / 13 : perMass / 37 + std::sqrt(perMass) / 5)) {
+        appendClass(out,
+                    detailed ? perMass / 50 + 0.5 + std::sqrt(perMass) / 13 : perMass / 37 + std::sqrt(perMass) / 5)) {
         if (detailed) appendTaperField(out, d, n);
         if (compressed) compressTail(out, from);
     }

@@ -1,10 +1,10 @@
 #include "pooleditor/DrifterList.h"
 
-#include "foodeditor/FoodList.h"
+#include "base/NumberText.h"
+#include "files/FileNames.h"
 #include "files/PoolOps.h"
 #include "files/PoolSave.h"
-#include "files/FileNames.h"
-#include "base/NumberText.h"
+#include "foodeditor/FoodList.h"
 
 namespace aq {
 
@@ -12,9 +12,7 @@ namespace {
 const char* const kFirstColor[6] = {"Red ", "Orange ", "Yellow ", "Green ", "Blue ", "Purple "};
 const char* const kSecondColor[6] = {"& red ", "& orange ", "& yellow ", "& green ", "& blue ", "& purple "};
 
-const char* colorWord(const char* const* words, int code) {
-    return (code >= 0 && code < 6) ? words[code] : "";
-}
+const char* colorWord(const char* const* words, int code) { return (code >= 0 && code < 6) ? words[code] : ""; }
 }  // namespace
 
 std::string DrifterLineText(const DrifterRec& d) {
@@ -90,9 +88,9 @@ void initiateLoadPoolFile(App& app, const std::string& chosen) {
 
     std::string previousPath = app.openPoolPath;
     bool previousChanged = app.poolChanged;
-    app.openPoolPath = !chosen.empty() ? chosen
-                                       : locateSourceFile(app, app.comboPoolPath, "", "aqp", "Aquarium Files",
-                                                          "Select Pool File");
+    app.openPoolPath = !chosen.empty()
+                           ? chosen
+                           : locateSourceFile(app, app.comboPoolPath, "", "aqp", "Aquarium Files", "Select Pool File");
     if (app.openPoolPath.empty()) {
         app.stateChanged();
         return;

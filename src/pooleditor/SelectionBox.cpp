@@ -17,18 +17,11 @@ void setSizeRange(SliderState& s, float centre) {
     s.tickFrequency = static_cast<int>(std::nearbyint((s.max - s.min) / 20.0));
 }
 
-// The centre may move only as far as keeps the whole box inside; a range the slider
-// refuses hides it.
-void setCentreRange(SliderState& s, bool& caption, float size) {
-    caption = true;
-    s.visible = true;
-    auto refuse = [&] {
-        caption = false;
-        s.visible = false;
-        s.setMax(s.min + 1);
-    };
-    if (!s.setMin(rounded(size / 2 - kBoxBound))) refuse();
-    if (!s.setMax(rounded(kBoxBound - size / 2))) refuse();
+// The centre may move only as far as keeps the whole box inside. A range the slider
+// refuses collapses to one step, which hides the slider and its caption below.
+void setCentreRange(SliderState& s, float size) {
+    if (!s.setMin(rounded(size / 2 - kBoxBound))) s.setMax(s.min + 1);
+    if (!s.setMax(rounded(kBoxBound - size / 2))) s.setMax(s.min + 1);
 }
 
 }  // namespace
@@ -60,8 +53,8 @@ void setBoxSliders(const BoxContents& contents, BoxControls c) {
     c.width.setValue(rounded(w));
     c.height.setValue(rounded(h));
 
-    setCentreRange(c.x, c.lblX, w);
-    setCentreRange(c.y, c.lblY, h);
+    setCentreRange(c.x, w);
+    setCentreRange(c.y, h);
     c.x.tickFrequency = static_cast<int>(std::nearbyint((c.x.max - c.x.min) / 20.0));
     c.y.tickFrequency = static_cast<int>(std::nearbyint((c.y.max - c.y.min) / 20.0));
     c.x.setValue(rounded(w / 2 + b.minX));

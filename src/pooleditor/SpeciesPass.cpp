@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "pooleditor/DrifterList.h"
-#include "pooleditor/Similarity.h"
 #include "base/NumberText.h"
 #include "base/ThresholdText.h"
+#include "pooleditor/DrifterList.h"
+#include "pooleditor/Similarity.h"
 
 namespace aq {
 

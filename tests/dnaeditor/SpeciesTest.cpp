@@ -130,21 +130,28 @@ TEST(DrifterSpecies, ThresholdRangeNarrowsTheScrollbar) {
     const auto& bar = t.app.dna.scrollDrifterSpeciesThreshold;
     EXPECT_EQ(std::vector<int>({bar.min, bar.pos, bar.max}), std::vector<int>({923, 965, 971}));
     ASSERT_EQ(t.app.dna.thresholdItems.size(), 13u);
-    EXPECT_FALSE(t.app.dna.drifterProgressBar1.visible);
+    const auto& progress = t.app.dna.drifterProgressBar1;
+    EXPECT_EQ(std::tuple(progress.visible, progress.value, progress.max), std::tuple(false, 2, 2));
 
-    // Width 7: eight items one apart.
-    Species u({{"a.dna", genome(1)}, {"b.dna", genome(1, {5, 5})}, {"c.dna", genome(1, std::vector<int>(9, 4))}},
-              false);
-    u.app.similarityDepth = 1000;
-    u.ui.message("*");
-    aq::findDrifterThresholdRange(u.app);
-    EXPECT_EQ(std::pair(u.app.dna.thresholdItems.size(), u.app.dna.thresholdItems.front()), std::pair(8ul, "99.1%"s));
+    // Width 7: eight items one apart; width 20: eleven items two apart.
+    for (auto [head, items, first] : {std::tuple(9, 8ul, "99.1%"s), std::tuple(22, 11ul, "97.8%"s)}) {
+        Species u({{"a.dna", genome(1)}, {"b.dna", genome(1, {5, 5})}, {"c.dna", genome(1, std::vector<int>(head, 4))}},
+                  false);
+        u.app.similarityDepth = 1000;
+        u.ui.message("*");
+        aq::findDrifterThresholdRange(u.app);
+        EXPECT_EQ(std::pair(u.app.dna.thresholdItems.size(), u.app.dna.thresholdItems.front()),
+                  std::pair(items, first));
+    }
 
-    // All alike: no range, and the full range comes back.
-    Species v({{"a.dna", genome(1)}, {"b.dna", genome(1)}}, false);
-    v.ui.message("No range found.  Listed drifters all match  100% of each other's genetic sequences.");
-    aq::findDrifterThresholdRange(v.app);
-    EXPECT_TRUE(v.ui.done()) << v.ui.report();
+    // All alike, or one file alone: no range, and the full range comes back.
+    for (int files : {1, 2}) {
+        Species v({{"a.dna", genome(1)}, {"b.dna", genome(1)}}, false);
+        v.app.dna.dnaCount = files;
+        v.ui.message("No range found.  Listed drifters all match  100% of each other's genetic sequences.");
+        aq::findDrifterThresholdRange(v.app);
+        EXPECT_TRUE(v.ui.done()) << v.ui.report();
+    }
 }
 
 TEST(DrifterSpecies, SlowPassesShowTheNoticeWithGrowingPatience) {

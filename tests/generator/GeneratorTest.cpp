@@ -181,6 +181,9 @@ TEST(GenerateStartupPool, SplitPoolSpreadsOverEightSectorsAndBuildsWalls) {
     const aq::GreatWall &v = p.walls[0], &h = p.walls[1];
     EXPECT_EQ(std::vector<double>({v.left, v.right, v.bottom, v.top, h.left, h.right, h.bottom, h.top}),
               std::vector<double>({-830, -770, -1600, 1600, -1600, 1600, -830, -770}));
+    // Peripheral food moves on a sector every fourth bit: bits 0-3 top right, 4-7 right.
+    aq::Pool q = build(settings(1, 1, 4, 1, 1, true));
+    for (int i = 0; i < 8; ++i) EXPECT_LE(std::abs(q.food[i].y - (i < 4 ? 2400 : 0)), 1120) << i;
 }
 
 TEST(GenerateStartupPool, DoubleWallsAreTurnedHalfRound) {

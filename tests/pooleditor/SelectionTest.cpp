@@ -22,6 +22,12 @@ DrifterRec with(int age, int mat = 0, int pat = 0, int meals = 0, float mass = 0
     return d;
 }
 
+// A body whose first slot past its segments holds a colour of its own.
+DrifterRec junk(DrifterRec d) {
+    d.segments[d.segmentCount].color = 5;
+    return d;
+}
+
 // Whether criterion `index` of `slot` relates drifter c to drifter k.
 bool holds(const DrifterRec& k, const DrifterRec& c, float threshold, int slot, int index) {
     PoolEditor e(poolOf({k, c}));
@@ -77,6 +83,7 @@ TEST(GroupCriteria, TheDocumentedExamples) {
         {"colour sequence: other way round", body({0, 0, 4, 4, 4}), body({0, 0, 4}), 44.4f, 10, true},
         {"colour sequence: no", body({0, 4, 0}), body({0, 4}), 44.4f, 10, false},
         {"same colours in any order", body({0, 4}), body({4, 0}), 44.4f, 6, true},
+        {"same colours: a slot past the last segment doesn't count", body({0, 4}), junk(body({4, 0})), 44.4f, 6, true},
         {"same colours needs the same number", body({0, 4}), body({0, 4, 3}), 44.4f, 6, false},
         {"same base colour", body({2, 4}), body({2}), 44.4f, 7, true},
         {"same number of colours", body({2, 4}), body({1, 1, 3}), 44.4f, 9, true},
@@ -105,12 +112,14 @@ TEST(GroupCriteria, MeasuresOfBothDrifters) {
     EXPECT_EQ(got, "01101001110110101");
     // The other slots' items map to the same tests; their index 0 never holds.
     const int group0[] = {3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 15, 16, 27};
-    for (int i = 1; i <= 13; ++i) EXPECT_EQ(holds(k, c, 96.5f, 2, i), holds(k, c, 96.5f, 0, group0[i - 1])) << i;
+    for (int i = 1; i <= 13; ++i) {
+        EXPECT_EQ(holds(k, c, 96.5f, 2, i), holds(k, c, 96.5f, 0, group0[i - 1])) << i;
+        EXPECT_EQ(poolGroupSlotItems()[i], i < 13 ? poolGroup0Items()[group0[i - 1]] : "same segment count.");
+    }
     EXPECT_FALSE(holds(k, c, 96.5f, 1, 0));
     EXPECT_EQ(std::vector<std::size_t>({poolGroup0Items().size(), poolGroupSlotItems().size()}),
               std::vector<std::size_t>({28, 14}));
-    EXPECT_EQ(poolGroup0Items()[13] + "|" + poolGroupSlotItems()[1] + "|" + poolGroupSlotItems()[13],
-              "same total segemt lenth or higher.|similar age.|same segment count.");
+    EXPECT_EQ(poolGroup0Items()[13], "same total segemt lenth or higher.");
 }
 
 TEST(GroupSelection, LocalAndExtendedSpeciesTickAndUntickTheirSets) {
@@ -287,6 +296,13 @@ TEST(Minorities, StageKeys) {
     EXPECT_EQ(e.ticked(), (std::vector<int>{2}));
     mSelectMutantsByColors(f.app);  // 2 keys: bar 4; {0,1,2} counts 3 -> 4, not above
     EXPECT_TRUE(f.ticked().empty());
+    // A lone branching is marked by its own command only.
+    std::vector<DrifterRec> bs(11, body({1, 1}));
+    bs.push_back(body({1, 1}, {1, 0}));
+    PoolEditor g(poolOf(bs)), h(poolOf(bs));
+    mSelectMutantsBySegmentCount(g.app);
+    mSelectMutantsByBranching(h.app);
+    EXPECT_EQ(std::pair(g.ticked(), h.ticked()), std::pair(std::vector<int>{}, std::vector<int>{11}));
 }
 
 TEST(DrifterKeys, FieldsAndCompression) {
@@ -300,10 +316,11 @@ TEST(DrifterKeys, FieldsAndCompression) {
     EXPECT_EQ(DrifterKey(p, 2, true, false, false), "10{}");  // the Dot
     // Length 10 per segment: 10 / 10 + sqrt(10) / 3 = 2.05 -> 2; mass 5: 5 / 37 + sqrt(5) / 5 = 0.58 -> 0.
     EXPECT_EQ(DrifterKey(p, 2, false, false, false), "10{}20");
-    // Detailed: base colour and colour count, 10/27 + 0.5 + sqrt(10)/5 = 1.5 -> 1, 5/50 + 0.5 + sqrt(5)/13 = 0.77 -> 0,
-    // and equal segments give one "=".
-    EXPECT_EQ(DrifterKey(p, 3, false, false, true), "321{00}10=");
-    EXPECT_EQ(DrifterKeyPair(p, 3), DrifterKey(p, 3, false, true, false) + "\r\n321{}10=");
+    // Detailed: base colour and colour count, 10/27 + 0.5 + sqrt(10)/5 = 1.5 -> 1, 25/50 + 0.5 + sqrt(25)/13 = 1.38
+    // -> 1, and equal segments give one "="; compressed, "11" is one "1".
+    p.drifters[3].mass = 75;
+    EXPECT_EQ(DrifterKey(p, 3, false, false, true), "321{00}11=");
+    EXPECT_EQ(DrifterKeyPair(p, 3), DrifterKey(p, 3, false, true, false) + "\r\n321{}1=");
     EXPECT_EQ(DrifterKey(p, 4, false, false, false) + DrifterKey(p, -1, false, false, false), "");
 }
 

@@ -120,6 +120,11 @@ TEST(SpeciesPass, SlicesGiveTheTagsOfOnePass) {
     // A start time that single precision rounds up still gets its whole slice.
     late.clock.seconds = 4000.0002;
     EXPECT_EQ(late.finish(), 1);
+    // A slice ends when its two seconds are up: readings at 0.5, 1 and 1.5 s pass, 2 s does not.
+    Editor edge(defaultPool());
+    edge.clock.step = 0.5;
+    speciatePoolList(edge.app);
+    EXPECT_EQ(edge.app.poolPassIndex, 3);
 }
 
 TEST(SpeciesPass, TheNoticeComesOnceForASlowPassAndPatienceGrows) {
