@@ -2,7 +2,6 @@
 // the open pool and the lists, saving and reading back; and aqfm generate and food.
 #include <gtest/gtest.h>
 
-#include <filesystem>
 
 #include "base/FileIo.h"
 #include "files/PoolOps.h"
@@ -129,20 +128,6 @@ TEST(CliGenerate, WritesTheSamePoolAsTheTab) {
     }
 }
 
-TEST(CliGenerate, RejectsBadOptions) {
-    aqtest::TempDir dir;
-    const std::string out = dir.file("new.aqp");
-    for (const char* args : {"--type 3", "--food 5", "--placement -1", "--walls x", "--state 1000000", "--state xyz",
-                             "--extra-food --no-extra-food", "--seed", "extra-positional", ""}) {
-        std::string tail = std::string(args).empty() ? "" : " -o " + out;
-        EXPECT_EQ(aqtest::runCli(std::string("generate ") + args + tail).status, 2) << args;
-    }
-    EXPECT_FALSE(std::filesystem::exists(out));
-    // The reason goes to stderr: "#" ends the command before runCli sends stderr away.
-    EXPECT_NE(aqtest::runCli("generate --type 3 -o " + out + " 2>&1 #").out.find("option --type must be 0 to 2, got 3"),
-              std::string::npos);
-}
-
 TEST(CliFood, PrintsOneLinePerFoodBitWithItsTrailingBlank) {
     aqtest::TempDir dir;
     const std::string path = dir.file("default.aqp");
@@ -153,8 +138,6 @@ TEST(CliFood, PrintsOneLinePerFoodBitWithItsTrailingBlank) {
               "{0} Food bit @ 100X, 0Y. \n{1} Food bit @ 50X, 86.60254Y. \n{2} Food bit @ -50X, 86.60254Y. \n"
               "{3} Food bit @ -100X, 5.358979E-06Y. \n{4} Food bit @ -50.00001X, -86.60254Y. \n"
               "{5} Food bit @ 49.99999X, -86.60255Y. \n");
-    EXPECT_EQ(aqtest::runCli("food " + dir.file("none.aqp")).status, 1);
-    EXPECT_EQ(aqtest::runCli("food").status, 2);
 }
 
 }  // namespace

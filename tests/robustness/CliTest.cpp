@@ -63,6 +63,8 @@ TEST(CliRobustness, AwkwardPathsWork) {
 
 TEST(CliRobustness, UsageErrors) {
     TempDir dir;
+    ASSERT_EQ(aq::writePool(dir.file("d.aqp"), makePool(2, 2)), "");
+    const std::string out = " -o " + quote(dir.file("x.aqp")), prepare = "prepare " + quote(dir.file("d.aqp"));
     struct Case {
         std::string args;
         int code;
@@ -72,6 +74,7 @@ TEST(CliRobustness, UsageErrors) {
         {"frobnicate", 2, "unknown command"},
         {"info", 2, "expected 1 argument"},
         {"info a b", 2, "expected 1 argument"},
+        {"food", 2, "aqfm food: expected 1 argument, got 0"},
         {"info --nope x", 2, "unknown option --nope"},
         {"default", 2, "missing -o"},
         {"default -o", 2, "needs a value"},
@@ -79,6 +82,25 @@ TEST(CliRobustness, UsageErrors) {
         {"generate -o " + quote(dir.file("missing/new.aqp")), 1,
          "Error saving " + dir.file("missing/new.aqp") + ", error: No such file or directory"},
         {"info --help", 0, "usage: aqfm info FILE"},
+        {"generate --type 3" + out, 2, "option --type must be 0 to 2, got 3"},
+        {"generate --food 5" + out, 2, "option --food must be 0 to 4, got 5"},
+        {"generate --placement -1" + out, 2, "option --placement must be 0 to 2, got -1"},
+        {"generate --walls x" + out, 2, "option --walls needs a whole number, got \"x\""},
+        {"generate --state 1000000" + out, 2, "needs a hexadecimal number up to FFFFFF, got \"1000000\""},
+        {"generate --state xyz" + out, 2, "up to FFFFFF, got \"xyz\""},
+        {"generate --extra-food --no-extra-food" + out, 2, "--extra-food and --no-extra-food exclude each other"},
+        {"generate --seed" + out, 2, "expected 0 arguments, got 1"},  // -o is the seed
+        {"generate extra-positional" + out, 2, "expected 0 arguments, got 1"},
+        {"generate", 2, "aqfm generate: missing -o"},
+        {prepare + " bogus" + out, 2, "unknown step \"bogus\""},
+        {prepare + " resetCounters:meals,kids" + out, 2, "step resetCounters does not know \"kids\""},
+        {prepare + " ensureMinimumDrifters" + out, 2, "step ensureMinimumDrifters takes 1 argument(s)"},
+        {prepare + " feedByColor:9:0" + out, 2, "step feedByColor needs a whole number from -1 to 5, got \"9\""},
+        {prepare + " group:2:fast" + out, 2, "step group does not know \"fast\""},
+        {prepare + out, 2, "give a pool file and at least one step"},
+        {"harvest " + quote(dir.path()) + " --max 0" + out, 2, "option --max must be 1 to 2000, got 0"},
+        {"harvest " + quote(dir.file("missing")) + out, 1, "Error reading " + dir.file("missing")},
+        {"scores " + quote(dir.file("missing.aqp")), 1, "Error opening " + dir.file("missing.aqp")},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.args);
@@ -86,6 +108,7 @@ TEST(CliRobustness, UsageErrors) {
         EXPECT_EQ(r.code, c.code) << r.out;
         EXPECT_NE(r.out.find(c.says), std::string::npos) << r.out;
     }
+    EXPECT_FALSE(std::filesystem::exists(dir.file("x.aqp")));
 }
 
 TEST(CliRobustness, EveryCommandGivenABadPoolExitsOneAndWritesNothing) {

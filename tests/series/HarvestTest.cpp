@@ -7,10 +7,13 @@
 #include <random>
 
 #include "SeriesFakes.h"
+#include "base/NumberText.h"
 #include "generator/Random.h"
 #include "pooleditor/DrifterKey.h"
 #include "series/Harvest.h"
+#include "series/PrepareSteps.h"
 #include "series/Success.h"
+#include "support/RunCli.h"
 #include "support/TempDir.h"
 
 using namespace aqtest;
@@ -260,15 +263,13 @@ TEST(Harvest, FoldersAndFailures) {
     EXPECT_EQ(gone.ids(), gone.untouched);
     EXPECT_EQ(gone.app.openPoolPath, "/somewhere/open.aqp");
 
-    // Files that can't be read get a message each, in list order, and change nothing:
-    // the harvest equals that of the folder without them.
-    Rig r, clean;
-    for (Rig* g : {&r, &clean}) {
-        // 3 pushes 2 out of the list; a second look at this pool would bring it back.
-        g->writePoolFile("a.aqp", {candidate(1, 6, 6), candidate(2, 7, 1), candidate(3, 8, 4)});
-        g->writePoolFile("c.aqp", {candidate(7, 11, 30)});
-        g->writePoolFile("c.txt", {candidate(4, 12, 90)});
-    }
+    // Files that can't be read get a message each, in list order, and change nothing: the
+    // harvest is that of the good files alone, where 3 pushes 2 out of the list (a second
+    // look at a.aqp would bring it back) and c.txt is no pool file.
+    Rig r;
+    r.writePoolFile("a.aqp", {candidate(1, 6, 6), candidate(2, 7, 1), candidate(3, 8, 4)});
+    r.writePoolFile("c.aqp", {candidate(7, 11, 30)});
+    r.writePoolFile("c.txt", {candidate(4, 12, 90)});
     writeBytes(r.dir.file("B.aqp"), std::string(40, '\x07'));
     std::string negative = aq::poolBytes(makePool(0, 1));  // a count of -1 reads as no drifters
     negative.replace(12, 4, std::string(4, '\xFF'));
@@ -285,8 +286,6 @@ TEST(Harvest, FoldersAndFailures) {
     expectSkipped = 4;
 #endif
     EXPECT_TRUE(r.harvest(r.dir.path(), 2000, true, false, &skipped));
-    clean.harvest(clean.dir.path(), 2000, true, false);
-    EXPECT_EQ(r.ids(), clean.ids());
     EXPECT_EQ(r.ids(), (std::vector<int>{7, 1, 3, 100}));
     EXPECT_EQ(skipped, expectSkipped);
     EXPECT_EQ(r.app.openPool.foodCount, 4);
@@ -313,6 +312,37 @@ TEST(Harvest, RandomDraw) {
     EXPECT_EQ(busy.app.openPool.drifterCount, 3);
     EXPECT_EQ(busy.app.lstSpeciatePool.count(), 0);
     EXPECT_EQ(busy.app.openPoolPath, "/somewhere/open.aqp");
+}
+
+// The command line gives the same scores, harvest and steps.
+TEST(Harvest, CliScoresHarvestAndPrepare) {
+    TempDir dir;
+    std::filesystem::create_directories(dir.file("f"));
+    const std::string pool = dir.file("f/default.aqp");
+    const aq::Pool def = defaultPool();
+    ASSERT_EQ(aq::writePool(pool, def), "");
+
+    CliResult scores = runCli("scores '" + pool + "'");
+    std::string expected = "norm: " + aq::NumberText(aq::SuccessNorm(def)) + "\n";
+    for (int i = 0; i < def.drifterCount; ++i) expected += aq::NumberText(aq::SuccessScore(def, i)) + "\n";
+    EXPECT_EQ(scores.status, 0);
+    EXPECT_EQ(scores.out, expected);
+
+    const std::string harvest = "harvest '" + dir.file("f") + "' --open '" + pool + "' --max 3 -o '";
+    ASSERT_EQ(runCli(harvest + dir.file("h.aqp") + "'").status, 0);
+    aq::Pool harvested;
+    ASSERT_EQ(aq::readPool(dir.file("h.aqp"), harvested).status, aq::PoolReadStatus::Ok);
+    EXPECT_EQ(harvested.drifterCount, 3);
+    EXPECT_EQ(harvested.foodCount, def.foodCount);
+
+    // The steps run in the order given, as the same calls on the pool do.
+    const std::string steps = " halveAges deleteStarters:100 gravitateToCenter:150 -o '";
+    ASSERT_EQ(runCli("prepare '" + pool + "'" + steps + dir.file("p.aqp") + "'").status, 0);
+    aq::Pool prepared = def;
+    aq::halveAges(prepared);
+    aq::deleteStarters(prepared, 100);
+    aq::gravitateToCenter(prepared, 150, true, true);
+    EXPECT_EQ(readBytes(dir.file("p.aqp")), aq::poolBytes(prepared));
 }
 
 }  // namespace
