@@ -6,9 +6,7 @@
 #include "archive/ArchiveChecks.h"
 #include "archive/ArchiveHelp.h"
 #include "archive/ArchiveTransfers.h"
-#include "support/ManualClock.h"
-#include "support/ScriptedUi.h"
-#include "support/TempDir.h"
+#include "support/ScriptedSession.h"
 
 namespace {
 
@@ -16,11 +14,7 @@ namespace fs = std::filesystem;
 using aq::Answer;
 
 // The simulator's folder and the two archive folders; automatic names from the clock.
-struct Fixture {
-    aqtest::ScriptedUi ui;
-    aqtest::ManualClock clock;
-    aq::App app{ui, clock};
-    aqtest::TempDir dir;
+struct Fixture : aqtest::Session {
     std::string sim = dir.file("sim"), drifters = dir.file("drifters"), pools = dir.file("pools");
     Fixture() {
         for (const auto& d : {sim, drifters, pools}) fs::create_directories(d);
