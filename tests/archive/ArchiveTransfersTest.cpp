@@ -114,13 +114,13 @@ TEST(CopyToArchive, AutoNamesWithDateAndTimeThenTheOverwriteQuestion) {
     f.only({0, 1});
     f.put(f.sim, "Drifter_1.DNA", "one");
     f.put(f.sim, "drifter_2.dna", "two");  // any capitals on disk
-    f.app.comboAquariumPathItems = {"/a", "/b"};
+    f.app.comboAquariumPathItems = f.app.comboDrifterPathItems = {"/a", "/b"};
     f.ui.message("Copied 2 files. ", "Done");
     f.run(aq::cmdCopyToArchive);
     EXPECT_EQ(f.get(f.drifters, "Drifter_" + kNow + " #1.DNA"), "one");
     EXPECT_EQ(f.get(f.drifters, "Drifter_" + kNow + " #2.DNA"), "two");
     // The boxes of the folders used keep them, last in their lists.
-    EXPECT_EQ(f.app.comboDrifterPathItems, std::vector<std::string>{f.drifters});
+    EXPECT_EQ(f.app.comboDrifterPathItems, (std::vector<std::string>{"/a", "/b", f.drifters}));
     EXPECT_EQ(f.app.comboAquariumPathItems, (std::vector<std::string>{"/a", "/b", f.sim}));
     EXPECT_TRUE(f.app.comboPoolPathItems.empty());
 
