@@ -111,8 +111,7 @@ TEST(DrifterSpecies, GroupTicksSpreadByMode) {
     aq::setDrifterGroupMode(s.app, 4);
     list.setChecked(0, true);
     s.ui.message("ToDo");
-    aq::ApplyDrifterGroup(s.app);
-    EXPECT_TRUE(s.ui.done()) << s.ui.report();
+    s.run(aq::ApplyDrifterGroup);
     EXPECT_EQ(list.checkedCount(), 2);
     EXPECT_FALSE(s.app.uiBusy);
 }
@@ -125,8 +124,7 @@ TEST(DrifterSpecies, ThresholdRangeNarrowsTheScrollbar) {
               false);
     t.app.similarityDepth = 1000;
     t.ui.message("Range found.  Listed drifters all match from 92.3% to  97.1% of each other's genetic sequences.");
-    aq::findDrifterThresholdRange(t.app);
-    EXPECT_TRUE(t.ui.done()) << t.ui.report();
+    t.run(aq::findDrifterThresholdRange);
     const auto& bar = t.app.dna.scrollDrifterSpeciesThreshold;
     EXPECT_EQ(std::vector<int>({bar.min, bar.pos, bar.max}), std::vector<int>({923, 965, 971}));
     ASSERT_EQ(t.app.dna.thresholdItems.size(), 13u);
@@ -149,8 +147,7 @@ TEST(DrifterSpecies, ThresholdRangeNarrowsTheScrollbar) {
         Species v({{"a.dna", genome(1)}, {"b.dna", genome(1)}}, false);
         v.app.dna.dnaCount = files;
         v.ui.message("No range found.  Listed drifters all match  100% of each other's genetic sequences.");
-        aq::findDrifterThresholdRange(v.app);
-        EXPECT_TRUE(v.ui.done()) << v.ui.report();
+        v.run(aq::findDrifterThresholdRange);
     }
 }
 

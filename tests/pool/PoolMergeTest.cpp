@@ -43,6 +43,12 @@ struct Open : Session {
         EXPECT_EQ(writePool(path, p), "");
         return path;
     }
+    // Runs a merge command with `p` chosen in its dialog ("" cancels it).
+    void merge(const Pool* p, void (*command)(App&) = mMergePool) {
+        ui.file("open", "Select Pool File", p ? file(*p) : "", dir.path() + "||aqp|Aquarium Files");
+        command(app);
+        EXPECT_SCRIPT_DONE(ui);
+    }
 };
 
 void expectIdsAreIndices(const Pool& p) {
@@ -57,10 +63,8 @@ TEST(PoolMerge, DriftersUpToTheLimitTakeTheFileFirstOnes) {
     s.app.openPool.walls[0].wallFlag = 5;
     Pool before = s.app.openPool;
     Pool work = s.app.workPool;
-    std::string other = s.file(markedPool(50, 4, 100000));
-    s.ui.file("open", "Select Pool File", other, s.dir.path() + "||aqp|Aquarium Files");
-    mMergePool(s.app);
-    EXPECT_SCRIPT_DONE(s.ui);
+    const Pool other = markedPool(50, 4, 100000);
+    s.merge(&other);
     const Pool& p = s.app.openPool;
     ASSERT_EQ(p.drifterCount, 2000);
     EXPECT_EQ(std::vector<int>({p.drifters[0].age, p.drifters[1989].age, p.drifters[1990].age, p.drifters[1999].age}),
@@ -90,10 +94,8 @@ TEST(PoolMerge, TheLimitMessagesComeWithoutADialog) {
 TEST(PoolMerge, FoodAloneKeepsTheDriftersAndIsCutAtTheLimit) {
     Open s(markedPool(5, 1995, 0));
     Pool before = s.app.openPool;
-    std::string other = s.file(markedPool(9, 10, 200));
-    s.ui.file("open", "Select Pool File", other);
-    mMergeFood(s.app);
-    EXPECT_SCRIPT_DONE(s.ui);
+    const Pool other = markedPool(9, 10, 200);
+    s.merge(&other, mMergeFood);
     const Pool& p = s.app.openPool;
     EXPECT_EQ(std::tuple(p.drifterCount, p.foodCount, p.food[1995].family, p.food[1999].family),
               std::tuple(5, 2000, 200, 204));
@@ -107,9 +109,8 @@ TEST(PoolMerge, FoodAloneKeepsTheDriftersAndIsCutAtTheLimit) {
 
 TEST(PoolMerge, AFileWithoutDriftersOnlyRenumbers) {
     Open s(markedPool(5, 2, 0));
-    std::string other = s.file(markedPool(0, 0, 0));
-    s.ui.file("open", "Select Pool File", other);
-    mMergePool(s.app);
+    const Pool other = markedPool(0, 0, 0);
+    s.merge(&other);
     EXPECT_EQ(s.app.openPool.drifterCount, 5);
     expectIdsAreIndices(s.app.openPool);
     // Two damaged negative counts add up to no records, not to an overflow.
@@ -125,9 +126,7 @@ TEST(PoolMerge, CancellingTheDialogChangesNothing) {
         Open s(markedPool(3, 3, 0));
         s.app.poolChanged = changed;
         Pool before = s.app.openPool;
-        s.ui.file("open", "Select Pool File", "");
-        mMergePool(s.app);
-        EXPECT_SCRIPT_DONE(s.ui);
+        s.merge(nullptr);
         EXPECT_EQ(s.app.poolChanged, changed);
         EXPECT_EQ(poolBytes(s.app.openPool), poolBytes(before));
         EXPECT_FALSE(s.app.poolSpeciesPending);
@@ -154,10 +153,8 @@ TEST(PoolMerge, WithNoPoolLoadedTheFileOpensAsANewPoolOfThatKind) {
     s.app.poolLoaded = false;
     s.app.openPoolPath.clear();
     Pool work = s.app.workPool;
-    std::string other = s.file(markedPool(4, 4, 10));
-    s.ui.file("open", "Select Pool File", other);
-    mMergePool(s.app);
-    EXPECT_SCRIPT_DONE(s.ui);
+    const Pool other = markedPool(4, 4, 10);
+    s.merge(&other);
     expectIdsAreIndices(s.app.openPool);
     EXPECT_EQ(std::tuple(s.app.openPool.drifterCount, s.app.openPool.foodCount, s.app.lstSpeciatePool.count(),
                          s.app.openPoolPath),
