@@ -94,9 +94,9 @@ TEST(DrifterSpecies, GroupTicksSpreadByMode) {
 
     s.app.speciesPending = true;  // extended species wait for a pending pass, the other modes don't
     aq::setDrifterGroupMode(s.app, 2);
-    EXPECT_FALSE(list.enabled());
+    const bool waited = !list.enabled();
     aq::setDrifterGroupMode(s.app, 0);
-    EXPECT_TRUE(list.enabled());
+    EXPECT_TRUE(waited && list.enabled());
     s.app.speciesPending = false;
     list.setChecked(0, true);
     list.setCurrentIndex(0);
@@ -112,8 +112,7 @@ TEST(DrifterSpecies, GroupTicksSpreadByMode) {
     list.setChecked(0, true);
     s.ui.message("ToDo");
     s.run(aq::ApplyDrifterGroup);
-    EXPECT_EQ(list.checkedCount(), 2);
-    EXPECT_FALSE(s.app.uiBusy);
+    EXPECT_EQ(std::pair(list.checkedCount(), s.app.uiBusy), std::pair(2, false));
 }
 
 TEST(DrifterSpecies, ThresholdRangeNarrowsTheScrollbar) {
