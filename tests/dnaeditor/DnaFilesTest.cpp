@@ -78,8 +78,7 @@ TEST(LoadDrifterFiles, TakesDnaFilesOfAnyCaseInNameOrder) {
     // One file: nothing to compare.
     one.writeDna("only.dna", genome(5));
     one.load();
-    EXPECT_FALSE(one.app.speciesPending);
-    EXPECT_TRUE(one.app.lstSpeciateDrifters.enabled());
+    EXPECT_TRUE(!one.app.speciesPending && one.app.lstSpeciateDrifters.enabled());
 }
 
 TEST(LoadDrifterFiles, AMissingFolderOrAnUnreadableFile) {
@@ -87,8 +86,7 @@ TEST(LoadDrifterFiles, AMissingFolderOrAnUnreadableFile) {
     f.app.comboDrifterPath = f.path("missing");
     f.ui.message("Error reading " + f.path("missing") + ", error: No such file or directory", kLoadTitle)
         .message("Nothing to load.  Try a different Drifter Archive path.");
-    aq::initiateLoadDrifterArchive(f.app);
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    f.run(aq::initiateLoadDrifterArchive);
     EXPECT_FALSE(f.app.dnaLoaded);
     if (geteuid() == 0) GTEST_SKIP() << "root reads any file";
     // A file that can't be read is left out.
@@ -106,8 +104,7 @@ TEST(ImportDrifters, NamesFromStemColoursAndId) {
     Importer f("/pools/Sea.aqp", {drifter(12, {0, 1, 4}, 1), drifter(12, {0, 1, 4}, 2), drifter(3, {5, 9, 2}, 3),
                                   drifter(4, {}, 4), drifter(5, {3}, 3)});
     f.writeDna("Sea.rob12.dna", genome(0, {77}));  // on disk, not loaded
-    aq::importDriftersFromAquarium(f.app);
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    f.run(aq::importDriftersFromAquarium);
     // The same genome twice in one pool: both come in, as changed entries not yet written.
     EXPECT_EQ(f.lines(), (std::vector<std::string>{"Sea.rob12_0.dna", "Sea.rob12_1.dna", "Sea.py3.dna", "Sea.4.dna",
                                                    "Sea.g5.dna"}));
@@ -127,10 +124,8 @@ TEST(ImportDrifters, QuickSpeciateLooksAtTheFirstHundredGenes) {
     aq::Genome g;
     std::copy(std::begin(d.genes), std::end(d.genes), g.begin());
     g[500] ^= 1;
-    f.app.dna.dnaGenes = {g};
-    f.app.dna.dnaPaths = {f.path("x.dna")};
-    f.app.dna.dnaChanged = {0};
-    f.app.dna.dnaCount = 1;
+    f.writeDna("x.dna", g);
+    f.load();
     f.app.similarityDepth = 100;
     aq::importDriftersFromAquarium(f.app);
     EXPECT_EQ(f.app.dna.dnaCount, 1);
@@ -149,31 +144,27 @@ TEST(ImportDrifters, TheQuestionsChooseTheSource) {
         "Would you like to import the drifters from a pool file into the Drifter Files list?";
 
     f.ui.ask("yesno", fileQuestion, aq::kAppTitle, Answer::No);  // no pool open: the first question isn't asked
-    aq::importDrifters(f.app);
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    f.run(aq::importDrifters);
 
     f.app.poolLoaded = true;
     f.app.openPool.drifters = {drifter(7, {2}, 1)};
     f.app.openPool.drifterCount = 1;
     f.ui.ask("yesnocancel", openQuestion, aq::kAppTitle, Answer::No)
         .ask("yesno", fileQuestion, aq::kAppTitle, Answer::No);
-    aq::importDrifters(f.app);
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    f.run(aq::importDrifters);
 
     std::string poolPath = f.path("other.aqp");
     writeBytes(poolPath, aq::poolBytes(makePool(3, 0)));
     f.ui.ask("yesnocancel", openQuestion, aq::kAppTitle, Answer::No)
         .ask("yesno", fileQuestion, aq::kAppTitle, Answer::Yes)
         .file("open", "Select Pool File", poolPath, "/pools||aqp|Aquarium Files");
-    aq::importDrifters(f.app);
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    f.run(aq::importDrifters);
     EXPECT_FALSE(f.app.lstSpeciateDrifters.enabled());  // extended species wait for the pass
 
     f.ui.ask("yesnocancel", openQuestion, aq::kAppTitle, Answer::Yes);
     aq::importDrifters(f.app);
     EXPECT_EQ(f.lines().back(), "y7.dna");
     f.ui.ask("yesnocancel", openQuestion, aq::kAppTitle, Answer::Cancel);
-    aq::importDrifters(f.app);
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    f.run(aq::importDrifters);
     EXPECT_EQ(f.lines().size(), 4u);
 }

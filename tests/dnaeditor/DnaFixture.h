@@ -1,5 +1,7 @@
 #pragma once
 // A program state with a folder of DNA files on disk, for the drifter file tests.
+#include <gtest/gtest.h>
+
 #include <string>
 #include <vector>
 
@@ -30,6 +32,11 @@ struct DnaFixture {
     void load() {
         app.comboDrifterPath = dir.path();
         aq::initiateLoadDrifterArchive(app);
+    }
+    // Runs a command and checks that every scripted prompt came, and nothing else.
+    void run(void (*command)(aq::App&)) {
+        command(app);
+        EXPECT_TRUE(ui.done()) << ui.report();
     }
     void tick(std::initializer_list<int> rows) {
         for (int r : rows) app.lstSpeciateDrifters.setChecked(r, true);

@@ -67,6 +67,11 @@ struct Folder : aqtest::DnaFixture {
         ui.ask("yesno", src(i) + " has changed.\r\n\r\nSave file now?", "Save Changed Drifter", a);
     }
     void askAll(Answer a) { ui.ask("yesno", "Save changes to all 3 altered drifters?", "Save All Changes", a); }
+    // Moves the ticked files as the Selection menu does and checks that every scripted prompt came.
+    void move(bool askWhere = true) {
+        aq::moveSelectedDrifterFiles(app, askWhere, true, true);
+        EXPECT_TRUE(ui.done()) << ui.report();
+    }
 };
 
 TEST(SaveChangedDrifterFiles, AsksPerFileOrInBulk) {
@@ -139,8 +144,7 @@ TEST(MoveDrifterFiles, MovesToTheArchiveAndReports) {
              f.src(2) + " has changed.\r\n\r\nChanges to this drifter will be lost if not saved now.  Save file now?",
              "File Has Changed", Answer::Yes)
         .message("Moved 2 files. ", "Done");
-    aq::MoveDrifterFilesCommand(f.app);
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    f.run(aq::MoveDrifterFilesCommand);
     EXPECT_EQ(f.firstBytes({"src/a.dna", "dst/a.dna", "dst/c.dna"}), std::string("\0\x01\xc8", 3));  // c saved first
 
     // Keeping the entries listed: the changed one keeps its change, and the moved file is the old one.
@@ -153,8 +157,7 @@ TEST(MoveDrifterFiles, MovesToTheArchiveAndReports) {
                  "saved now.\r\n\r\nSave changes to this file now?",
              "File Has Changed", Answer::No)
         .message("Moved 1 file. ", "Done");
-    aq::moveSelectedDrifterFiles(g.app, false, true, true);
-    EXPECT_TRUE(g.ui.done()) << g.ui.report();
+    g.move(false);
     EXPECT_EQ(std::pair(g.app.dna.dnaChanged[1], g.firstByte(g.path("dst/b.dna"))), std::pair(std::uint8_t{1}, '\x02'));
 }
 
@@ -166,8 +169,7 @@ TEST(MoveDrifterFiles, SameFolderAsksWhereAndFollowsTheFirstChoice) {
         .file("save", "Move a.dna to:", f.path("dst/first.dna"),
               f.path("src") + "|a.dna|dna|Aquarium's Drifter DNA files")
         .message("Moved 3 files. ", "Done");
-    aq::moveSelectedDrifterFiles(f.app, true, true, true);
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    f.move();
     EXPECT_EQ(f.firstBytes({"dst/first.dna", "dst/b.dna", "dst/c.dna", "src/a.dna"}), std::string("\x01\x02\x03\0", 4));
     EXPECT_EQ(std::pair(f.app.dnaLoaded, f.app.lstSpeciateDrifters.count()), std::pair(false, 0));  // every entry went
 }
@@ -190,8 +192,7 @@ TEST(MoveDrifterFiles, CancelledDialogAndNameConflicts) {
     f.ui.file("save", "Move c.dna to:", f.path("dst/c.dna"));
     exists("dst/c.dna", Answer::Cancel);
     f.ui.message("Moved 1 file. ", "Done");
-    aq::moveSelectedDrifterFiles(f.app, true, true, true);
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    f.move();
     EXPECT_EQ(f.firstBytes({"src/a.dna", "src/b.dna", "src/c.dna", "dst/b.dna"}), std::string("\x01\0\x03\x02", 4));
     EXPECT_EQ(f.app.dna.dnaCount, 0);  // the entries go all the same
 }
@@ -201,22 +202,19 @@ TEST(MoveDrifterFiles, MissingSourcesAndNothingLoaded) {
     f.tick({0, 1});
     fs::remove(f.src(1));
     f.ui.message("Moved 1 file. One of the selected source files was not found. ", "Done");
-    aq::moveSelectedDrifterFiles(f.app, true, true, true);
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
+    f.move();
 
     Folder none(2);  // nothing ticked
     none.ui.ask("yesnocancel", moveQuestion(0), "Moving Drifter Files", Answer::Yes)
         .message("None of the selected source files could be found. ", "Done");
-    aq::MoveDrifterFilesCommand(none.app);
-    EXPECT_TRUE(none.ui.done()) << none.ui.report();
+    none.run(aq::MoveDrifterFilesCommand);
     EXPECT_EQ(none.app.dna.dnaCount, 2);
 
     Folder empty(0);
     empty.ui.script.clear();
     empty.ui.failures.clear();
     empty.ui.message("No Drifter Files Loaded");
-    aq::moveSelectedDrifterFiles(empty.app, true, true, true);
-    EXPECT_TRUE(empty.ui.done()) << empty.ui.report();
+    empty.move();
 }
 
 TEST(DeleteDrifterFiles, EntriesOnlyOrFilesToo) {
@@ -224,8 +222,7 @@ TEST(DeleteDrifterFiles, EntriesOnlyOrFilesToo) {
     only.tick({0, 2});
     only.ui.ask("yesnocancel", kEntriesOnly, "Delete Entries Only", Answer::Yes)
         .message("No files moved, deleted, or copied.", "Done");
-    aq::deleteSelectedDrifterSpecies(only.app);
-    EXPECT_TRUE(only.ui.done()) << only.ui.report();
+    only.run(aq::deleteSelectedDrifterSpecies);
     EXPECT_EQ(only.lines(), (std::vector<std::string>{"b.dna"}));
 
     files.tick({0, 2});
@@ -236,13 +233,11 @@ TEST(DeleteDrifterFiles, EntriesOnlyOrFilesToo) {
             .ask("yesnocancel", kFilesToo, aq::kAppTitle, Answer::No)
             .ask("yesno", kChangesLost, "Warning!", sure);
         if (sure == Answer::Yes) files.ui.message("Deleted 1 file. ", "Done");
-        aq::deleteSelectedDrifterSpecies(files.app);
-        EXPECT_TRUE(files.ui.done()) << files.ui.report();
+        files.run(aq::deleteSelectedDrifterSpecies);
     }
 
     none.ui.message("Nothing Selected");
-    aq::deleteSelectedDrifterSpecies(none.app);
-    EXPECT_TRUE(none.ui.done()) << none.ui.report();
+    none.run(aq::deleteSelectedDrifterSpecies);
 }
 
 }  // namespace
@@ -265,11 +260,10 @@ TEST(MoveDrifterFiles, AFailedCopyKeepsTheSourceAndTheOldTarget) {
             .message("Encountered 2 errors. ", "Done");
         aq::setWriteFailureAfter(failAfter);
         aq::setRefusingFolder(refuse ? f.path("dst") : "");
-        aq::moveSelectedDrifterFiles(f.app, true, true, true);
+        f.move();
         aq::setWriteFailureAfter(-1);
         aq::setRefusingFolder("");
-        EXPECT_TRUE(f.ui.done()) << f.ui.report();
-        EXPECT_EQ(f.firstBytes({"src/a.dna", "src/b.dna", "dst/a.dna"}), std::string("\x01\x02\0", 3));
-        EXPECT_EQ(aqtest::readBytes(f.path("dst/b.dna")), "old");
+        EXPECT_EQ(f.firstBytes({"src/a.dna", "src/b.dna", "dst/a.dna"}) + aqtest::readBytes(f.path("dst/b.dna")),
+                  std::string("\x01\x02\0old", 6));
     }
 }

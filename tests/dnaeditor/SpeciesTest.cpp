@@ -94,9 +94,9 @@ TEST(DrifterSpecies, GroupTicksSpreadByMode) {
 
     s.app.speciesPending = true;  // extended species wait for a pending pass, the other modes don't
     aq::setDrifterGroupMode(s.app, 2);
-    EXPECT_FALSE(list.enabled());
+    const bool waited = !list.enabled();
     aq::setDrifterGroupMode(s.app, 0);
-    EXPECT_TRUE(list.enabled());
+    EXPECT_TRUE(waited && list.enabled());
     s.app.speciesPending = false;
     list.setChecked(0, true);
     list.setCurrentIndex(0);
@@ -111,10 +111,8 @@ TEST(DrifterSpecies, GroupTicksSpreadByMode) {
     aq::setDrifterGroupMode(s.app, 4);
     list.setChecked(0, true);
     s.ui.message("ToDo");
-    aq::ApplyDrifterGroup(s.app);
-    EXPECT_TRUE(s.ui.done()) << s.ui.report();
-    EXPECT_EQ(list.checkedCount(), 2);
-    EXPECT_FALSE(s.app.uiBusy);
+    s.run(aq::ApplyDrifterGroup);
+    EXPECT_EQ(std::pair(list.checkedCount(), s.app.uiBusy), std::pair(2, false));
 }
 
 TEST(DrifterSpecies, ThresholdRangeNarrowsTheScrollbar) {
@@ -125,8 +123,7 @@ TEST(DrifterSpecies, ThresholdRangeNarrowsTheScrollbar) {
               false);
     t.app.similarityDepth = 1000;
     t.ui.message("Range found.  Listed drifters all match from 92.3% to  97.1% of each other's genetic sequences.");
-    aq::findDrifterThresholdRange(t.app);
-    EXPECT_TRUE(t.ui.done()) << t.ui.report();
+    t.run(aq::findDrifterThresholdRange);
     const auto& bar = t.app.dna.scrollDrifterSpeciesThreshold;
     EXPECT_EQ(std::vector<int>({bar.min, bar.pos, bar.max}), std::vector<int>({923, 965, 971}));
     ASSERT_EQ(t.app.dna.thresholdItems.size(), 13u);
@@ -149,8 +146,7 @@ TEST(DrifterSpecies, ThresholdRangeNarrowsTheScrollbar) {
         Species v({{"a.dna", genome(1)}, {"b.dna", genome(1)}}, false);
         v.app.dna.dnaCount = files;
         v.ui.message("No range found.  Listed drifters all match  100% of each other's genetic sequences.");
-        aq::findDrifterThresholdRange(v.app);
-        EXPECT_TRUE(v.ui.done()) << v.ui.report();
+        v.run(aq::findDrifterThresholdRange);
     }
 }
 

@@ -6,10 +6,8 @@
 #include "foodeditor/FoodThreshold.h"
 #include "format/PoolFile.h"
 #include "shell/MultiTask.h"
-#include "support/ManualClock.h"
 #include "support/PoolFixtures.h"
-#include "support/ScriptedUi.h"
-#include "support/TempDir.h"
+#include "support/ScriptedSession.h"
 
 using namespace aq;
 using namespace aqtest;
@@ -25,17 +23,13 @@ FoodBit bit(int family, float x, float y) {
     return f;
 }
 
-struct FoodTab {
-    ScriptedUi ui;
-    ManualClock clock;
-    App app{ui, clock};
-    TempDir folder;
+struct FoodTab : Session {
     explicit FoodTab(std::vector<FoodBit> food) {
         app.openPool = makePool(2, 0);
         app.openPool.food = std::move(food);
         app.openPool.foodCount = static_cast<int>(app.openPool.food.size());
         app.openPoolPath = "/pools/open.aqp";
-        app.comboPoolPath = folder.path();
+        app.comboPoolPath = dir.path();
         app.poolLoaded = true;
         populateFoodList(app);
         app.lstPoolFood.onUserCheck = [this](int row, bool) { foodTickedByUser(app, row); };
@@ -114,49 +108,41 @@ TEST(FoodThreshold, TypedTexts) {
         {"-5", 1000, 100.0f, " 100"}, {"12.34", 123, 12.3f, " 12.3"},
     };
     for (auto [typed, position, threshold, canonical] : cases) {
-        ScriptedUi ui;
-        ManualClock clock;
-        App app(ui, clock);
+        Session s;
         MultiTask task;
-        typeFoodThreshold(app, typed);
-        for (int t = 0; t < 6; ++t) tmrMultiTaskTick(app, task, {true, false});
-        EXPECT_EQ(app.scrollFoodThreshold, position) << typed;
-        EXPECT_FLOAT_EQ(app.foodThreshold, threshold) << typed;
-        EXPECT_EQ(app.txtFoodThreshold, typed);  // still typing: the text is left alone
-        typeFoodThreshold(app, typed);
-        clock.advance(6);
-        for (int t = 0; t < 6; ++t) tmrMultiTaskTick(app, task, {true, false});
-        EXPECT_EQ(app.txtFoodThreshold, canonical) << typed;
+        auto sweep = [&] {
+            for (int t = 0; t < 6; ++t) tmrMultiTaskTick(s.app, task, {true, false});
+        };
+        typeFoodThreshold(s.app, typed);
+        sweep();
+        EXPECT_EQ(std::tuple(s.app.scrollFoodThreshold, s.app.txtFoodThreshold), std::tuple(position, typed)) << typed;
+        EXPECT_FLOAT_EQ(s.app.foodThreshold, threshold) << typed;  // still typing: the text is left alone
+        typeFoodThreshold(s.app, typed);
+        s.clock.advance(6);
+        sweep();
+        EXPECT_EQ(s.app.txtFoodThreshold, canonical) << typed;
     }
 }
 
 TEST(FoodBox, SlidersMovesAndStretches) {
-    struct Case {
-        const char* name;
-        std::vector<FoodBit> ticked;
-        int xMin, xMax, xValue, widthMax;
-        bool xShown, widthShown;
-    } cases[] = {
-        {"nothing", {}, -8000, 8000, 0, 8000, true, false},
-        {"one bit", {bit(1, 321, -45)}, -4000, 4000, 321, 7358, true, false},
-        {"two at -1000 and 1000", {bit(1, -1000, 0), bit(1, 1000, 0)}, -3000, 3000, 0, 8000, true, true},
-        {"centre at 3000", {bit(1, 2000, 0), bit(1, 4000, 0)}, -3000, 3000, 3000, 2000, true, true},
-        {"spanning the pool", {bit(1, -4000, 0), bit(1, 4000, 0)}, 0, 0, 0, 8000, false, true},
+    // The ticked bits beside an unticked one; then the X slider's min, max and value, the width slider's max, and
+    // whether the X slider, its caption and the width slider show.
+    const std::pair<std::vector<FoodBit>, std::vector<int>> cases[] = {
+        {{}, {-8000, 8000, 0, 8000, 1, 1, 0}},
+        {{bit(1, 321, -45)}, {-4000, 4000, 321, 7358, 1, 1, 0}},
+        {{bit(1, -1000, 0), bit(1, 1000, 0)}, {-3000, 3000, 0, 8000, 1, 1, 1}},
+        {{bit(1, 2000, 0), bit(1, 4000, 0)}, {-3000, 3000, 3000, 2000, 1, 1, 1}},  // centre at 3000
+        {{bit(1, -4000, 0), bit(1, 4000, 0)}, {0, 0, 0, 8000, 0, 0, 1}},           // spanning the pool
     };
-    for (const Case& c : cases) {
+    for (const auto& [ticked, expected] : cases) {
         std::vector<FoodBit> food{bit(9, 77, 77)};
-        food.insert(food.end(), c.ticked.begin(), c.ticked.end());
+        food.insert(food.end(), ticked.begin(), ticked.end());
         FoodTab t(food);
         for (int i = 1; i < static_cast<int>(food.size()); ++i) t.tick({i});
         setFoodSliders(t.app);
-        SCOPED_TRACE(c.name);
-        EXPECT_EQ(t.app.SliderFoodX.min, c.xMin);
-        EXPECT_EQ(t.app.SliderFoodX.max, c.xMax);
-        EXPECT_EQ(t.app.SliderFoodX.value, c.xValue);
-        EXPECT_EQ(t.app.SliderFoodWidth.max, c.widthMax);
-        EXPECT_EQ(t.app.SliderFoodX.visible, c.xShown);
-        EXPECT_EQ(t.app.lblFoodX, c.xShown);
-        EXPECT_EQ(t.app.SliderFoodWidth.visible, c.widthShown);
+        const SliderState &x = t.app.SliderFoodX, &w = t.app.SliderFoodWidth;
+        EXPECT_EQ(std::vector<int>({x.min, x.max, x.value, w.max, x.visible, t.app.lblFoodX, w.visible}), expected)
+            << ticked.size();
     }
     // One bit moves to exactly the slider's position; the unticked one and the carried bytes stay.
     FoodTab one({bit(1, 321, -45), bit(2, 5, 5)});
@@ -164,8 +150,7 @@ TEST(FoodBox, SlidersMovesAndStretches) {
     setFoodSliders(one.app);
     MoveFoodBox(one.app, Axis::X, -2500);
     MoveFoodBox(one.app, Axis::Y, 1234);
-    EXPECT_EQ(one.f(0).carried1[0], 0xAB);
-    EXPECT_EQ(one.f(1).x, 5.0f);
+    EXPECT_EQ(std::pair(one.f(0).carried1[0], one.f(1).x), std::pair(std::uint8_t{0xAB}, 5.0f));
     EXPECT_EQ(one.app.lstPoolFood.text(0), "{1} Food bit @ -2500X, 1234Y. ");
     EXPECT_FALSE(one.app.poolChanged);
 
@@ -173,9 +158,7 @@ TEST(FoodBox, SlidersMovesAndStretches) {
     two.tick({0, 1});
     setFoodSliders(two.app);
     StretchFoodBox(two.app, Axis::X, 4000);
-    EXPECT_EQ(two.f(0).x, -2000.0f);
-    EXPECT_EQ(two.f(1).x, 2000.0f);
-    EXPECT_EQ(two.app.SliderFoodX.min, -2000);
+    EXPECT_EQ(std::tuple(two.f(0).x, two.f(1).x, two.app.SliderFoodX.min), std::tuple(-2000.0f, 2000.0f, -2000));
     two.app.uiBusy = true;
     StretchFoodBox(two.app, Axis::X, 100);
     EXPECT_EQ(two.f(1).x, 2000.0f);
@@ -199,21 +182,18 @@ TEST(FoodDelete, QuestionsAndOutcomes) {
         t.ui.ask("yesnocancel", question, kAppTitle, answer);
         if (answer == Answer::Yes) {
             t.ui.ask("yesno", clone, "Clone Drifters into New Pool", Answer::No);
-            t.ui.file("save", "Save New Pool with Selected Food Bits", path, t.folder.path() + "||aqp|Pool Files");
+            t.ui.file("save", "Save New Pool with Selected Food Bits", path, t.dir.path() + "||aqp|Pool Files");
         }
         mSelectFoodDelete(t.app);
         EXPECT_TRUE(t.ui.done()) << t.ui.report();
-        EXPECT_EQ(t.app.openPool.foodCount, left);
-        EXPECT_EQ(t.app.lstPoolFood.count(), left);
-        EXPECT_EQ(t.app.poolChanged, left != 3);
-        EXPECT_EQ(t.f(0).family, left == 3 ? 1 : 2);
-        EXPECT_EQ(t.app.openPool.drifterCount, 2);
-        if (!path.empty()) {
+        EXPECT_EQ(std::tuple(t.app.openPool.foodCount, t.app.lstPoolFood.count(), t.app.poolChanged, t.f(0).family,
+                             t.app.openPool.drifterCount),
+                  std::tuple(left, left, left != 3, left == 3 ? 1 : 2, 2));
+        if (!path.empty()) {  // the food family is one byte: the carried bytes beside it come back too
             Pool p;
             ASSERT_EQ(readPool(path, p).status, PoolReadStatus::Ok);
-            EXPECT_EQ(p.foodCount, 2);
-            EXPECT_EQ(p.food[1].family, 3);
-            EXPECT_EQ(p.drifterCount, 0);
+            EXPECT_EQ(std::tuple(p.foodCount, p.food[1].family, p.food[1].carried1[0], p.drifterCount),
+                      std::tuple(2, 3, 0xAB, 0));
         }
     }
     FoodTab none({bit(1, 0, 0)});
@@ -228,11 +208,6 @@ TEST(FoodDelete, QuestionsAndOutcomes) {
     InvertFoodSelection(all.app);
     all.ui.ask("yesnocancel", question, kAppTitle, Answer::No);
     mSelectFoodDelete(all.app);
-    EXPECT_EQ(all.app.lstPoolFood.count(), 0);
-    std::string bytes = poolBytes(all.app.openPool);
-    Pool back;
-    ASSERT_EQ(parsePool({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()}, back).status,
-              PoolReadStatus::Ok);
-    EXPECT_EQ(back.foodCount, 0);
-    EXPECT_EQ(bytes.size(), back.fileSize());
+    EXPECT_EQ(std::pair(all.app.lstPoolFood.count(), all.app.openPool.foodCount), std::pair(0, 0));
+    EXPECT_EQ(poolBytes(all.app.openPool).size(), 20 + 2 * 4016u + 32280u);
 }

@@ -36,18 +36,6 @@ TEST(PoolFile, LoadAndSaveGiveTheSameBytes) {
     }
 }
 
-TEST(PoolFile, FoodFamilyIsOneByteAndItsNeighboursStay) {
-    Pool p = makePool(0, 1);
-    p.food[0].family = 5;
-    p.food[0].carried1[0] = 0xAB;
-    Pool back;
-    std::string bytes = poolBytes(p);
-    ASSERT_EQ(parsePool({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()}, back).status,
-              PoolReadStatus::Ok);
-    EXPECT_EQ(back.food[0].family, 5);
-    EXPECT_EQ(back.food[0].carried1[0], 0xAB);
-}
-
 TEST(PoolFile, SaveCreatesOneFolderLevelAndReplacesLongerFiles) {
     Session s;
     s.app.openPool = makePool(2, 2);

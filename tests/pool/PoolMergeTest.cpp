@@ -43,6 +43,12 @@ struct Open : Session {
         EXPECT_EQ(writePool(path, p), "");
         return path;
     }
+    // Runs a merge command with `p` chosen in its dialog ("" cancels it).
+    void merge(const Pool* p, void (*command)(App&) = mMergePool) {
+        ui.file("open", "Select Pool File", p ? file(*p) : "", dir.path() + "||aqp|Aquarium Files");
+        command(app);
+        EXPECT_SCRIPT_DONE(ui);
+    }
 };
 
 void expectIdsAreIndices(const Pool& p) {
@@ -57,24 +63,19 @@ TEST(PoolMerge, DriftersUpToTheLimitTakeTheFileFirstOnes) {
     s.app.openPool.walls[0].wallFlag = 5;
     Pool before = s.app.openPool;
     Pool work = s.app.workPool;
-    std::string other = s.file(markedPool(50, 4, 100000));
-    s.ui.file("open", "Select Pool File", other, s.dir.path() + "||aqp|Aquarium Files");
-    mMergePool(s.app);
-    EXPECT_SCRIPT_DONE(s.ui);
+    const Pool other = markedPool(50, 4, 100000);
+    s.merge(&other);
     const Pool& p = s.app.openPool;
     ASSERT_EQ(p.drifterCount, 2000);
     EXPECT_EQ(std::vector<int>({p.drifters[0].age, p.drifters[1989].age, p.drifters[1990].age, p.drifters[1999].age}),
               std::vector<int>({0, 1989, 100000, 100009}));
     expectIdsAreIndices(p);
     // The food and everything around the arrays stay those of the open pool.
-    EXPECT_EQ(p.foodCount, 3);
+    EXPECT_EQ(std::tuple(p.foodCount, p.walls[0].wallFlag, s.app.lstSpeciatePool.count(), s.app.openPoolPath),
+              std::tuple(3, 5, 2000, s.dir.file("open.aqp")));
     EXPECT_EQ(std::memcmp(p.food.data(), before.food.data(), 3 * sizeof(FoodBit)), 0);
-    EXPECT_EQ(p.walls[0].wallFlag, 5);
     EXPECT_EQ(p.historyBlock, before.historyBlock);
-    EXPECT_TRUE(s.app.poolChanged && s.app.poolSpeciesPending);
-    EXPECT_EQ(s.app.lstSpeciatePool.count(), 2000);
-    EXPECT_FALSE(s.app.lstSpeciatePool.enabled());
-    EXPECT_EQ(s.app.openPoolPath, s.dir.file("open.aqp"));
+    EXPECT_TRUE(s.app.poolChanged && s.app.poolSpeciesPending && !s.app.lstSpeciatePool.enabled());
     EXPECT_EQ(poolBytes(s.app.workPool), poolBytes(work));
 }
 
@@ -93,15 +94,11 @@ TEST(PoolMerge, TheLimitMessagesComeWithoutADialog) {
 TEST(PoolMerge, FoodAloneKeepsTheDriftersAndIsCutAtTheLimit) {
     Open s(markedPool(5, 1995, 0));
     Pool before = s.app.openPool;
-    std::string other = s.file(markedPool(9, 10, 200));
-    s.ui.file("open", "Select Pool File", other);
-    mMergeFood(s.app);
-    EXPECT_SCRIPT_DONE(s.ui);
+    const Pool other = markedPool(9, 10, 200);
+    s.merge(&other, mMergeFood);
     const Pool& p = s.app.openPool;
-    EXPECT_EQ(p.drifterCount, 5);
-    EXPECT_EQ(p.foodCount, 2000);
-    EXPECT_EQ(p.food[1995].family, 200);
-    EXPECT_EQ(p.food[1999].family, 204);
+    EXPECT_EQ(std::tuple(p.drifterCount, p.foodCount, p.food[1995].family, p.food[1999].family),
+              std::tuple(5, 2000, 200, 204));
     // The open pool's own drifters only get their ids set to their indices.
     for (int i = 0; i < 5; ++i) {
         DrifterRec d = before.drifters[static_cast<std::size_t>(i)];
@@ -112,9 +109,8 @@ TEST(PoolMerge, FoodAloneKeepsTheDriftersAndIsCutAtTheLimit) {
 
 TEST(PoolMerge, AFileWithoutDriftersOnlyRenumbers) {
     Open s(markedPool(5, 2, 0));
-    std::string other = s.file(markedPool(0, 0, 0));
-    s.ui.file("open", "Select Pool File", other);
-    mMergePool(s.app);
+    const Pool other = markedPool(0, 0, 0);
+    s.merge(&other);
     EXPECT_EQ(s.app.openPool.drifterCount, 5);
     expectIdsAreIndices(s.app.openPool);
     // Two damaged negative counts add up to no records, not to an overflow.
@@ -130,9 +126,7 @@ TEST(PoolMerge, CancellingTheDialogChangesNothing) {
         Open s(markedPool(3, 3, 0));
         s.app.poolChanged = changed;
         Pool before = s.app.openPool;
-        s.ui.file("open", "Select Pool File", "");
-        mMergePool(s.app);
-        EXPECT_SCRIPT_DONE(s.ui);
+        s.merge(nullptr);
         EXPECT_EQ(s.app.poolChanged, changed);
         EXPECT_EQ(poolBytes(s.app.openPool), poolBytes(before));
         EXPECT_FALSE(s.app.poolSpeciesPending);
@@ -146,10 +140,9 @@ TEST(PoolMerge, IntoTheWorkPoolWithAPath) {
     std::string other = s.file(markedPool(4, 4, 300));
     mergePoolFile(s.app, true, true, other, false);
     EXPECT_SCRIPT_DONE(s.ui);
-    EXPECT_EQ(s.app.workPool.drifterCount, 6);
-    EXPECT_EQ(s.app.workPool.drifters[2].age, 300);
-    EXPECT_EQ(s.app.workPool.foodCount, 5);
-    EXPECT_EQ(s.app.workPool.food[1].family, 44);  // 300 + 0 in a byte
+    const Pool& w = s.app.workPool;
+    EXPECT_EQ(std::tuple(w.drifterCount, w.drifters[2].age, w.foodCount, w.food[1].family),
+              std::tuple(6, 300, 5, 44));  // family 300 + 0 in a byte
     expectIdsAreIndices(s.app.workPool);
     EXPECT_EQ(poolBytes(s.app.openPool), poolBytes(open));
     EXPECT_FALSE(s.app.poolChanged);
@@ -160,17 +153,13 @@ TEST(PoolMerge, WithNoPoolLoadedTheFileOpensAsANewPoolOfThatKind) {
     s.app.poolLoaded = false;
     s.app.openPoolPath.clear();
     Pool work = s.app.workPool;
-    std::string other = s.file(markedPool(4, 4, 10));
-    s.ui.file("open", "Select Pool File", other);
-    mMergePool(s.app);
-    EXPECT_SCRIPT_DONE(s.ui);
-    EXPECT_TRUE(s.app.poolLoaded);
-    EXPECT_EQ(s.app.openPool.drifterCount, 4);
-    EXPECT_EQ(s.app.openPool.foodCount, 0);
+    const Pool other = markedPool(4, 4, 10);
+    s.merge(&other);
     expectIdsAreIndices(s.app.openPool);
-    EXPECT_EQ(s.app.openPoolPath, "");
-    EXPECT_TRUE(s.app.poolChanged);  // it has no file yet
-    EXPECT_EQ(s.app.lstSpeciatePool.count(), 4);
+    EXPECT_EQ(std::tuple(s.app.openPool.drifterCount, s.app.openPool.foodCount, s.app.lstSpeciatePool.count(),
+                         s.app.openPoolPath),
+              std::tuple(4, 0, 4, ""));
+    EXPECT_TRUE(s.app.poolLoaded && s.app.poolChanged);  // it has no file yet
     EXPECT_EQ(poolBytes(s.app.workPool), poolBytes(work));
 }
 
@@ -227,12 +216,11 @@ TEST(MergeCli, KindsLimitsAndErrors) {
     } cases[] = {{"", 2000, 12}, {"--drifters", 2000, 5}, {"--food", 1990, 12}, {"--drifters --food", 2000, 12}};
     for (const Case& c : cases) {
         CliResult r = runCli("merge " + base + " " + other + " " + c.flags + " -o " + out);
-        ASSERT_EQ(r.status, 0) << c.flags;
         aq::Pool p;
-        ASSERT_EQ(aq::readPool(out, p).status, aq::PoolReadStatus::Ok);
-        EXPECT_EQ(p.drifterCount, c.drifters) << c.flags;
-        EXPECT_EQ(p.foodCount, c.food) << c.flags;
-        EXPECT_EQ(p.drifters[1999 < p.drifterCount ? 1999 : 0].id, 1999 < p.drifterCount ? 1999 : 0);
+        ASSERT_EQ(std::pair(r.status, aq::readPool(out, p).status), std::pair(0, aq::PoolReadStatus::Ok)) << c.flags;
+        EXPECT_EQ(std::tuple(p.drifterCount, p.foodCount, p.drifters.back().id),
+                  std::tuple(c.drifters, c.food, c.drifters - 1))
+            << c.flags;
     }
     EXPECT_EQ(runCli("merge " + base + " " + dir.file("missing.aqp") + " -o " + out).status, 1);
     EXPECT_EQ(runCli("merge " + base + " -o " + out).status, 2);

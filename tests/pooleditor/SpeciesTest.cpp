@@ -11,7 +11,7 @@
 #include "shell/MultiTask.h"
 #include "support/RecordingNotice.h"
 #include "support/RunCli.h"
-#include "support/TempDir.h"
+#include "support/ScriptedSession.h"
 
 using namespace aq;
 using namespace aqtest;
@@ -100,8 +100,9 @@ TEST(SpeciesPass, TheDefaultPoolAtBothDepths) {
         e.app.poolThreshold = static_cast<float>(position / 10.0);
         e.finish();
         auto tags = e.tags();
-        EXPECT_EQ(*std::max_element(tags.begin(), tags.end()) + 1, count);
-        EXPECT_EQ(std::vector<std::int32_t>(tags.begin(), tags.begin() + static_cast<long>(first.size())), first);
+        EXPECT_EQ(std::pair(*std::max_element(tags.begin(), tags.end()) + 1,
+                            std::vector<std::int32_t>(tags.begin(), tags.begin() + std::ssize(first))),
+                  std::pair(count, first));
         EXPECT_EQ(tags, poolSpeciesTags(e.app.openPool, e.app.poolThreshold, depth));
         // The tags stand at the head of the lines, and the pass leaves the list usable.
         EXPECT_EQ(e.app.lstSpeciatePool.text(0), "{0} " + DrifterLineText(e.app.openPool.drifters[0]));
@@ -137,12 +138,10 @@ TEST(SpeciesPass, TheNoticeComesOnceForASlowPassAndPatienceGrows) {
     e.app.notice = &recorder;
     e.clock.step = 0.9;  // two drifters a slice
     speciatePoolList(e.app);
-    EXPECT_EQ(recorder.shown, std::vector<std::string>{kPoolSpeciesNotice});
-    EXPECT_EQ(e.app.poolPatience, 16);
-    EXPECT_FALSE(e.app.lstSpeciatePool.enabled());
+    EXPECT_EQ(std::tuple(recorder.shown, e.app.poolPatience, e.app.lstSpeciatePool.enabled()),
+              std::tuple(std::vector<std::string>{kPoolSpeciesNotice}, 16, false));
     e.finish();
-    EXPECT_EQ(recorder.shown.size(), 1u);
-    EXPECT_TRUE(e.app.lstSpeciatePool.enabled());
+    EXPECT_TRUE(recorder.shown.size() == 1 && e.app.lstSpeciatePool.enabled());
     for (int expected : {32, 64, 128, 256, 256}) {
         e.app.poolSpeciesPending = true;
         e.finish();
@@ -194,9 +193,8 @@ TEST(SpeciesThreshold, TypedTextsAndTheLateRewrite) {
     };
     for (auto [typed, position, canonical] : cases) {
         SCOPED_TRACE(typed);
-        ScriptedUi ui;
-        ManualClock clock;
-        App app(ui, clock);
+        Session s;
+        App& app = s.app;
         MultiTask task;
         auto sweep = [&] {
             for (int t = 0; t < 6; ++t) tmrMultiTaskTick(app, task, FramesShown{true, false});
@@ -204,17 +202,16 @@ TEST(SpeciesThreshold, TypedTextsAndTheLateRewrite) {
         typePoolSpeciesThreshold(app, typed);
         app.uiBusy = true;  // busy: the typed text waits for the next sweep
         validatePoolSpeciesThreshold(app);
-        EXPECT_TRUE(app.poolThresholdTyped);
-        EXPECT_EQ(app.scrollPoolSpeciesThreshold, 444);
+        EXPECT_EQ(std::pair(app.poolThresholdTyped, app.scrollPoolSpeciesThreshold), std::pair(true, 444));
         app.uiBusy = false;
         sweep();
-        EXPECT_FALSE(app.poolThresholdTyped);
-        EXPECT_EQ(app.scrollPoolSpeciesThreshold, position);
+        // The text stays as typed at first.
+        EXPECT_EQ(std::tuple(app.poolThresholdTyped, app.scrollPoolSpeciesThreshold, app.txtPoolSpeciesThreshold),
+                  std::tuple(false, position, typed));
         EXPECT_FLOAT_EQ(app.poolThreshold, static_cast<float>(position / 10.0));
-        EXPECT_EQ(app.txtPoolSpeciesThreshold, typed) << "the text stays as typed at first";
         // Typed again and left alone for more than five seconds: the text is rewritten.
         typePoolSpeciesThreshold(app, typed);
-        clock.advance(5.5);
+        s.clock.advance(5.5);
         sweep();
         EXPECT_EQ(app.txtPoolSpeciesThreshold, canonical);
     }
@@ -261,9 +258,7 @@ TEST(SpeciesCli, TagsRangesAndPrefixedLines) {
         EXPECT_EQ(std::tie(r.status, r.out), std::tie(status, out)) << args;
     }
     CliResult lines = runCli("drifters " + pool + " --species 44.4");
-    ASSERT_EQ(lines.status, 0);
-    EXPECT_EQ(lines.out.substr(0, 4), "{0} ");
-    EXPECT_NE(lines.out.find("\n{2} "), std::string::npos);
+    EXPECT_TRUE(lines.status == 0 && lines.out.starts_with("{0} ") && lines.out.find("\n{2} ") != std::string::npos);
     EXPECT_EQ(runCli("drifters " + pool).out.find('{'), std::string::npos);
 }
 

@@ -1,6 +1,7 @@
 // The folder boxes and the hunt for the simulator's folders, on trees built in a temporary folder.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <filesystem>
 
 #include "files/FileNames.h"
@@ -75,15 +76,13 @@ TEST(PathBoxes, PatternsIgnoreCaseAndProgramsNeedNoExe) {
     f.touch("Notes/aquarium_notes.txt");
     f.touch("Data/x.Dna");
     f.mkdir("Dirs/aquarium5.exe");
-    struct Case {
-        const char *folder, *pattern;
-        bool found;
-    } cases[] = {
+    const std::tuple<const char*, const char*, bool> cases[] = {
         {"Sim", "aquarium*.EXE", true},    {"Bin", "Aquarium*.exe", !kWindows}, {"Bin", "Aquarium5*.exe", false},
         {"Data", "?.DNA", true},           {"Dirs", "aquarium*.exe", false},    {"Missing", "*.dna", false},
         {"Notes", "Aquarium*.exe", false},  // named like the simulator, but no program
     };
-    for (const Case& c : cases) EXPECT_EQ(aq::filePatternExists(f.at(c.folder), c.pattern), c.found) << c.folder;
+    for (auto [folder, pattern, found] : cases)
+        EXPECT_EQ(aq::filePatternExists(f.at(folder), pattern), found) << folder;
 }
 
 TEST(Discovery, ProgramFolderWithNothingAroundIt) {
@@ -112,16 +111,13 @@ TEST(Discovery, SimulatorFoldersAtSeveralLevels) {
     Items found = f.found();
     EXPECT_EQ(f.app.comboAquariumPathItems,
               (Items{f.at("games/tools/fm"), f.at("games/tools/Aquarium5"), f.at("games/Aquarium")}));
-    EXPECT_EQ(found[0], f.at("games/Aquarium"));
-    EXPECT_EQ(found[1], f.at("games/Aquarium/Drifters"));
-    EXPECT_EQ(f.app.comboDrifterPathItems.size(), 3u);
+    EXPECT_EQ(std::tuple(found[0], found[1], f.app.comboDrifterPathItems.size()),
+              std::tuple(f.at("games/Aquarium"), f.at("games/Aquarium/Drifters"), 3u));
 }
 
 TEST(Discovery, TheFourPairs) {
-    struct Case {
-        const char *simulator, *program, *file;
-        const char *drifters, *pools;
-    } cases[] = {
+    // The simulator's folder, its program, a file in it, and the drifter and pool folders that pair finds.
+    const std::tuple<const char*, const char*, const char*, std::string, std::string> cases[] = {
         {"Aquarium4", "Aquarium.exe", "Drifters/a.dna", "Drifters", "Pools"},
         {"Aquarium4", "Aquarium.exe", "Pools/a.AQP", "Drifters", "Pools"},
         {"Aquarium4", "Aquarium.exe", "Drifter/a.DNA", "Drifter", "Pool"},
@@ -130,36 +126,34 @@ TEST(Discovery, TheFourPairs) {
         {"Aquarium4", "Aquarium.exe", "Drift/a.dna", "Drift", "Pool"},
         {"Aquarium5", "aquarium.exe", "Pool/a.aqp", "Drifter", "Pool"},  // pair 2 finds it; pair 4 adds nothing
     };
-    for (const Case& c : cases) {
+    for (const auto& [simulator, program, file, drifters, pools] : cases) {
         Fixture f("prog");
-        std::string sim = f.at(std::string("prog/") + c.simulator);
-        f.touch(std::string("prog/") + c.simulator + "/" + c.program);
-        f.touch(std::string("prog/") + c.simulator + "/" + c.file);
-        EXPECT_EQ(f.found()[0], sim) << c.file;
+        const std::string rel = std::string("prog/") + simulator, sim = f.at(rel);
+        f.touch(rel + "/" + program);
+        f.touch(rel + "/" + file);
+        EXPECT_EQ(f.found()[0], sim) << file;
         // The pair found comes first; the final rule then ends both boxes on the
         // candidate's own "Drifters" and "Pools".
-        Items drifters = {f.at("prog/Drifters"), sim + "/" + c.drifters};
-        Items pools = {f.at("prog/Pools"), sim + "/" + c.pools};
-        if (std::string(c.drifters) != "Drifters") drifters.push_back(sim + "/Drifters");
-        if (std::string(c.pools) != "Pools") pools.push_back(sim + "/Pools");
-        EXPECT_EQ(f.app.comboDrifterPathItems, drifters) << c.simulator << "/" << c.file;
-        EXPECT_EQ(f.app.comboPoolPathItems, pools) << c.simulator << "/" << c.file;
+        Items d = {f.at("prog/Drifters"), sim + "/" + drifters}, p = {f.at("prog/Pools"), sim + "/" + pools};
+        if (drifters != "Drifters") d.push_back(sim + "/Drifters");
+        if (pools != "Pools") p.push_back(sim + "/Pools");
+        EXPECT_EQ(std::pair(f.app.comboDrifterPathItems, f.app.comboPoolPathItems), std::pair(d, p))
+            << simulator << "/" << file;
     }
 }
 
 TEST(Discovery, ProgramBesideTheSimulatorOrItsFiles) {
-    const struct {
-        const char *why, *program, *file, *simulator, *drifters, *pools;
-    } cases[] = {
+    // Why, the program's folder, a file, and the simulator, drifter and pool folders found.
+    const std::array<const char*, 6> cases[] = {
         {"the simulator in the program's own folder", "aq", "aq/Aquarium.exe", "aq", "aq/Drifters", "aq/Pools"},
         {"DNA files in the program's folder: it is both archives", "aq", "aq/x.DNA", "aq", "aq", "aq"},
         {"an Aquarium5 program at a level takes that level", "top/prog", "top/Aquarium5.exe", "top", "top/Drifters",
          "top/Pools"},
     };
-    for (const auto& c : cases) {
-        Fixture f(c.program);
-        f.touch(c.file);
-        EXPECT_EQ(f.found(), (Items{f.at(c.simulator), f.at(c.drifters), f.at(c.pools)})) << c.why;
+    for (auto [why, program, file, simulator, drifters, pools] : cases) {
+        Fixture f(program);
+        f.touch(file);
+        EXPECT_EQ(f.found(), (Items{f.at(simulator), f.at(drifters), f.at(pools)})) << why;
     }
 }
 

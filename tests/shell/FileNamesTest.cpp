@@ -13,21 +13,14 @@ namespace {
 using Fixture = aqtest::Session;
 
 TEST(Paths, JoinPath) {
-    struct Case {
-        const char *folder, *name, *want;
-    } cases[] = {
-        {"C:", "x", "C:x"},
-        {"C:\\", "x", "C:\\\\x"},
-        {"/home/aq", "aqfm.ini", "/home/aq/aqfm.ini"},
-        {"/home/aq/", "x.dna", "/home/aq/x.dna"},
-    };
-    for (const Case& c : cases) EXPECT_EQ(aq::joinPath(c.folder, c.name), c.want) << c.folder << " + " << c.name;
+    EXPECT_EQ(aq::joinPath("C:", "x") + "|" + aq::joinPath("C:\\", "x") + "|" + aq::joinPath("/home/aq", "aqfm.ini") +
+                  "|" + aq::joinPath("/home/aq/", "x.dna"),
+              "C:x|C:\\\\x|/home/aq/aqfm.ini|/home/aq/x.dna");
 }
 
 TEST(Paths, SplitPathFolderAndFile) {
-    struct Case {
-        const char *whole, *folder, *file;
-    } cases[] = {
+    // The whole path, its folder and its file.
+    const std::tuple<const char*, const char*, const char*> cases[] = {
         {"x.dna", "", "x.dna"},
         {"C:\\x.dna", "C:\\", "x.dna"},
         {"C:x", "C:", "x"},
@@ -36,31 +29,25 @@ TEST(Paths, SplitPathFolderAndFile) {
         {"\\\\host\\share\\x", "\\\\host\\share", "x"},
         {"/home/aq/Pools/Pool_1.AQP", "/home/aq/Pools", "Pool_1.AQP"},
         {"/home/aq/", "/home/aq", ""},
-        {"", "", ""},
-    };
-    for (const Case& c : cases) {
-        std::string folder = "junk", file = "junk";
-        aq::SplitPath(c.whole, folder, file);
-        EXPECT_EQ(folder, c.folder) << c.whole;
-        EXPECT_EQ(file, c.file) << c.whole;
-        EXPECT_EQ(aq::folderOfPath(c.whole), c.folder) << c.whole;
-        EXPECT_EQ(aq::fileNameOfPath(c.whole), c.file) << c.whole;
+        {"", "", ""}};
+    for (auto [whole, folder, file] : cases) {
+        std::string f = "junk", n = "junk";
+        aq::SplitPath(whole, f, n);
+        EXPECT_EQ(std::tuple(f, n, aq::folderOfPath(whole), aq::fileNameOfPath(whole)),
+                  std::tuple(folder, file, folder, file))
+            << whole;
     }
 }
 
 TEST(Paths, DriveOfPath) {
-    struct Case {
-        const char *path, *drive;
-    } cases[] = {
-        {"\\\\host\\share\\x", "\\\\host"},
-        {"C:\\x", "C:"},
-        {"x", ""},
-        {"//host/share/x", "//host"},
-        {"\\\\host", ""},
-        {"/home/aq", "/"},
-        {"/home/a:b/x", "/"},
-    };
-    for (const Case& c : cases) EXPECT_EQ(aq::driveOfPath(c.path), c.drive) << c.path;
+    const std::pair<const char*, const char*> cases[] = {{"\\\\host\\share\\x", "\\\\host"},
+                                                         {"C:\\x", "C:"},
+                                                         {"x", ""},
+                                                         {"//host/share/x", "//host"},
+                                                         {"\\\\host", ""},
+                                                         {"/home/aq", "/"},
+                                                         {"/home/a:b/x", "/"}};
+    for (auto [path, drive] : cases) EXPECT_EQ(aq::driveOfPath(path), drive) << path;
 }
 
 TEST(FileNames, NowFileNameHoldsDateAndTimeWithoutColons) {
@@ -79,9 +66,7 @@ TEST(FileNames, UniqueFileNameAlwaysNumbers) {
 }
 
 TEST(FileNames, NextNumberedNameSeries) {
-    struct Step {
-        const char *name, *ext, *want;
-    };
+    using Step = std::tuple<const char*, const char*, const char*>;  // the name, the extension, the next name
     const std::vector<std::vector<Step>> runs = {
         {{"Pool_1.AQP", ".AQP", "Pool_2.AQP"},
          {"Pool_2.AQP", ".AQP", "Pool_3.AQP"},
@@ -97,8 +82,8 @@ TEST(FileNames, NextNumberedNameSeries) {
     };
     for (const auto& run : runs) {
         Fixture f;
-        for (const Step& s : run)
-            EXPECT_EQ(aq::nextNumberedName(f.app, "", s.name, s.ext), s.want) << s.name << " " << s.ext;
+        for (auto [name, ext, want] : run)
+            EXPECT_EQ(aq::nextNumberedName(f.app, "", name, ext), want) << name << " " << ext;
     }
 }
 

@@ -19,27 +19,25 @@ struct Fixture : aqtest::Session {
 };
 
 TEST(MultiTask, OneDrifterNeedsNoSpeciesPassAndTheListWaitsForPendingPasses) {
-    struct Case {
-        int drifters;
-        bool poolPending, dnaPending, enabled, poolPendingAfter;
-    } cases[] = {{1, true, false, true, false},
-                 {2, true, false, false, true},
-                 {2, false, true, false, false},
-                 {2, false, false, true, false}};
-    for (const Case& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.drifters << c.poolPending << c.dnaPending);
+    // Drifters, the pool's and the DNA list's passes pending; the list enabled and the pool's pass pending after.
+    const std::tuple<int, bool, bool, bool, bool> cases[] = {{1, true, false, true, false},
+                                                             {2, true, false, false, true},
+                                                             {2, false, true, false, false},
+                                                             {2, false, false, true, false}};
+    for (auto [drifters, poolPending, dnaPending, enabled, poolPendingAfter] : cases) {
+        SCOPED_TRACE(testing::Message() << drifters << poolPending << dnaPending);
         Fixture f;
-        f.app.openPool = aqtest::makePool(c.drifters, 0);
-        f.app.poolSpeciesPending = c.poolPending;
-        f.app.speciesPending = c.dnaPending;
+        f.app.openPool = aqtest::makePool(drifters, 0);
+        f.app.poolSpeciesPending = poolPending;
+        f.app.speciesPending = dnaPending;
         f.app.lstSpeciatePool.setVisible(false);
         f.app.lstSpeciatePool.setEnabled(false);
         f.task.phase = 2;  // a threshold phase next: no pass runs this tick
         f.task.restart = false;
         aq::tmrMultiTaskTick(f.app, f.task, {});
-        EXPECT_EQ(f.app.poolSpeciesPending, c.poolPendingAfter);
-        EXPECT_EQ(f.app.lstSpeciatePool.visible(), c.drifters == 1);
-        EXPECT_EQ(f.app.lstSpeciatePool.enabled(), c.enabled);
+        EXPECT_EQ(
+            std::tuple(f.app.poolSpeciesPending, f.app.lstSpeciatePool.visible(), f.app.lstSpeciatePool.enabled()),
+            std::tuple(poolPendingAfter, drifters == 1, enabled));
     }
 }
 
@@ -53,20 +51,18 @@ TEST(Clock, SecondsSinceMidnightAndAcrossIt) {
 }
 
 TEST(Notice, FadesFiveSecondsAfterTheLastStirOnceBothListsAreFree) {
-    struct Case {
-        double since;
-        bool poolList, dnaList, fades;
-    } cases[] = {
+    // Seconds since the last stir, whether each list is free, whether the notice may fade.
+    const std::tuple<double, bool, bool, bool> cases[] = {
         {5.0, true, true, false}, {5.1, true, true, true},  {60, false, true, false},
         {60, true, false, false}, {0.5, true, true, false}, {60, true, true, true},
     };
-    for (const Case& c : cases) {
+    for (auto [since, poolList, dnaList, fades] : cases) {
         Fixture f;
-        f.app.lstSpeciatePool.setEnabled(c.poolList);
-        f.app.lstSpeciateDrifters.setEnabled(c.dnaList);
-        double stir = f.clock.seconds;
-        f.clock.advance(c.since);
-        EXPECT_EQ(aq::noticeMayFade(f.app, stir), c.fades) << c.since << c.poolList << c.dnaList;
+        f.app.lstSpeciatePool.setEnabled(poolList);
+        f.app.lstSpeciateDrifters.setEnabled(dnaList);
+        const double stir = f.clock.seconds;
+        f.clock.advance(since);
+        EXPECT_EQ(aq::noticeMayFade(f.app, stir), fades) << since << poolList << dnaList;
     }
 }
 
@@ -114,10 +110,9 @@ TEST(Closing, SavesTheSettingsThenAsksForThePoolThenForEachChangedDnaFile) {
         aq::App& app = s.app;
         app.programFolder = s.dir.path();
         app.openPool = aqtest::makePool(2, 1);
-        app.poolLoaded = true;
+        app.poolLoaded = app.dnaLoaded = true;
         app.poolChanged = c.poolChanged;
         app.openPoolPath = s.dir.file("open.aqp");
-        app.dnaLoaded = true;
         app.dna.dnaCount = 1;
         app.dna.dnaGenes.assign(1, aq::Genome{});
         app.dna.dnaPaths = {s.dir.file("a.dna")};
@@ -136,8 +131,7 @@ TEST(Closing, SavesTheSettingsThenAsksForThePoolThenForEachChangedDnaFile) {
                 .message("No files saved.", "Done");
         EXPECT_EQ(aq::closeProgram(app), c.asksDna);
         EXPECT_SCRIPT_DONE(s.ui);
-        EXPECT_EQ(aqtest::readBytes(s.dir.file("aqfm.ini")), app.settingsText);
-        EXPECT_FALSE(app.settingsText.empty());
+        EXPECT_TRUE(!app.settingsText.empty() && aqtest::readBytes(s.dir.file("aqfm.ini")) == app.settingsText);
         EXPECT_EQ(app.poolChanged, c.poolChanged && !c.saved);
         EXPECT_EQ(aqtest::readBytes(app.openPoolPath), c.saved ? aq::poolBytes(app.openPool) : "");
     }

@@ -47,34 +47,10 @@ TEST(Settings, StoreWritesEveryKeyInOrder) {
     EXPECT_EQ(f.ui.yields, 1);
 }
 
-TEST(Settings, RoundTripThroughTheFile) {
-    Fixture f;
-    f.app.archive.lstArchive.setChecked(2, true);
-    f.app.archive.chkDeleteOriginal = 2;
-    f.app.comboAquariumPathItems = {"/sim"};
-    f.app.comboAquariumPath = "/sim";
-    f.app.comboPoolPath = "/pools";
-    aq::ini(f.app, "Set");
-    aq::ini(f.app, "Save");
-    std::string written = aqtest::readBytes(f.iniPath());
-    EXPECT_EQ(written, f.app.settingsText);
-
-    Fixture g;
-    g.app.programFolder = f.dir.path();
-    aq::ini(g.app, "load");
-    aq::ini(g.app, "GET");
-    EXPECT_TRUE(g.app.archive.lstArchive.checked(2));
-    EXPECT_FALSE(g.app.archive.lstArchive.checked(3));
-    EXPECT_EQ(g.app.archive.chkDeleteOriginal, 2);
-    EXPECT_EQ(g.app.comboAquariumPathItems, std::vector<std::string>{"/sim"});
-    EXPECT_EQ(g.app.comboAquariumPath, "/sim");
-    EXPECT_EQ(g.app.comboPoolPath, "/pools");
-    EXPECT_SCRIPT_DONE(g.ui);
-}
-
 TEST(Settings, ReaderForgivesBlanksLineEndsAndGarbage) {
     Fixture f;
-    f.use(
+    for (int i = 0; i < 8; ++i) f.app.archive.lstArchive.setChecked(i, true);
+    f.app.settingsText =
         "  chkAutoName.Value=1\n"
         "garbage without equals\r"
         "chkautoname.value = 0\r\n"  // keys are case-sensitive
@@ -90,18 +66,16 @@ TEST(Settings, ReaderForgivesBlanksLineEndsAndGarbage) {
         "comboDrifterPath.Text = /a=b/c\n"
         "comboPoolPath.ListItem = /P\n"
         "comboPoolPath.ListItem = /p \n"
-        "= lonely\n");
-    for (int i = 0; i < 8; ++i) f.app.archive.lstArchive.setChecked(i, true);
-    f.use(f.app.settingsText);
-    EXPECT_EQ(f.app.archive.chkAutoName, 1);
-    EXPECT_EQ(f.app.archive.chkNowName, 0);
-    EXPECT_EQ(f.app.archive.chkAutoBackup, 0);
-    EXPECT_EQ(f.app.archive.chkDeleteOriginal, 2);
-    EXPECT_FALSE(f.app.archive.lstArchive.checked(5));
-    EXPECT_FALSE(f.app.archive.lstArchive.checked(2));  // a number counts, 0 as False
-    EXPECT_TRUE(f.app.archive.lstArchive.checked(1));
-    EXPECT_TRUE(f.app.archive.lstArchive.checked(7));  // a shorter file leaves the rest alone
-    EXPECT_EQ(f.app.comboDrifterPath, "/a");           // "=" cuts a folder short
+        "= lonely\n";
+    aq::ini(f.app, " GET ");  // the same as "Use"
+    const auto& a = f.app.archive;
+    EXPECT_EQ(std::vector<int>({a.chkAutoName, a.chkNowName, a.chkAutoBackup, a.chkDeleteOriginal}),
+              std::vector<int>({1, 0, 0, 2}));
+    // 0 counts as False; a shorter file leaves the rest alone.
+    EXPECT_EQ(std::vector<bool>(
+                  {a.lstArchive.checked(1), a.lstArchive.checked(2), a.lstArchive.checked(5), a.lstArchive.checked(7)}),
+              std::vector<bool>({true, false, false, true}));
+    EXPECT_EQ(f.app.comboDrifterPath, "/a");  // "=" cuts a folder short
     EXPECT_EQ(f.app.comboPoolPathItems, std::vector<std::string>{"/P"});
     EXPECT_EQ(f.app.comboPoolPath, "/P");
 }
@@ -159,17 +133,15 @@ TEST(Settings, FileErrorsAreShownInTheProgramsWords) {
 TEST(Settings, StartupChecksAllAndRestoresTheControlsWithoutAFile) {
     Fixture f;
     aq::startupSettings(f.app);
-    for (int i = 0; i < 8; ++i) EXPECT_TRUE(f.app.archive.lstArchive.checked(i)) << i;
-    EXPECT_EQ(f.app.archive.chkDeleteOriginal, 1);
-    EXPECT_EQ(f.app.archive.chkNowName, 1);
+    EXPECT_EQ(f.app.archive.lstArchive.checkedCount(), 8);
+    EXPECT_EQ(std::pair(f.app.archive.chkDeleteOriginal, f.app.archive.chkNowName), std::pair(1, 1));
 
     Fixture g;
     aqtest::writeBytes(g.iniPath(), "lstArchive.Selected(0) = False\r\nchkNowName.Value = 0\r\n");
     aq::startupSettings(g.app);
-    EXPECT_FALSE(g.app.archive.lstArchive.checked(0));
-    EXPECT_TRUE(g.app.archive.lstArchive.checked(1));
-    EXPECT_EQ(g.app.archive.chkNowName, 0);
-    EXPECT_EQ(g.app.archive.chkDeleteOriginal, 2);  // the file does not name it: the third state stays
+    EXPECT_TRUE(!g.app.archive.lstArchive.checked(0) && g.app.archive.lstArchive.checked(1));
+    // The file does not name chkDeleteOriginal: its third state stays.
+    EXPECT_EQ(std::pair(g.app.archive.chkNowName, g.app.archive.chkDeleteOriginal), std::pair(0, 2));
 }
 
 }  // namespace
