@@ -59,6 +59,7 @@ TEST(GenePanel, SpreadMovesOnToTheNearestWholeSpread) {
         {{10, 20}, 10, 10, {10, 20}, {0, 0, 0}},
         {{10, 15, 20}, 4, 4, {13, 15, 17}, {1, 0, 1, 0}},
         {{0, 250}, 254, 250, {0, 250}, {0, 0, 0}},  // wider would leave 0..255
+        {{11, 16}, 1, 1, {13, 14}, {1, 1, 0}},      // the narrowest spread there is
     };
     for (const auto& [values, wish, ends, after, changed] : cases) {
         Panel p(values);

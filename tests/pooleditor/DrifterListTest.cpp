@@ -51,6 +51,12 @@ TEST(DrifterList, PopulateKeepsTicksAndTagsByPositionAndShrinks) {
     EXPECT_EQ(e.ticked(), std::vector<int>{1});
     EXPECT_EQ(e.app.lstSpeciatePool.text(0).substr(0, 4) + e.app.lstSpeciatePool.text(1).substr(0, 4), "Red {3} ");
     EXPECT_FALSE(e.app.uiBusy);
+    // A click or a current row outside the list does nothing.
+    int clicks = 0;
+    e.app.lstSpeciatePool.onUserCheck = [&](int, bool) { ++clicks; };
+    for (int row : {-1, 2}) e.app.lstSpeciatePool.userCheck(row, true);
+    e.app.lstSpeciatePool.setCurrentIndex(2);
+    EXPECT_EQ(std::pair(clicks, e.app.lstSpeciatePool.currentIndex()), std::pair(0, -1));
 }
 
 TEST(DrifterList, LoadCommandAsksAboutChangesAndJudgesCounts) {

@@ -90,6 +90,7 @@ TEST(GroupCriteria, TheDocumentedExamples) {
         {"individual never", with(1), with(1), 44.4f, 0, false},
         {"same age or older", with(10), with(10), 44.4f, 11, true},
         {"same age or younger", with(10), with(11), 44.4f, 12, false},
+        {"as many meals or more", with(1, 0, 0, 4), with(1, 0, 0, 4), 44.4f, 25, true},
         {"same number of segments", body({1, 2}), body({3, 3}), 44.4f, 27, true},
     };
     for (const auto& [name, k, c, threshold, index, expected] : cases)

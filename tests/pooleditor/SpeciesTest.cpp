@@ -124,6 +124,10 @@ TEST(SpeciesPass, SlicesGiveTheTagsOfOnePass) {
     // A slice ends when its two seconds are up: readings at 0.5, 1 and 1.5 s pass, 2 s does not.
     Editor edge(defaultPool());
     edge.clock.step = 0.5;
+    edge.app.uiBusy = true;  // a list change the program makes itself starts no slice
+    speciatePoolList(edge.app);
+    EXPECT_FALSE(edge.app.poolPassRunning);
+    edge.app.uiBusy = false;
     speciatePoolList(edge.app);
     EXPECT_EQ(edge.app.poolPassIndex, 3);
 }

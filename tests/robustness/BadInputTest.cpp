@@ -285,6 +285,12 @@ TEST(DnaFiles, FailedSaveLeavesTheOldFileByteForByte) {
         EXPECT_EQ(readBytes(path), old);
         EXPECT_EQ(filesIn(dir.path()), 1u);
     }
+    // Room for exactly the file: the save goes through.
+    Session full;
+    full.app.dna.dnaGenes.assign(1, Genome{});
+    setWriteFailureAfter(1000);
+    EXPECT_TRUE(saveDrifterFile(full.app, path, 0));
+    setWriteFailureAfter(-1);
     // A folder that is gone: the message names the path, and nothing appears.
     Session f;
     f.app.dna.dnaGenes.assign(1, Genome{});

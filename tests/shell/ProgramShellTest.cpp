@@ -5,7 +5,10 @@
 #include <ctime>
 
 #include "base/Clock.h"
+#include "dnaeditor/DrifterFiles.h"
+#include "foodeditor/FoodThreshold.h"
 #include "format/PoolFile.h"
+#include "pooleditor/SpeciesPass.h"
 #include "shell/MenuState.h"
 #include "shell/MultiTask.h"
 #include "shell/Shutdown.h"
@@ -39,6 +42,21 @@ TEST(MultiTask, OneDrifterNeedsNoSpeciesPassAndTheListWaitsForPendingPasses) {
             std::tuple(f.app.poolSpeciesPending, f.app.lstSpeciatePool.visible(), f.app.lstSpeciatePool.enabled()),
             std::tuple(poolPendingAfter, drifters == 1, enabled));
     }
+}
+
+TEST(MultiTask, TypedThresholdsOfHiddenFramesWaitForEveryFourthSweep) {
+    Fixture f;
+    f.app.openPool = aqtest::makePool(2, 0);
+    aq::typePoolSpeciesThreshold(f.app, "50");
+    aq::typeFoodThreshold(f.app, "50");
+    aq::typeDrifterSpeciesThreshold(f.app, "50", 2);
+    auto sweep = [&] {
+        for (int t = 0; t < 6; ++t) aq::tmrMultiTaskTick(f.app, f.task, {});
+    };
+    for (int i = 0; i < 3; ++i) sweep();
+    EXPECT_TRUE(f.app.poolThresholdTyped && f.app.foodThresholdTyped && f.app.drifterThresholdTyped);
+    sweep();
+    EXPECT_FALSE(f.app.poolThresholdTyped || f.app.foodThresholdTyped || f.app.drifterThresholdTyped);
 }
 
 TEST(Clock, SecondsSinceMidnightAndAcrossIt) {

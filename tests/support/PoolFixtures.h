@@ -2,8 +2,8 @@
 // Small pools built in code for tests.
 #include <cstring>
 
-#include "format/PoolFile.h"
 #include "files/PoolOps.h"
+#include "format/PoolFile.h"
 
 namespace aqtest {
 
