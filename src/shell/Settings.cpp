@@ -1,5 +1,6 @@
 #include "shell/Settings.h"
 
+#include <algorithm>
 #include <cctype>
 #include <filesystem>
 #include <fstream>
@@ -8,9 +9,9 @@
 
 #include "archive/ArchiveChecks.h"
 #include "base/FileIo.h"
+#include "base/Paths.h"
 #include "files/FileNames.h"
 #include "files/PathBoxes.h"
-#include "base/Paths.h"
 
 namespace aq {
 
@@ -119,42 +120,22 @@ void applyLine(App& app, const std::string& key, const std::string& value, std::
     }
 }
 
-// Blanks and tabs at the ends of every line go, and every line break becomes CR LF.
-// Done by hand: a regular expression recurses per character and a long line in a
-// damaged file would overflow the stack.
-std::string normaliseSettingsText(const std::string& text) {
-    std::string out;
-    out.reserve(text.size() + 16);
-    std::size_t i = 0, n = text.size();
-    while (i <= n) {
-        std::size_t end = text.find_first_of("\r\n", i);
-        if (end == std::string::npos) end = n;
-        std::size_t a = i, b = end;
-        while (a < b && (text[a] == ' ' || text[a] == '\t')) ++a;
-        while (b > a && (text[b - 1] == ' ' || text[b - 1] == '\t')) --b;
-        out.append(text, a, b - a);
-        if (end == n) break;
-        out += "\r\n";
-        i = end + ((text[end] == '\r' && end + 1 < n && text[end + 1] == '\n') ? 2 : 1);
-    }
-    return out;
-}
-
+// Any line break (CR LF, CR or LF) ends a line; the key and the value lose their blanks
+// and tabs where they are used. Split by hand: a regular expression recurses per
+// character and a long line in a damaged file would overflow the stack.
 void applySettingsText(App& app) {
-    std::string t = normaliseSettingsText(app.settingsText);
+    const std::string& t = app.settingsText;
     std::unordered_set<std::string> known[3];
-    std::size_t start = 0;
-    while (start <= t.size()) {
-        std::size_t end = t.find("\r\n", start);
-        std::string line = t.substr(start, end == std::string::npos ? std::string::npos : end - start);
+    for (std::size_t start = 0; start <= t.size();) {
+        std::size_t end = std::min(t.find_first_of("\r\n", start), t.size());
+        std::string line = t.substr(start, end - start);
         auto eq = line.find('=');
         if (eq != std::string::npos) {
             auto eq2 = line.find('=', eq + 1);
             std::string value = line.substr(eq + 1, eq2 == std::string::npos ? std::string::npos : eq2 - eq - 1);
             applyLine(app, trimmed(line.substr(0, eq)), trimmed(value), known);
         }
-        if (end == std::string::npos) break;
-        start = end + 2;
+        start = end + 1;
     }
 }
 

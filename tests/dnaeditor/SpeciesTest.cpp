@@ -3,6 +3,7 @@
 
 #include "dnaeditor/DnaFixture.h"
 #include "dnaeditor/GenePanel.h"
+#include "support/CountingView.h"
 #include "support/RecordingNotice.h"
 
 namespace {
@@ -32,7 +33,12 @@ TEST(DrifterSpecies, PrefixesOnlyWhenTheSpeciesTellFilesApart) {
         {{{"{x.dna", a}, {"{y, z.dna", b}, {"q.dna", c}}, {"{0}, q.dna", "{1}, x.dna", "{1}, z.dna"}, {0, 1, 1}},
     };
     for (const auto& [files, lines, tags] : cases) {
-        Species s(files);
+        Species s(files, false);
+        aqtest::CountingView view;  // the lines are rewritten out of the view's sight
+        s.app.lstSpeciateDrifters.setObserver(&view);
+        aq::speciateDrifterList(s.app);
+        s.app.lstSpeciateDrifters.setObserver(nullptr);
+        EXPECT_EQ(view.rows, 0);
         EXPECT_EQ(s.lines(), lines);
         std::vector<std::int32_t> got;
         for (int i = 0; i < s.app.lstSpeciateDrifters.count(); ++i) got.push_back(s.app.lstSpeciateDrifters.tag(i));

@@ -67,8 +67,8 @@ TEST(GenerateCommand, PublishesThePoolIntoTheListsUnsaved) {
 
 TEST(GenerateCommand, TheChangedPoolIsSavedFirstOrKept) {
     // A pool without a file is asked a name for; a full disk is retried.
-    enum Case { Cancel, UnnamedCancelsTheName, Yes, YesOnAFullDisk };
-    for (Case c : {Cancel, UnnamedCancelsTheName, Yes, YesOnAFullDisk}) {
+    enum Case { Cancel, UnnamedCancelsTheName, Yes, YesOnAFullDisk, FullDiskCancelled };
+    for (Case c : {Cancel, UnnamedCancelsTheName, Yes, YesOnAFullDisk, FullDiskCancelled}) {
         SCOPED_TRACE(c);
         Fixture f;
         std::string path = c == UnnamedCancelsTheName ? "" : f.dir.file("open.aqp");
@@ -76,10 +76,11 @@ TEST(GenerateCommand, TheChangedPoolIsSavedFirstOrKept) {
         std::string before = aq::poolBytes(f.app.openPool);
         f.ui.ask("yesnocancel", kChanged, "File Has Changed", c == Cancel ? Answer::Cancel : Answer::Yes);
         if (c == UnnamedCancelsTheName) f.ui.file("save", "Save Pool As", "");
-        if (c == YesOnAFullDisk) {
+        if (c == YesOnAFullDisk || c == FullDiskCancelled) {
             f.ui.message("Error saving " + path + ", error: No space left on device",
                          "Aquarium File Manager - Save Pool File")
-                .ask("retrycancel", "Error saving file.", "Aquarium File Manager - Species Load", Answer::Retry);
+                .ask("retrycancel", "Error saving file.", "Aquarium File Manager - Species Load",
+                     c == YesOnAFullDisk ? Answer::Retry : Answer::Cancel);
             aq::setWriteFailureAfter(10);
         }
         aq::generateStartupPool(f.app, StartupSettings{});

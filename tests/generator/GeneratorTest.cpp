@@ -164,6 +164,7 @@ TEST(GenerateStartupPool, PeripheralPlacementKeepsToTheEdges) {
     const float edge = 4000.0f * static_cast<float>((8000.0f - e) * 0.9 / 8000.0f);
     EXPECT_NEAR(p.drifters[0].y, edge, 1e-2);
     EXPECT_NEAR(p.drifters[3].x, edge, 1e-2);
+    EXPECT_NEAR(p.drifters[4].y, edge, 1e-2);  // and round again
     // Food: the same edges at 0.7.
     EXPECT_EQ(std::make_pair(p.food[0].x, p.food[0].y), std::make_pair(-2800.0f, 2800.0f));
 }

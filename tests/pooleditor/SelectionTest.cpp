@@ -9,6 +9,7 @@
 #include "pooleditor/Minorities.h"
 #include "pooleditor/PoolEditorFixture.h"
 #include "pooleditor/SelectionCommands.h"
+#include "support/CountingView.h"
 
 using namespace aq;
 using namespace aqtest;
@@ -227,7 +228,12 @@ TEST(SelectionCommands, AllAndInvert) {
     SelectAllDrifters(r.app);  // all stay ticked
     EXPECT_EQ(r.ticked(), (std::vector<int>{0, 1, 2}));
     r.app.lstSpeciatePool.setChecked(1, false);
+    // The view hears of the whole command at once, not row by row.
+    CountingView view;
+    r.app.lstSpeciatePool.setObserver(&view);
     InvertPoolDrifterSelection(r.app);
+    r.app.lstSpeciatePool.setObserver(nullptr);
+    EXPECT_EQ(std::pair(view.rows, view.resets), std::pair(0, 1));
     EXPECT_EQ(r.ticked(), (std::vector<int>{1}));
     // The sliders show the new selection: three drifters at the origin.
     EXPECT_EQ(std::pair(r.app.SliderSpeciatePoolDrifterWidth.visible, r.app.SliderSpeciatePoolDrifterX.min),

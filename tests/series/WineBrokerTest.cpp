@@ -43,8 +43,10 @@ TEST(WineBroker, RequestsGoThroughTheBrokerAndItsAnswersComeBack) {
 }
 
 TEST(WineBroker, MissingWineIsSaidAndNothingElseIsTouched) {
-    EnvVar wine("WINE", "/no/such/wine");
-    {
+    aqtest::TempDir dir;
+    aqtest::writeBytes(dir.file("wine"), "not a program");
+    for (const std::string& path : {std::string("/no/such/wine"), dir.file("wine")}) {
+        EnvVar wine("WINE", path);
         aq::WineSimulator sim;
         EXPECT_EQ(sim.start("/sim/Aquarium.exe", "/prog"), 0u);
         EXPECT_NE(sim.startProblem().find("Wine was not found"), std::string::npos);

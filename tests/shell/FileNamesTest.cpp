@@ -77,6 +77,7 @@ TEST(FileNames, NextNumberedNameSeries) {
         {{"", ".AQP", ""}, {"Pool_1.AQP", ".AQP", "Pool_2.AQP"}},
         {{"Drifter_3.0.DNA", ".DNA", "Drifter_4.0.DNA"}},
         {{"Pool_12.AQP", ".AQP", "Pool_12.AQP"}},
+        {{"Pool_000003.AQP", ".AQP", "Pool_000003.AQP"}},  // six digits: held at the top
         {{"pool_1.aqp", "aqp", "pool_2.aqp"}},
         {{"Pool_1.AQP", "", "Pool_2.AQP."}},
     };

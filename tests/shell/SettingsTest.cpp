@@ -50,6 +50,7 @@ TEST(Settings, StoreWritesEveryKeyInOrder) {
 TEST(Settings, ReaderForgivesBlanksLineEndsAndGarbage) {
     Fixture f;
     for (int i = 0; i < 8; ++i) f.app.archive.lstArchive.setChecked(i, true);
+    f.app.archive.chkAutoName = 0, f.app.archive.chkNowName = 1;
     f.app.settingsText =
         "  chkAutoName.Value=1\n"
         "garbage without equals\r"
