@@ -146,6 +146,15 @@ TEST(MoveDrifterFiles, MovesToTheArchiveAndReports) {
         .message("Moved 2 files. ", "Done");
     f.run(aq::MoveDrifterFilesCommand);
     EXPECT_EQ(f.firstBytes({"src/a.dna", "dst/a.dna", "dst/c.dna"}), std::string("\0\x01\xc8", 3));  // c saved first
+    // Three changed files or more: one question for all of them.
+    Folder h(3);
+    h.tick({0, 1, 2});
+    h.edit({0, 1, 2});
+    h.ui.ask("yesnocancel", moveQuestion(3), "Moving Drifter Files", Answer::Yes);
+    h.askAll(Answer::Yes);
+    h.ui.message("Moved 3 files. ", "Done");
+    h.run(aq::MoveDrifterFilesCommand);
+    EXPECT_EQ(h.firstBytes({"dst/a.dna", "dst/b.dna", "dst/c.dna"}), "\xc8\xc8\xc8");
 
     // Keeping the entries listed: the changed one keeps its change, and the moved file is the old one.
     Folder g(2);

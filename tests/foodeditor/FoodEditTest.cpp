@@ -90,9 +90,13 @@ TEST(FoodGroup, ATickSpreadsByMode) {
         EXPECT_EQ(t.ticks(), c.ticks) << c.name;
         EXPECT_EQ(t.app.lstPoolFood.currentIndex(), c.row);
         EXPECT_EQ(foodThresholdShown(t.app), c.mode == 2);
+        EXPECT_TRUE(t.app.lstPoolFood.visible());
         t.app.lstPoolFood.userCheck(c.row, false);  // unticking takes the whole group away again
         EXPECT_EQ(t.ticks(), std::vector<bool>(5, false)) << c.name;
     }
+    FoodTab none({bit(1, 0, 0)});
+    ApplyFoodGroup(none.app);  // no current row: nothing to spread, and the program is free again
+    EXPECT_FALSE(none.app.uiBusy);
     FoodTab t({bit(1, 0, 0), bit(1, 10, 0), bit(2, 20, 0)});
     InvertFoodSelection(t.app);
     EXPECT_EQ(t.ticks(), std::vector<bool>(3, true));

@@ -164,7 +164,8 @@ TEST(GenerateStartupPool, PeripheralPlacementKeepsToTheEdges) {
     const float edge = 4000.0f * static_cast<float>((8000.0f - e) * 0.9 / 8000.0f);
     EXPECT_NEAR(p.drifters[0].y, edge, 1e-2);
     EXPECT_NEAR(p.drifters[3].x, edge, 1e-2);
-    EXPECT_NEAR(p.drifters[4].y, edge, 1e-2);  // and round again
+    EXPECT_LT(p.drifters[7].y, p.drifters[3].y);  // down the right edge
+    EXPECT_NEAR(p.drifters[4].y, edge, 1e-2);     // and round again
     // Food: the same edges at 0.7.
     EXPECT_EQ(std::make_pair(p.food[0].x, p.food[0].y), std::make_pair(-2800.0f, 2800.0f));
 }
@@ -179,9 +180,15 @@ TEST(GenerateStartupPool, SplitPoolSpreadsOverEightSectorsAndBuildsWalls) {
     EXPECT_EQ(p.food[0].y, 2400.0f);
     EXPECT_LT(std::hypot(p.drifters[7].x, p.drifters[7].y - 2400.0), ring + 1);
     EXPECT_LT(std::hypot(p.drifters[3].x, p.drifters[3].y + 2400.0), ring + 1);
+    EXPECT_LT(std::hypot(p.drifters[6].x + 2400.0, p.drifters[6].y - 2400.0), ring + 1);
     const aq::GreatWall &v = p.walls[0], &h = p.walls[1];
     EXPECT_EQ(std::vector<double>({v.left, v.right, v.bottom, v.top, h.left, h.right, h.bottom, h.top}),
               std::vector<double>({-830, -770, -1600, 1600, -1600, 1600, -830, -770}));
+    // Bounds off the centre move the walls with the middle: the middle row is at 1000.
+    aq::Pool tall = base(), t;
+    tall.maxY = 6000;
+    ASSERT_TRUE(aq::buildStartupPool(tall, settings(1, 1, 2, 1, 1, true), t));
+    EXPECT_EQ(std::pair(t.walls[0].bottom, t.walls[0].top), std::pair(600.0, 4600.0));
     // Peripheral food moves on a sector every fourth bit: bits 0-3 top right, 4-7 right.
     aq::Pool q = build(settings(1, 1, 4, 1, 1, true));
     for (int i = 0; i < 8; ++i) EXPECT_LE(std::abs(q.food[i].y - (i < 4 ? 2400 : 0)), 1120) << i;

@@ -265,7 +265,8 @@ TEST(QuickSpeciate, TogglingChangesTheDepthAndRestartsThePass) {
 TEST(Minorities, TheDefaultPoolBySegmentCount) {
     PoolEditor e(defaultPool()), f(defaultPool());
     mSelectMutantsBySegmentCount(e.app);
-    EXPECT_EQ(e.ticked(), (std::vector<int>{0, 48}));  // the lone 1 and the lone 6
+    EXPECT_EQ(e.ticked(), (std::vector<int>{0, 48}));                 // the lone 1 and the lone 6
+    EXPECT_EQ(poolBytes(e.app.workPool), poolBytes(e.app.openPool));  // ticked, not killed
     // The other stages mark nobody in the default pool.
     mSelectMutantsByBranching(f.app);
     mSelectMutantsByColorOrder(f.app);
@@ -298,26 +299,30 @@ TEST(Minorities, StageKeys) {
     EXPECT_EQ(e.ticked(), (std::vector<int>{2}));
     mSelectMutantsByColors(f.app);  // 2 keys: bar 4; {0,1,2} counts 3 -> 4, not above
     EXPECT_TRUE(f.ticked().empty());
-    // A lone branching is marked by its own command only.
+    // A lone branching and lone colours are marked by their own commands only.
     std::vector<DrifterRec> bs(11, body({1, 1}));
     bs.push_back(body({1, 1}, {1, 0}));
-    PoolEditor g(poolOf(bs)), h(poolOf(bs));
+    bs.push_back(body({2, 2}));
+    PoolEditor g(poolOf(bs)), h(poolOf(bs)), k(poolOf(bs));
     mSelectMutantsBySegmentCount(g.app);
     mSelectMutantsByBranching(h.app);
-    EXPECT_EQ(std::pair(g.ticked(), h.ticked()), std::pair(std::vector<int>{}, std::vector<int>{11}));
+    mSelectMutantsByColors(k.app);
+    EXPECT_EQ(std::tuple(g.ticked(), h.ticked(), k.ticked()),
+              std::tuple(std::vector<int>{}, std::vector<int>{11}, std::vector<int>{12}));
 }
 
 TEST(DrifterKeys, FieldsAndCompression) {
     EXPECT_EQ(CompressKey("11{0020}3"), "1{02}3");
-    EXPECT_EQ(CompressKey("5\u00BB\u00BB<"), "5\u00BB<");
+    EXPECT_EQ(CompressKey("5\u00BB\u00BB<\U0001F41F\U0001F41F"), "5\u00BB<\U0001F41F");
     Pool p = poolOf({body({0, 0, 1, 1}), body({0, 1, 0, 1}, {3, 0, 0, 0}), body({0}), body({2, 2, 2}, {2, 0, 0})});
     // Colour fields: "0011" and "0101" both give "01"; a short key is never compressed.
     EXPECT_EQ(DrifterKey(p, 0, true, false, false) + DrifterKey(p, 1, true, false, false) +
                   DrifterKey(p, 1, true, true, false),
               "401{000}401{000}401{000}");
     EXPECT_EQ(DrifterKey(p, 2, true, false, false), "10{}");  // the Dot
-    // Length 10 per segment: 10 / 10 + sqrt(10) / 3 = 2.05 -> 2; mass 5: 5 / 37 + sqrt(5) / 5 = 0.58 -> 0.
-    EXPECT_EQ(DrifterKey(p, 2, false, false, false), "10{}20");
+    // Length 10 per segment: 10 / 10 + sqrt(10) / 3 = 2.05 -> 2; mass 36: 36 / 37 + sqrt(36) / 5 = 2.17 -> 2.
+    p.drifters[2].mass = 36;
+    EXPECT_EQ(DrifterKey(p, 2, false, false, false), "10{}22");
     // Detailed: base colour and colour count, 10/27 + 0.5 + sqrt(10)/5 = 1.5 -> 1, 25/50 + 0.5 + sqrt(25)/13 = 1.38
     // -> 1, and equal segments give one "="; compressed, "11" is one "1".
     p.drifters[3].mass = 75;

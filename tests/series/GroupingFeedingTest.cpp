@@ -159,6 +159,7 @@ TEST(Feeding, ColorPrompts) {
         {"blue", 0, "7", false, "Feed D&rifters by Color", 4, -1},
         {"", 2, "-", false, "Feed D&rifters by Color", -1, 2},  // cancelled colour: off, mode kept
         {"none", 2, "-", false, "Feed D&rifters by Color", -1, 2},
+        {"6", 2, "-", false, "Feed D&rifters by Color", -1, 2},  // colours go from 0 to 5
     };
     for (const auto& [colorAnswer, modeBefore, modeAnswer, checked, caption, color, mode] : cases) {
         UiRig r;
@@ -199,6 +200,7 @@ TEST(Feeding, FeedByColorConditionsAndGifts) {
         {"energy 100", colored({0}, 0, 0, 100), 2, 100},    {"at 3880, 0", colored({0}, 3880, 0), 2, 50},
         {"at 0, 3950", colored({0}, 0, 3950), 2, 50},       {"at -3950, 0", colored({0}, -3950, 0), 2, 90},
         {"beyond 4100", colored({0}, -3000, -3000), 2, 65}, {"at 3870, 0", colored({0}, 3870, 0), 2, 90},
+        {"at 0, 3870", colored({0}, 0, 3870), 2, 90},
     };
     for (const auto& [what, d, mode, energy] : cases) {
         aq::Pool p = poolOf({d});

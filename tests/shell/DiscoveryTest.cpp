@@ -90,6 +90,9 @@ TEST(Discovery, ProgramFolderWithNothingAroundIt) {
     EXPECT_EQ(f.found(), (Items{f.at("a/b/prog"), f.at("a/b/prog/Drifters"), f.at("a/b/prog/Pools")}));
     EXPECT_EQ(f.app.comboAquariumPathItems, (Items{f.at("a/b/prog")}));
     EXPECT_FALSE(f.app.uiBusy);
+    // A Windows home climbs to its top and stops there.
+    f.app.homeFolder = "\\Aquarium";
+    EXPECT_EQ(f.found()[1], "\\Aquarium\\Drifters");
 }
 
 TEST(Discovery, AReadOnlyInstallSearchesAndAsksFromItsOwnFolder) {

@@ -131,10 +131,14 @@ TEST(Closing, SavesTheSettingsThenAsksForThePoolThenForEachChangedDnaFile) {
         app.poolLoaded = app.dnaLoaded = true;
         app.poolChanged = c.poolChanged;
         app.openPoolPath = s.dir.file("open.aqp");
-        app.dna.dnaCount = 1;
-        app.dna.dnaGenes.assign(1, aq::Genome{});
-        app.dna.dnaPaths = {s.dir.file("a.dna")};
-        app.dna.dnaChanged = {1};
+        // Closing asks about every changed file, ticked or not, and about no other.
+        app.dna.dnaCount = 2;
+        app.dna.dnaGenes.assign(2, aq::Genome{});
+        app.dna.dnaPaths = {s.dir.file("a.dna"), s.dir.file("b.dna")};
+        app.dna.dnaChanged = {1, 0};
+        app.lstSpeciateDrifters.add("a.dna");
+        app.lstSpeciateDrifters.add("b.dna");
+        app.lstSpeciateDrifters.setChecked(1, true);
         if (c.poolChanged)
             s.ui.ask("yesnocancel",
                      "The currently open pool file has been changed.  Changes will be lost if the file is not saved "

@@ -56,6 +56,7 @@ TEST(Settings, ReaderForgivesBlanksLineEndsAndGarbage) {
         "garbage without equals\r"
         "chkautoname.value = 0\r\n"  // keys are case-sensitive
         "\tchkNowName.Value = 0 \t\r\n"
+        "chkNowName.Value = 3\n"  // out of range
         "unknown.Key = 7\n"
         "chkAutoBackup.Value = banana\n"
         "chkDeleteOriginal.Value = 2 trailing\n"

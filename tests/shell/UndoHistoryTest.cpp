@@ -110,6 +110,7 @@ TEST(UndoHistory, AStepWeighsAllItHolds) {
     aqtest::ManualClock clock;
     aq::App app(ui, clock);
     app.openPool = aqtest::makePool(20, 2000);
+    app.openPool.historyBlock.resize(2 << 20);
     app.poolLoaded = true;
     aq::showNewOpenPool(app);
     aq::PoolHistory history;
@@ -136,6 +137,8 @@ TEST(UndoHistory, AStepWeighsAllItHolds) {
     genes.commit(app, "Change Gene Value");
     EXPECT_GE(genes.bytes(), 2000 * (sizeof(aq::Genome) + 100));
     EXPECT_LT(genes.bytes(), 2000 * (sizeof(aq::Genome) + 100) + (1u << 20));
+    EXPECT_TRUE(genes.undo(app));
+    EXPECT_EQ(app.dna.dnaGenes[0][0], 0);
 }
 
 }  // namespace
