@@ -150,6 +150,7 @@ TEST(GroupSelection, OperatorsLeftToRight) {
         {"Xor: exactly one (the clicked row keeps its own tick)", {3, 5}, {0, 1, 4}},
         {"Eqv: both or neither", {4, 5}, {0, 2, 3, 5}},
         {"(a And b) Or c: same segment count reaches everyone", {1, 5, 2, 13}, {0, 1, 2, 3, 4, 5}},
+        {"((a And b) Or c) And d: the last slot counts too", {1, 5, 2, 13, 1, 5}, {0, 2, 4}},
     };
     for (const auto& [name, sentence, ticked] : cases) {
         Sentence s;
