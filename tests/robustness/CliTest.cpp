@@ -4,7 +4,6 @@
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -13,16 +12,12 @@
 
 #include "format/PoolFile.h"
 #include "support/PoolFixtures.h"
+#include "support/RunCli.h"
 #include "support/TempDir.h"
 
 using namespace aqtest;
 
 namespace {
-
-struct CliRun {
-    int code;
-    std::string out;
-};
 
 std::string quote(const std::string& s) {
     std::string q = "'";
@@ -30,17 +25,8 @@ std::string quote(const std::string& s) {
     return q + "'";
 }
 
-// aqfm through the shell, its output and errors together; one that blocks fails the test
-// instead of holding it up.
-CliRun aqfm(const std::string& args) {
-    CliRun r{0, {}};
-    FILE* p = popen(("timeout 20 " + std::string(AQ_CLI) + " " + args + " 2>&1").c_str(), "r");
-    char buf[4096];
-    for (std::size_t n; (n = fread(buf, 1, sizeof buf, p)) > 0;) r.out.append(buf, n);
-    int status = pclose(p);
-    r.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    return r;
-}
+// aqfm with its errors in the output.
+CliResult aqfm(const std::string& args) { return runCli(args, true); }
 
 }  // namespace
 
@@ -55,8 +41,8 @@ TEST(CliRobustness, AwkwardPathsWork) {
                                : std::string(AQ_CLI) + " default -o " + quote(full);
         ASSERT_EQ(std::system(cmd.c_str()), 0);
         EXPECT_EQ(readBytes(full).size(), 229204u);
-        CliRun info = aqfm("info -- " + quote(full));
-        EXPECT_EQ(info.code, 0) << info.out;
+        CliResult info = aqfm("info -- " + quote(full));
+        EXPECT_EQ(info.status, 0) << info.out;
         EXPECT_NE(info.out.find("drifterCount: 49\n"), std::string::npos);
     }
 }
@@ -67,7 +53,7 @@ TEST(CliRobustness, UsageErrors) {
     const std::string out = " -o " + quote(dir.file("x.aqp")), prepare = "prepare " + quote(dir.file("d.aqp"));
     struct Case {
         std::string args;
-        int code;
+        int status;
         std::string says;
     } cases[] = {
         {"", 2, "usage: aqfm COMMAND"},
@@ -104,8 +90,8 @@ TEST(CliRobustness, UsageErrors) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.args);
-        CliRun r = aqfm(c.args);
-        EXPECT_EQ(r.code, c.code) << r.out;
+        CliResult r = aqfm(c.args);
+        EXPECT_EQ(r.status, c.status) << r.out;
         EXPECT_NE(r.out.find(c.says), std::string::npos) << r.out;
     }
     EXPECT_FALSE(std::filesystem::exists(dir.file("x.aqp")));
@@ -172,8 +158,8 @@ TEST(CliRobustness, EveryCommandGivenABadPoolExitsOneAndWritesNothing) {
             put("OUT", out);
             put("DIR", dir.file("folder.aqp"));
             SCOPED_TRACE(args);
-            CliRun r = aqfm(args);
-            EXPECT_EQ(r.code, 1) << r.out;
+            CliResult r = aqfm(args);
+            EXPECT_EQ(r.status, 1) << r.out;
             EXPECT_NE(r.out.find(b.says), std::string::npos) << r.out;
             EXPECT_FALSE(std::filesystem::exists(out));
         }
@@ -184,8 +170,8 @@ TEST(CliRobustness, EveryCommandGivenABadPoolExitsOneAndWritesNothing) {
     ::close(sock);
 
     // A harvest of this folder skips every file it can't read, and says how many.
-    CliRun h = aqfm("harvest " + quote(dir.path()) + " -o " + quote(out));
-    EXPECT_EQ(h.code, 0) << h.out;
+    CliResult h = aqfm("harvest " + quote(dir.path()) + " -o " + quote(out));
+    EXPECT_EQ(h.status, 0) << h.out;
     EXPECT_NE(h.out.find("Skipped 7 files that could not be read."), std::string::npos) << h.out;
     EXPECT_NE(h.out.find("Error opening fifo.aqp, error: Not a regular file"), std::string::npos) << h.out;
 }

@@ -1,5 +1,6 @@
 #pragma once
-// Runs the aqfm tool and captures what it prints on stdout and its exit status.
+// Runs the aqfm tool and captures what it prints on stdout (and stderr when asked) and its
+// exit status; a run that blocks is ended after 20 s, failing the test instead of holding it up.
 #ifndef _WIN32
 #include <sys/wait.h>
 #endif
@@ -15,14 +16,14 @@ struct CliResult {
 };
 
 // `args` go to a shell as they are: quote paths with blanks.
-inline CliResult runCli(const std::string& args) {
+inline CliResult runCli(const std::string& args, bool withErrors = false) {
     CliResult r;
 #ifdef _WIN32
     // cmd.exe runs it; _pclose gives the exit status itself.
-    std::string command = std::string(AQ_CLI) + " " + args + " 2>NUL";
+    std::string command = std::string(AQ_CLI) + " " + args + (withErrors ? " 2>&1" : " 2>NUL");
     FILE* pipe = _popen(command.c_str(), "rb");
 #else
-    std::string command = std::string(AQ_CLI) + " " + args + " 2>/dev/null";
+    std::string command = "timeout 20 " + std::string(AQ_CLI) + " " + args + (withErrors ? " 2>&1" : " 2>/dev/null");
     FILE* pipe = popen(command.c_str(), "r");
 #endif
     if (!pipe) return r;
