@@ -10,13 +10,6 @@
 
 namespace aqtest {
 
-inline aq::Pool poolOf(std::vector<aq::DrifterRec> drifters, int food = 0) {
-    aq::Pool p = makePool(0, food);
-    p.drifters = std::move(drifters);
-    p.drifterCount = static_cast<int>(p.drifters.size());
-    return p;
-}
-
 // Drifters that share their first `shared` genes with one pattern and differ from everyone after.
 inline aq::Pool kinPool(std::initializer_list<int> shared) {
     aq::Pool p = makePool(static_cast<int>(shared.size()), 0);

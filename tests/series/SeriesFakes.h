@@ -119,14 +119,6 @@ struct SimRig {
     }
 };
 
-// A pool of these drifters and `food` patterned food bits.
-inline aq::Pool poolOf(std::vector<aq::DrifterRec> drifters, int food = 0) {
-    aq::Pool p = makePool(0, food);
-    p.drifterCount = static_cast<int>(drifters.size());
-    p.drifters = std::move(drifters);
-    return p;
-}
-
 inline std::vector<int> idsOf(const aq::Pool& p) {
     std::vector<int> ids;
     for (int i = 0; i < p.drifterCount; ++i) ids.push_back(p.drifters[i].id);

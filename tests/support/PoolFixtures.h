@@ -1,6 +1,7 @@
 #pragma once
 // Small pools built in code for tests.
 #include <cstring>
+#include <vector>
 
 #include "files/PoolOps.h"
 #include "format/PoolFile.h"
@@ -54,6 +55,14 @@ inline aq::Pool makePool(int n, int m, int version = 4) {
     p.maxX = p.maxY = 4000;
     for (std::size_t b = 0; b < p.historyBlock.size(); ++b) p.historyBlock[b] = static_cast<unsigned char>(b * 31);
     p.lastWord = 2;
+    return p;
+}
+
+// A pool of these drifters and `food` patterned food bits.
+inline aq::Pool poolOf(std::vector<aq::DrifterRec> drifters, int food = 0) {
+    aq::Pool p = makePool(0, food);
+    p.drifterCount = static_cast<int>(drifters.size());
+    p.drifters = std::move(drifters);
     return p;
 }
 
