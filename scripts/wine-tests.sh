@@ -15,7 +15,7 @@ jobs=${JOBS:-$(nproc)}
 win_tests=(tests_archive tests_foodeditor tests_pool tests_series tests_shell)
 declare -A skip=(
   [tests_archive]="CopyToArchive.AutoNamesWithDateAndTimeThenTheOverwriteQuestion:CopyToArchive.IntoTheSimulatorsOwnFolderNothingIsDeleted:ReplaceFromArchive.*"
-  [tests_series]="Harvest.CliScoresHarvestAndPrepare:EvolveSeries.PlagueAndHarvestHappenInTheCycle"
+  [tests_series]="Harvest.CliScoresAndPrepare:EvolveSeries.PlagueAndHarvestHappenInTheCycle"
   [tests_shell]="Settings.FileErrorsAreShownInTheProgramsWords:Discovery.*"
 )
 filters=()

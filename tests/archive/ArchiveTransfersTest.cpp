@@ -87,8 +87,6 @@ TEST(ArchiveHelp, LineFollowsThePointer) {
     aq::archiveHelpMove(f.app, "cmdReplaceFromArchive");
     EXPECT_NE(f.app.archive.lblArchiveInstruct.find("destination filenames.\r\n\r\nThe copied files"),
               std::string::npos);
-    EXPECT_EQ(aq::archiveHelpText("cmdLstArchiveAllPool").substr(0, 60),
-              "Click the button near the lower left corner of the Aquarium ");
 }
 
 TEST(CopyToArchive, NothingCheckedOrAllCancelledCopiesNothing) {

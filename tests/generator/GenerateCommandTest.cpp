@@ -113,9 +113,6 @@ TEST(CliGenerate, WritesTheSamePoolAsTheTab) {
         {"--seed 12345 --type 0 --food 0 --placement 0 --walls 2 --split --no-extra-food --extra-drifters",
          StartupSettings{12345, 0, 0, 0, 2, true, false, true}, 0x50000},
         {"--seed=-7 --type 2 --food 3 --state ABCD12", StartupSettings{-7, 2, 3, 1, 1, false, true, false}, 0xABCD12},
-        {"--seed 2.5abc --extra-food --state 0x000001", StartupSettings{2, 1, 2, 1, 1, false, true, false}, 1},
-        {"--seed -2147483648 --food 1 --placement 0", StartupSettings{-2147483647 - 1, 1, 1, 0, 1, false, true, false},
-         0x50000},
     };
     for (const auto& [args, s, state] : cases) {
         ASSERT_EQ(aqtest::runCli("generate " + args + " -o " + out).status, 0) << args;

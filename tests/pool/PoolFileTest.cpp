@@ -1,15 +1,21 @@
-// Pool files byte for byte, saving over and beside old files, the default pool, and
-// what lies under a point of a pool.
+// Pool files byte for byte, saving over and beside old files, the default pool, what lies
+// under a point of a pool; merging a second pool file into the open pool or the work pool,
+// also through aqfm merge, and saving from the menu.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 
 #include "base/FileIo.h"
+#include "files/PoolMerge.h"
 #include "files/PoolOps.h"
+#include "files/PoolSave.h"
 #include "format/PoolFile.h"
 #include "format/PoolGeometry.h"
+#include "pooleditor/DrifterList.h"
 #include "support/PoolFixtures.h"
+#include "support/RunCli.h"
 #include "support/ScriptedSession.h"
 
 using namespace aq;
@@ -122,4 +128,208 @@ TEST(PoolGeometry, FindsBodiesAndFoodUnderAPoint) {
     EXPECT_EQ(foodAt(pool, 6, 0, 5), 1);
     EXPECT_EQ(foodAt(pool, 4, 0, 5), 0);
     EXPECT_EQ(foodAt(pool, 50, 0, 5), -1);
+}
+
+namespace {
+
+// A pool whose records say where they came from: drifter ages and food families start at `mark`.
+Pool markedPool(int drifters, int food, int mark) {
+    Pool p = makePool(drifters, food);
+    for (int i = 0; i < drifters; ++i) {
+        p.drifters[static_cast<std::size_t>(i)].age = mark + i;
+        p.drifters[static_cast<std::size_t>(i)].id = 7777;
+    }
+    for (int i = 0; i < food; ++i) p.food[static_cast<std::size_t>(i)].family = static_cast<std::uint8_t>(mark + i);
+    return p;
+}
+
+// `open` loaded from open.aqp and also the work pool; file() writes the pool to merge.
+struct Open : Session {
+    explicit Open(const Pool& open) {
+        app.openPool = open;
+        app.workPool = open;
+        app.poolLoaded = true;
+        app.openPoolPath = dir.file("open.aqp");
+        app.comboPoolPath = dir.path();
+        populateSpeciatePoolList(app);
+    }
+    std::string file(const Pool& p, const std::string& name = "other.aqp") {
+        std::string path = dir.file(name);
+        EXPECT_EQ(writePool(path, p), "");
+        return path;
+    }
+    // Runs a merge command with `p` chosen in its dialog ("" cancels it).
+    void merge(const Pool* p, void (*command)(App&) = mMergePool) {
+        ui.file("open", "Select Pool File", p ? file(*p) : "", dir.path() + "||aqp|Aquarium Files");
+        command(app);
+        EXPECT_SCRIPT_DONE(ui);
+    }
+};
+
+void expectIdsAreIndices(const Pool& p) {
+    for (int i = 0; i < p.drifterCount; ++i) EXPECT_EQ(p.drifters[static_cast<std::size_t>(i)].id, i);
+}
+
+}  // namespace
+
+TEST(PoolMerge, DriftersUpToTheLimitTakeTheFileFirstOnes) {
+    Open s(markedPool(1990, 3, 0));
+    s.app.comboSpeciatePoolGroup0 = 2;  // extended species: no tick until the new pass is done
+    s.app.openPool.walls[0].wallFlag = 5;
+    Pool before = s.app.openPool;
+    Pool work = s.app.workPool;
+    const Pool other = markedPool(50, 4, 100000);
+    s.merge(&other);
+    const Pool& p = s.app.openPool;
+    ASSERT_EQ(p.drifterCount, 2000);
+    EXPECT_EQ(std::vector<int>({p.drifters[0].age, p.drifters[1989].age, p.drifters[1990].age, p.drifters[1999].age}),
+              std::vector<int>({0, 1989, 100000, 100009}));
+    expectIdsAreIndices(p);
+    // The food and everything around the arrays stay those of the open pool.
+    EXPECT_EQ(std::tuple(p.foodCount, p.walls[0].wallFlag, s.app.lstSpeciatePool.count(), s.app.openPoolPath),
+              std::tuple(3, 5, 2000, s.dir.file("open.aqp")));
+    EXPECT_EQ(std::memcmp(p.food.data(), before.food.data(), 3 * sizeof(FoodBit)), 0);
+    EXPECT_EQ(p.historyBlock, before.historyBlock);
+    EXPECT_TRUE(s.app.poolChanged && s.app.poolSpeciesPending && !s.app.lstSpeciatePool.enabled());
+    EXPECT_EQ(poolBytes(s.app.workPool), poolBytes(work));
+}
+
+TEST(PoolMerge, FoodAloneKeepsTheDriftersAndIsCutAtTheLimit) {
+    Open s(markedPool(5, 1995, 0));
+    Pool before = s.app.openPool;
+    const Pool other = markedPool(9, 10, 200);
+    s.merge(&other, mMergeFood);
+    const Pool& p = s.app.openPool;
+    EXPECT_EQ(std::tuple(p.drifterCount, p.foodCount, p.food[1995].family, p.food[1999].family),
+              std::tuple(5, 2000, 200, 204));
+    // The open pool's own drifters only get their ids set to their indices.
+    for (int i = 0; i < 5; ++i) {
+        DrifterRec d = before.drifters[static_cast<std::size_t>(i)];
+        d.id = i;
+        EXPECT_EQ(std::memcmp(&p.drifters[static_cast<std::size_t>(i)], &d, sizeof d), 0);
+    }
+}
+
+// At the limit the message comes without a dialog; a cancelled dialog changes nothing, a
+// file without drifters only renumbers, and damaged negative counts add up to no records.
+TEST(PoolMerge, NothingToAdd) {
+    for (bool food : {false, true}) {
+        Open s(food ? markedPool(1, 2000, 0) : markedPool(2000, 0, 0));
+        s.ui.message(
+            std::string("Limit reached. No more ") + (food ? "food" : "drifters") + " can be added at this time.",
+            food ? "Merge Food into Pool" : "Merge Drifters into Pool");
+        food ? mMergeFood(s.app) : mMergePool(s.app);
+        EXPECT_SCRIPT_DONE(s.ui);
+        EXPECT_FALSE(s.app.poolChanged);
+    }
+    for (bool changed : {false, true}) {
+        Open s(markedPool(3, 3, 0));
+        s.app.poolChanged = changed;
+        Pool before = s.app.openPool;
+        s.merge(nullptr);
+        EXPECT_EQ(std::tuple(s.app.poolChanged, poolBytes(s.app.openPool), s.app.poolSpeciesPending),
+                  std::tuple(changed, poolBytes(before), false));
+    }
+    Open s(markedPool(5, 2, 0));
+    const Pool other = markedPool(0, 0, 0);
+    s.merge(&other);
+    EXPECT_EQ(s.app.openPool.drifterCount, 5);
+    expectIdsAreIndices(s.app.openPool);
+    Pool negative = markedPool(0, 0, 0);
+    negative.foodCount = negative.drifterCount = -1153580471;
+    s.app.openPool = negative;
+    mergePoolFile(s.app, true, true, s.file(negative), true);
+    EXPECT_EQ(s.app.openPool.foodCount, INT32_MIN);
+}
+
+TEST(PoolMerge, IntoTheWorkPoolWithAPath) {
+    Open s(markedPool(3, 3, 0));
+    s.app.workPool = markedPool(2, 1, 50);
+    Pool open = s.app.openPool;
+    std::string other = s.file(markedPool(4, 4, 300));
+    mergePoolFile(s.app, true, true, other, false);
+    EXPECT_SCRIPT_DONE(s.ui);
+    const Pool& w = s.app.workPool;
+    EXPECT_EQ(std::tuple(w.drifterCount, w.drifters[2].age, w.foodCount, w.food[1].family),
+              std::tuple(6, 300, 5, 44));  // family 300 + 0 in a byte
+    expectIdsAreIndices(s.app.workPool);
+    EXPECT_EQ(poolBytes(s.app.openPool), poolBytes(open));
+    EXPECT_FALSE(s.app.poolChanged);
+}
+
+TEST(PoolMerge, WithNoPoolLoadedTheFileOpensAsANewPoolOfThatKind) {
+    Open s(markedPool(0, 0, 0));
+    s.app.poolLoaded = false;
+    s.app.openPoolPath.clear();
+    Pool work = s.app.workPool;
+    const Pool other = markedPool(4, 4, 10);
+    s.merge(&other);
+    expectIdsAreIndices(s.app.openPool);
+    EXPECT_EQ(std::tuple(s.app.openPool.drifterCount, s.app.openPool.foodCount, s.app.lstSpeciatePool.count(),
+                         s.app.openPoolPath),
+              std::tuple(4, 0, 4, ""));
+    EXPECT_TRUE(s.app.poolLoaded && s.app.poolChanged);  // it has no file yet
+    EXPECT_EQ(poolBytes(s.app.workPool), poolBytes(work));
+}
+
+TEST(PoolSave, QuestionsOfTheMenuCommand) {
+    const struct {
+        const char* what;
+        bool hasPath, changed;
+        Answer overwrite;    // the answer to "Would you like to save over", if asked
+        const char* saveAs;  // the file chosen in "Save Pool As", if shown
+        const char* pathAfter;
+        bool changedAfter;
+    } cases[] = {
+        {"No, then a cancelled dialog: still changed, still the same file", true, true, Answer::No, "", "open.aqp",
+         true},
+        {"Yes: written over the open file", true, true, Answer::Yes, nullptr, "open.aqp", false},
+        {"no path yet: straight to the dialog; the new file becomes the open one", false, true, Answer::Ok, "new.aqp",
+         "new.aqp", false},
+        {"Cancel: nothing happens", true, false, Answer::Cancel, nullptr, "open.aqp", false},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        Open s(markedPool(2, 2, 0));
+        if (!c.hasPath) s.app.openPoolPath.clear();
+        s.app.poolChanged = c.changed;
+        if (c.hasPath)
+            s.ui.ask("yesnocancel", "Would you like to save over " + s.app.openPoolPath, "Save Speciated Pool",
+                     c.overwrite);
+        if (c.saveAs)
+            s.ui.file("save", "Save Pool As", *c.saveAs ? s.dir.file(c.saveAs) : "",
+                      s.dir.path() + (c.hasPath ? "|open.aqp" : "|") + "|aqp|Pool Files");
+        mSavePool(s.app);
+        EXPECT_SCRIPT_DONE(s.ui);
+        EXPECT_EQ(s.app.poolChanged, c.changedAfter);
+        EXPECT_EQ(s.app.openPoolPath, s.dir.file(c.pathAfter));
+        if (!c.changedAfter && c.changed) {
+            EXPECT_EQ(readBytes(s.dir.file(c.pathAfter)), poolBytes(s.app.openPool));
+        }
+    }
+    // Nothing loaded: nothing asked.
+    Open s(markedPool(2, 2, 0));
+    s.app.poolLoaded = false;
+    mSavePool(s.app);
+    EXPECT_SCRIPT_DONE(s.ui);
+}
+
+TEST(MergeCli, KindsLimitsAndErrors) {
+    TempDir dir;
+    std::string base = dir.file("base.aqp"), other = dir.file("other.aqp"), out = dir.file("out.aqp");
+    ASSERT_EQ(aq::writePool(base, makePool(1990, 5)), "");
+    ASSERT_EQ(aq::writePool(other, makePool(50, 7)), "");
+    struct Case {
+        std::string flags;
+        int drifters, food;
+    } cases[] = {{"", 2000, 12}, {"--drifters", 2000, 5}, {"--food", 1990, 12}, {"--drifters --food", 2000, 12}};
+    for (const Case& c : cases) {
+        CliResult r = runCli("merge " + base + " " + other + " " + c.flags + " -o " + out);
+        aq::Pool p;
+        ASSERT_EQ(std::pair(r.status, aq::readPool(out, p).status), std::pair(0, aq::PoolReadStatus::Ok)) << c.flags;
+        EXPECT_EQ(std::tuple(p.drifterCount, p.foodCount, p.drifters.back().id),
+                  std::tuple(c.drifters, c.food, c.drifters - 1))
+            << c.flags;
+    }
+    EXPECT_EQ(runCli("merge " + base + " -o " + out).status, 2);
 }

@@ -265,6 +265,11 @@ TEST(QuickSpeciate, TogglingChangesTheDepthAndRestartsThePass) {
 
 TEST(Minorities, TheDefaultPoolBySegmentCount) {
     PoolEditor e(defaultPool()), f(defaultPool());
+    // The figures of the program's tutorial: distinct keys at each stage.
+    std::vector<int> keys;
+    for (int stage = 0; stage < 4; ++stage)
+        keys.push_back(distinctMinorityKeys(e.app.openPool, {stage == 0, stage == 1, stage == 2, stage == 3}));
+    EXPECT_EQ(keys, (std::vector<int>{12, 33, 38, 28}));
     mSelectMutantsBySegmentCount(e.app);
     EXPECT_EQ(e.ticked(), (std::vector<int>{0, 48}));                 // the lone 1 and the lone 6
     EXPECT_EQ(poolBytes(e.app.workPool), poolBytes(e.app.openPool));  // ticked, not killed

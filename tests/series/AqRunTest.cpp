@@ -1,9 +1,21 @@
+// Running the simulator: one run against a fake in virtual time (the names tried, the
+// waits, a lost window), and the stand-in simulator as a real child process, the way a
+// series runs it.
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <cstdlib>
 #include <filesystem>
+#include <functional>
+#include <thread>
 
 #include "SeriesFakes.h"
+#include "base/Clock.h"
+#include "format/PoolFile.h"
 #include "series/AqRun.h"
+#include "series/EvolveSeries.h"
+#include "series/Simulator.h"
+#include "support/TempDir.h"
 
 using namespace aqtest;
 
@@ -53,23 +65,9 @@ TEST(AqRun, StartTriesEachNameWithAndWithoutExeInOrder) {
     EXPECT_TRUE(none.ui.done()) << none.ui.report();
 }
 
-TEST(AqRun, RememberedWindowOutlivesTheProcessUntilCleared) {
-    Rig r;
-    r.sim.diesAfter = 5;
-    std::uint32_t pid = aq::startSimulator(r.app);
-    EXPECT_EQ(aq::getSimulatorWindow(r.app, pid), 0u);  // not up yet
-    r.clock.advance(2);
-    std::uint32_t w = aq::getSimulatorWindow(r.app, pid);
-    EXPECT_NE(w, 0u);
-    r.clock.advance(10);  // the process has died
-    EXPECT_EQ(aq::findSimulatorWindow(r.app, pid), 0u);
-    EXPECT_EQ(aq::getSimulatorWindow(r.app, pid), w);
-    EXPECT_EQ(aq::getSimulatorWindow(r.app, 0), 0u);
-    EXPECT_EQ(aq::getSimulatorWindow(r.app, pid), 0u);
-
-    // Closing with no window given closes the last process, once.
+TEST(AqRun, ClosingWithNoWindowGivenClosesTheLastProcessOnce) {
     Rig q;
-    pid = aq::startSimulator(q.app);
+    const std::uint32_t pid = aq::startSimulator(q.app);
     q.clock.advance(2);
     aq::closeSimulator(q.app, 0);
     aq::closeSimulator(q.app, 0);
@@ -127,3 +125,118 @@ TEST(AqRun, LostSimulator) {
         EXPECT_FALSE(q.sim.isRunning());
     }
 }
+
+namespace {
+
+#ifdef _WIN32
+const std::string kStandin = AQ_BINARY_DIR "/standin/Aquarium.exe";
+void setenv(const char* name, const char* value, int) { _putenv_s(name, value); }
+#else
+const std::string kStandin = AQ_BINARY_DIR "/standin/Aquarium";
+#endif
+
+// Real time for a real process: each yield rests 10 ms.
+class RestingUi : public ScriptedUi {
+public:
+    std::function<void()> onYield;
+    void YieldToUi() override {
+        ScriptedUi::YieldToUi();
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        if (onYield) onYield();
+    }
+};
+
+// A plain series of the default pool with a copy of `standin` named `exe` as the simulator,
+// stopped once pool<runs>.aqp is stored: the chosen pool and the stored ones, each evolved
+// further than the one before.
+// `keepEveryDrifter` leaves out the stillborns' removal and the sort for the food.
+template <class SeriesUi>
+std::vector<aq::Pool> runStandinSeries(SeriesUi& ui, aq::Clock& clock, const std::string& standin,
+                                       const std::string& exe, int runs, bool keepEveryDrifter = false) {
+    TempDir dir;
+    const std::string sim = dir.file("sim"), pools = dir.file("pools"), first = pools + "/pool.aqp";
+    std::filesystem::create_directories(sim);
+    std::filesystem::create_directories(pools);
+    std::filesystem::copy_file(standin, sim + "/" + exe);
+    EXPECT_EQ(aq::writePool(first, defaultPool()), "");
+    aq::App app(ui, clock);
+    app.programFolder = dir.path();
+    app.comboAquariumPath = sim;
+    app.comboPoolPath = pools;
+    app.series.options.chkBranchingSeries = false;
+    app.series.options.mNoStill = app.series.options.mSeriesAddFood = !keepEveryDrifter;
+    app.series.controls.frameVisible = true;
+    app.series.controls.sliderTimeDelay = aq::SeriesControls::kSliderMin;
+    ui.file("open", "Select Pool File", first);
+    const std::string last = pools + "/pool" + std::to_string(runs) + ".aqp";
+    ui.onYield = [&] {
+        if (std::filesystem::exists(last) && app.series.controls.stopEnabled) aq::cmdCreateSeriesStopClick(app);
+    };
+    aq::cmdCreateSeriesNowClick(app);
+    ui.onYield = nullptr;
+    EXPECT_TRUE(ui.done()) << ui.report();
+    EXPECT_TRUE(app.series.controls.nowEnabled);
+    std::vector<aq::Pool> stored(std::size_t(runs) + 1, defaultPool());
+    for (int k = 1; k <= runs; ++k) {
+        const std::string name = pools + "/pool" + std::to_string(k) + ".aqp";
+        EXPECT_EQ(aq::readPool(name, stored[k]).status, aq::PoolReadStatus::Ok) << name;
+        EXPECT_GT(stored[k].clock, stored[k - 1].clock) << name;
+    }
+    return stored;
+}
+
+}  // namespace
+
+// A series of two runs through the Windows calls: the Windows build runs its stand-in
+// directly; here the Windows stand-in runs under Wine when test.sh hands over a Windows
+// build in AQ_WIN_BUILD and a display.
+TEST(Standin, WindowsSeriesStoresTwoEvolvedPools) {
+#ifdef _WIN32
+    std::string standin = kStandin;
+#else
+    const char* win = std::getenv("AQ_WIN_BUILD");
+    if (!win || !std::getenv("DISPLAY")) GTEST_SKIP() << "needs AQ_WIN_BUILD and a display: test.sh runs it";
+    std::string standin = std::string(win) + "/standin/Aquarium.exe";
+    setenv("AQFM_WINCTL", (std::string(win) + "/aqwinctl.exe").c_str(), 1);
+#endif
+    aq::SystemClock clock;
+    RestingUi ui;
+    auto began = std::chrono::steady_clock::now();
+    runStandinSeries(ui, clock, standin, "Aquarium.exe", 2);
+    double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - began).count();
+    std::printf("two runs of %d s took %.1f s\n", aq::SeriesControls::kSliderMin, seconds);
+}
+
+// The system's simulator calls: a program that can't start, and a window found and closed.
+TEST(Standin, StartsFindsAndClosesTheSimulator) {
+    setenv("AQUARIUM_STANDIN_HEADLESS", "1", 1);
+    TempDir dir;
+    ASSERT_EQ(aq::writePool(dir.file(aq::kHandOverFileName), defaultPool()), "");
+    aq::Simulator& sim = aq::systemSimulator();
+    EXPECT_EQ(sim.start(dir.file("no-such-simulator"), dir.path()), 0u);
+    std::uint32_t pid = sim.start(kStandin, dir.path()), w = 0;
+    ASSERT_NE(pid, 0u);
+    for (int i = 0; i < 1000 && !(w = sim.findWindow(pid)); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    ASSERT_NE(w, 0u);
+    sim.close(w);
+    EXPECT_EQ(sim.findWindow(pid), 0u);  // closed means gone
+}
+
+#ifndef _WIN32
+// Virtual time runs too fast for a simulator under Wine; the Windows series is above.
+TEST(Standin, ShortPlainSeriesLeavesEvolvedFilesOnDisk) {
+    setenv("AQUARIUM_STANDIN_HEADLESS", "1", 1);
+    setenv("AQUARIUM_STANDIN_STEPS", "2000", 1);
+    // Each rest of 5 ms between two yields moves the clock a tenth of a second: a seven-second run
+    // takes a third of a real second.
+    ManualClock clock;
+    TickingUi ui(clock);
+    ui.step = 0.1;
+    const std::vector<aq::Pool> pools = runStandinSeries(ui, clock, kStandin, "Aquarium", 3, true);
+    // The first file holds every drifter of the chosen pool, each one older now.
+    ASSERT_GE(pools[1].drifterCount, pools[0].drifterCount);
+    for (int i = 0; i < pools[0].drifterCount; ++i) EXPECT_GT(pools[1].drifters[i].age, pools[0].drifters[i].age);
+    for (const aq::Pool& p : pools) EXPECT_GT(p.drifterCount, 0);
+}
+#endif

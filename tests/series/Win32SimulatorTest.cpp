@@ -1,6 +1,13 @@
 // The simulator's window lookup and close over the six Windows calls, against a fake
-// window list in Z order.
+// window list in Z order; and the Wine path without Wine: a shell script plays wine
+// running the broker, so its requests, answers and a missing Wine are checked anywhere.
 #include <gtest/gtest.h>
+#ifndef _WIN32
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include "series/WineSimulator.h"
+#endif
 
 #include <cstdlib>
 #include <vector>
@@ -90,10 +97,18 @@ TEST(Win32Simulator, StartsWithThePathAsCommandLineAndClosesWithWmClose) {
 }
 
 #ifndef _WIN32
+namespace {
+struct EnvVar {
+    std::string name;
+    EnvVar(const char* n, const std::string& value) : name(n) { ::setenv(n, value.c_str(), 1); }
+    ~EnvVar() { ::unsetenv(name.c_str()); }
+};
+}  // namespace
+
 TEST(Win32Simulator, WindowsProgramWithoutWineSaysHowToGetIt) {
     TempDir dir;
     writeBytes(dir.file("Aquarium4.exe"), "MZ\x90");
-    setenv("WINE", "/no/such/wine", 1);
+    EnvVar wine("WINE", "/no/such/wine");
     UiRig r;
     r.app.comboAquariumPath = r.app.programFolder = dir.path();
     r.ui.message(dir.file("Aquarium4.exe") +
@@ -103,6 +118,42 @@ TEST(Win32Simulator, WindowsProgramWithoutWineSaysHowToGetIt) {
                  dir.file("Aquarium.exe"));
     EXPECT_EQ(aq::startSimulator(r.app), 0u);
     EXPECT_TRUE(r.ui.done()) << r.ui.report();
-    unsetenv("WINE");
 }
+
+TEST(WineBroker, RequestsGoThroughTheBrokerAndItsAnswersComeBack) {
+    TempDir dir;
+    const std::string log = dir.file("requests");
+    writeBytes(dir.file("wine"),
+               "#!/bin/sh\necho 'aqwinctl ready'\n"
+               "while IFS= read -r line; do\n  echo \"$line\" >> '" +
+                   log +
+                   "'\n"
+                   "  case \"$line\" in create*) echo 4242;; find*) echo 77;; owner*) echo 4242;;"
+                   " send*) echo done;; *) echo 0;; esac\ndone\n");
+    ::chmod(dir.file("wine").c_str(), 0755);
+    EnvVar wine("WINE", dir.file("wine")), broker("AQFM_WINCTL", "/opt/aqwinctl.exe");
+    {
+        aq::WineSimulator sim;
+        ASSERT_EQ(sim.start("/sim/Aquarium.exe", "/prog"), 4242u) << sim.startProblem();
+        EXPECT_EQ(sim.findWindow(4242), 77u);
+        sim.close(77);
+    }
+    const std::string requests = readBytes(log);
+    EXPECT_EQ(requests.substr(0, requests.find('\n')), "create\t/sim/Aquarium.exe\t/prog");
+    EXPECT_NE(requests.find("owner\t77\n"), std::string::npos);
+    EXPECT_TRUE(requests.ends_with("send\t77\t16\t0\t0\n")) << requests;  // WM_CLOSE
+}
+
+// A "wine" that is no program counts as no Wine, and closes no descriptor of ours.
+TEST(WineBroker, AWineThatIsNoProgramIsNoWine) {
+    TempDir dir;
+    writeBytes(dir.file("wine"), "not a program");
+    EnvVar wine("WINE", dir.file("wine"));
+    aq::WineSimulator sim;
+    EXPECT_EQ(sim.start("/sim/Aquarium.exe", "/prog"), 0u);
+    EXPECT_NE(sim.startProblem().find("Wine was not found"), std::string::npos);
+    EXPECT_EQ(sim.findWindow(1), 0u);
+    EXPECT_NE(::fcntl(STDOUT_FILENO, F_GETFD), -1);
+}
+
 #endif
