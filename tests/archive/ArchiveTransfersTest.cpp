@@ -45,7 +45,7 @@ struct Fixture : aqtest::Session {
 
 const std::string kNow = "2026-11-23 10'04'05", kConflict = " already exists.  Overwrite existing file?";
 
-TEST(ArchiveChecks, HalvesRuleAndLiveNames) {
+TEST(ArchiveChecks, HalvesRuleLiveNamesAndTheHelpLine) {
     Fixture f;
     aq::CheckList& list = f.app.archive.lstArchive;
     f.only({});
@@ -76,16 +76,14 @@ TEST(ArchiveChecks, HalvesRuleAndLiveNames) {
         {std::errc::not_a_directory, 76},       {std::errc::io_error, 75}};
     EXPECT_EQ(aq::errorNumber(std::make_error_code(std::errc::no_such_file_or_directory), false), 53);
     for (auto [e, number] : numbers) EXPECT_EQ(aq::errorNumber(std::make_error_code(e), true), number) << number;
-}
-
-TEST(ArchiveHelp, LineFollowsThePointer) {
-    Fixture f;
-    aq::archiveHelpMove(f.app, "chkNowName");
-    EXPECT_EQ(f.app.archive.lblArchiveInstruct,
+    // The help line follows the pointer.
+    Fixture g;
+    aq::archiveHelpMove(g.app, "chkNowName");
+    EXPECT_EQ(g.app.archive.lblArchiveInstruct,
               "When you click the Move or Copy files to Archive button, the automatically generated filenames will be "
               "based on the current time and date if there is a checkmark in the Using Date and Time checkbox.");
-    aq::archiveHelpMove(f.app, "cmdReplaceFromArchive");
-    EXPECT_NE(f.app.archive.lblArchiveInstruct.find("destination filenames.\r\n\r\nThe copied files"),
+    aq::archiveHelpMove(g.app, "cmdReplaceFromArchive");
+    EXPECT_NE(g.app.archive.lblArchiveInstruct.find("destination filenames.\r\n\r\nThe copied files"),
               std::string::npos);
 }
 
@@ -143,7 +141,7 @@ TEST(CopyToArchive, AutoNamesWithDateAndTimeThenTheOverwriteQuestion) {
     f.run(aq::cmdCopyToArchive);
 }
 
-TEST(CopyToArchive, NumberedNamesAreTheFirstFree) {
+TEST(CopyToArchive, NumberedNamesAndTheThirdStateMoves) {
     Fixture f;
     f.only({2});
     f.app.archive.chkNowName = 0;
@@ -154,33 +152,31 @@ TEST(CopyToArchive, NumberedNamesAreTheFirstFree) {
     EXPECT_EQ(f.get(f.drifters, "Drifter_3.0.DNA"), "three");
     EXPECT_EQ(f.get(f.drifters, "Drifter_3.1.DNA"), "three");
     EXPECT_EQ(std::distance(fs::directory_iterator(f.drifters), {}), 2);  // no temporary file is left behind
-}
-
-TEST(CopyToArchive, ThirdStateMovesAndCountsWhatIsMissing) {
-    Fixture f;
-    f.only({0, 1, 4, 5});
-    f.app.archive.chkDeleteOriginal = 2;
-    f.app.archive.chkAutoName = 0;
-    f.put(f.sim, "Drifter_1.DNA", "d1");
-    f.put(f.sim, "Pool_1.AQP", "p1");
-    f.ui.file("save", "Move Drifter_1.DNA to:", f.drifters + "/a.DNA", "*")
-        .file("save", "Move Drifter_2.DNA to:", f.drifters + "/b.DNA", "*")
-        .file("save", "Move Pool_1.AQP to:", f.pools + "/a.AQP", "*")
-        .file("save", "Move Pool_2.AQP to:", f.pools + "/b.AQP", "*")
+    // The third state moves, and counts what is missing.
+    Fixture g;
+    g.only({0, 1, 4, 5});
+    g.app.archive.chkDeleteOriginal = 2;
+    g.app.archive.chkAutoName = 0;
+    g.put(g.sim, "Drifter_1.DNA", "d1");
+    g.put(g.sim, "Pool_1.AQP", "p1");
+    g.ui.file("save", "Move Drifter_1.DNA to:", g.drifters + "/a.DNA", "*")
+        .file("save", "Move Drifter_2.DNA to:", g.drifters + "/b.DNA", "*")
+        .file("save", "Move Pool_1.AQP to:", g.pools + "/a.AQP", "*")
+        .file("save", "Move Pool_2.AQP to:", g.pools + "/b.AQP", "*")
         .message("Moved 2 files. Could not find 2 of the selected source files. ", "Done");
-    f.run(aq::cmdCopyToArchive);
-    EXPECT_FALSE(f.has(f.sim, "Drifter_1.DNA"));
-    EXPECT_FALSE(f.has(f.sim, "Pool_1.AQP"));
-    EXPECT_EQ(f.get(f.pools, "a.AQP"), "p1");
+    g.run(aq::cmdCopyToArchive);
+    EXPECT_FALSE(g.has(g.sim, "Drifter_1.DNA"));
+    EXPECT_FALSE(g.has(g.sim, "Pool_1.AQP"));
+    EXPECT_EQ(g.get(g.pools, "a.AQP"), "p1");
 
-    f.only({0, 3});
-    f.put(f.sim, "Drifter_4.DNA", "d4");
-    f.app.archive.chkAutoName = 1;
-    f.ui.message("Moved 1 file. One of the selected source files was not found. ", "Done");
-    f.run(aq::cmdCopyToArchive);
+    g.only({0, 3});
+    g.put(g.sim, "Drifter_4.DNA", "d4");
+    g.app.archive.chkAutoName = 1;
+    g.ui.message("Moved 1 file. One of the selected source files was not found. ", "Done");
+    g.run(aq::cmdCopyToArchive);
 }
 
-TEST(CopyToArchive, IntoTheSimulatorsOwnFolderNothingIsDeleted) {
+TEST(CopyToArchive, OwnFolderAndAFailedCopy) {
     Fixture f;
     f.only({4});
     f.app.archive.chkAutoName = 0;
@@ -192,18 +188,16 @@ TEST(CopyToArchive, IntoTheSimulatorsOwnFolderNothingIsDeleted) {
         .message("Copied 1 file. ", "Done");
     f.run(aq::cmdCopyToArchive);
     EXPECT_EQ(f.get(f.sim, "Pool_1.AQP"), "p1");
-}
-
-TEST(CopyToArchive, AFailedCopyIsShownAndTheCommandGoesOn) {
-    Fixture f;
-    f.only({0, 4});
-    f.app.comboDrifterPath = f.dir.file("no/such/folder");
-    f.put(f.sim, "Drifter_1.DNA", "d1");
-    f.put(f.sim, "Pool_1.AQP", "p1");
-    f.ui.message("Error #76: No such file or directory", "Aquarium File Manager - Copy to Archive")
+    // A failed copy is shown and the command goes on.
+    Fixture g;
+    g.only({0, 4});
+    g.app.comboDrifterPath = g.dir.file("no/such/folder");
+    g.put(g.sim, "Drifter_1.DNA", "d1");
+    g.put(g.sim, "Pool_1.AQP", "p1");
+    g.ui.message("Error #76: No such file or directory", "Aquarium File Manager - Copy to Archive")
         .message("Copied 1 file. Encountered 1 error. ", "Done");
-    f.run(aq::cmdCopyToArchive);
-    EXPECT_TRUE(f.has(f.pools, "Pool_" + kNow + " #1.AQP"));
+    g.run(aq::cmdCopyToArchive);
+    EXPECT_TRUE(g.has(g.pools, "Pool_" + kNow + " #1.AQP"));
 }
 
 TEST(ReplaceFromArchive, WithoutBackupAsksBeforeOverwriting) {
@@ -228,7 +222,7 @@ TEST(ReplaceFromArchive, WithoutBackupAsksBeforeOverwriting) {
     EXPECT_EQ(f.get(f.pools, "Pool_1.AQP"), "archived 1");  // the archive keeps its files
 }
 
-TEST(ReplaceFromArchive, AutomaticBackupMovesTheLiveFileIntoTheArchive) {
+TEST(ReplaceFromArchive, AutomaticBackupAndSuggestions) {
     Fixture f;
     f.only({0, 1});
     f.app.archive.chkAutoBackup = 1;
@@ -243,6 +237,17 @@ TEST(ReplaceFromArchive, AutomaticBackupMovesTheLiveFileIntoTheArchive) {
     EXPECT_EQ(f.get(f.sim, "Drifter_1.DNA"), "archived");
     EXPECT_EQ(f.get(f.sim, "Drifter_2.DNA"), "archived");
     EXPECT_TRUE(f.app.comboPoolPathItems.empty());  // no pool came back: its box is left alone
+    // The suggestions follow the last choice.
+    Fixture g;
+    g.only({4, 5, 7});
+    for (const char* n : {"Pool_1.AQP", "Pool_2.AQP", "Pool_3.AQP"}) g.put(g.pools, n, n);
+    const std::string kind = "aqp|Aquarium's Pool file";
+    g.ui.file("open", "Copy which file over Pool_1.AQP?", g.pools + "/Pool_1.AQP", g.pools + "||" + kind)
+        .file("open", "Copy which file over Pool_2.AQP?", "", g.pools + "|Pool_2.AQP|" + kind)
+        .file("open", "Copy which file over Pool_4.AQP?", g.pools + "/Pool_3.AQP", g.pools + "||" + kind)
+        .message("Copied 2 files. ", "Done");
+    g.run(aq::cmdReplaceFromArchive);
+    EXPECT_EQ(g.get(g.sim, "Pool_4.AQP"), "Pool_3.AQP");
 }
 
 TEST(ReplaceFromArchive, FileNotFoundLoopAndNothingCopied) {
@@ -264,19 +269,6 @@ TEST(ReplaceFromArchive, FileNotFoundLoopAndNothingCopied) {
         .message("Copied 1 file. ", "Done");
     f.run(aq::cmdReplaceFromArchive);
     EXPECT_EQ(f.get(f.sim, "Drifter_1.DNA"), "r");
-}
-
-TEST(ReplaceFromArchive, SuggestionsFollowTheLastChoice) {
-    Fixture f;
-    f.only({4, 5, 7});
-    for (const char* n : {"Pool_1.AQP", "Pool_2.AQP", "Pool_3.AQP"}) f.put(f.pools, n, n);
-    const std::string d = "aqp|Aquarium's Pool file";
-    f.ui.file("open", "Copy which file over Pool_1.AQP?", f.pools + "/Pool_1.AQP", f.pools + "||" + d)
-        .file("open", "Copy which file over Pool_2.AQP?", "", f.pools + "|Pool_2.AQP|" + d)
-        .file("open", "Copy which file over Pool_4.AQP?", f.pools + "/Pool_3.AQP", f.pools + "||" + d)
-        .message("Copied 2 files. ", "Done");
-    f.run(aq::cmdReplaceFromArchive);
-    EXPECT_EQ(f.get(f.sim, "Pool_4.AQP"), "Pool_3.AQP");
 }
 
 }  // namespace

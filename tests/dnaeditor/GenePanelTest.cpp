@@ -41,13 +41,26 @@ struct Panel : aqtest::DnaFixture {
     }
 };
 
-TEST(GenePanel, ChosenGeneWrapsAndButtonsStepTheText) {
+TEST(GenePanel, ChosenGeneAndShiftKeepsTheDistances) {
     std::vector<int> genes;
     for (const char* text : {"-1", "1000", "1001", "-1001", "12abc", "abc", "2.5", "3.5", "-2000", " 5"})
         genes.push_back(aq::chosenGene(text));
     EXPECT_EQ(genes, (std::vector<int>{999, 0, 1, 1, 12, 0, 2, 4, 0, 5}));
     auto step = [](const char* text, int by) { return aq::steppedGeneText(text, by).value_or("none"); };
     EXPECT_EQ(step("0", -1) + "|" + step("4", 1) + "|" + step("-1", 1) + "|" + step("x", 1), "-1| 5| 0| 1");
+    // A shift keeps the distances between the ticked values.
+    Panel p({10, 15});
+    const auto& bar = p.app.dna.gene.VsGeneValue;
+    EXPECT_EQ(std::vector<int>({bar.min, bar.pos, bar.max}), std::vector<int>({2, 12, 252}));  // 12.5 to even
+    p.shift(13);
+    EXPECT_EQ(bar.pos, 14);  // 13.5 to even, now over 11 and 16
+    // From 14, floor(13.5) is 13: 15 adds 2.
+    for (auto [pos, values] : {std::pair{15, std::vector<int>{13, 18}}, {2, {0, 5}}, {252, {250, 255}}}) {
+        p.shift(pos);
+        EXPECT_EQ(p.values(), values) << pos;
+    }
+    EXPECT_EQ(p.app.dna.gene.lblGeneRange,
+              "\r\nValues for the chosen gene within the selected drifters range from 250 to 255.");
 }
 
 TEST(GenePanel, SpreadMovesOnToTheNearestWholeSpread) {
@@ -69,21 +82,6 @@ TEST(GenePanel, SpreadMovesOnToTheNearestWholeSpread) {
         EXPECT_EQ(p.values(), after);
         EXPECT_EQ(p.app.dna.dnaChanged, changed);
     }
-}
-
-TEST(GenePanel, ShiftKeepsTheDistances) {
-    Panel p({10, 15});
-    const auto& bar = p.app.dna.gene.VsGeneValue;
-    EXPECT_EQ(std::vector<int>({bar.min, bar.pos, bar.max}), std::vector<int>({2, 12, 252}));  // 12.5 to even
-    p.shift(13);
-    EXPECT_EQ(bar.pos, 14);  // 13.5 to even, now over 11 and 16
-    // From 14, floor(13.5) is 13: 15 adds 2.
-    for (auto [pos, values] : {std::pair{15, std::vector<int>{13, 18}}, {2, {0, 5}}, {252, {250, 255}}}) {
-        p.shift(pos);
-        EXPECT_EQ(p.values(), values) << pos;
-    }
-    EXPECT_EQ(p.app.dna.gene.lblGeneRange,
-              "\r\nValues for the chosen gene within the selected drifters range from 250 to 255.");
 }
 
 TEST(GenePanel, ScrollbarsAndCaptionFollowTheTicks) {

@@ -170,7 +170,7 @@ TEST(MoveDrifterFiles, MovesToTheArchiveAndReports) {
     EXPECT_EQ(std::pair(g.app.dna.dnaChanged[1], g.firstByte(g.path("dst/b.dna"))), std::pair(std::uint8_t{1}, '\x02'));
 }
 
-TEST(MoveDrifterFiles, SameFolderAsksWhereAndFollowsTheFirstChoice) {
+TEST(MoveDrifterFiles, SameFolderMissingSourcesAndNothingLoaded) {
     Folder f(3);
     f.app.comboDrifterPath = f.path("src");
     f.tick({0, 1, 2});
@@ -181,6 +181,23 @@ TEST(MoveDrifterFiles, SameFolderAsksWhereAndFollowsTheFirstChoice) {
     f.move();
     EXPECT_EQ(f.firstBytes({"dst/first.dna", "dst/b.dna", "dst/c.dna", "src/a.dna"}), std::string("\x01\x02\x03\0", 4));
     EXPECT_EQ(std::pair(f.app.dnaLoaded, f.app.lstSpeciateDrifters.count()), std::pair(false, 0));  // every entry went
+    Folder m(3);
+    m.tick({0, 1});
+    fs::remove(m.src(1));
+    m.ui.message("Moved 1 file. One of the selected source files was not found. ", "Done");
+    m.move();
+
+    Folder none(2);  // nothing ticked
+    none.ui.ask("yesnocancel", moveQuestion(0), "Moving Drifter Files", Answer::Yes)
+        .message("None of the selected source files could be found. ", "Done");
+    none.run(aq::MoveDrifterFilesCommand);
+    EXPECT_EQ(none.app.dna.dnaCount, 2);
+
+    Folder empty(0);
+    empty.ui.script.clear();
+    empty.ui.failures.clear();
+    empty.ui.message("No Drifter Files Loaded");
+    empty.move();
 }
 
 TEST(MoveDrifterFiles, CancelledDialogAndNameConflicts) {
@@ -204,26 +221,6 @@ TEST(MoveDrifterFiles, CancelledDialogAndNameConflicts) {
     f.move();
     EXPECT_EQ(f.firstBytes({"src/a.dna", "src/b.dna", "src/c.dna", "dst/b.dna"}), std::string("\x01\0\x03\x02", 4));
     EXPECT_EQ(f.app.dna.dnaCount, 0);  // the entries go all the same
-}
-
-TEST(MoveDrifterFiles, MissingSourcesAndNothingLoaded) {
-    Folder f(3);
-    f.tick({0, 1});
-    fs::remove(f.src(1));
-    f.ui.message("Moved 1 file. One of the selected source files was not found. ", "Done");
-    f.move();
-
-    Folder none(2);  // nothing ticked
-    none.ui.ask("yesnocancel", moveQuestion(0), "Moving Drifter Files", Answer::Yes)
-        .message("None of the selected source files could be found. ", "Done");
-    none.run(aq::MoveDrifterFilesCommand);
-    EXPECT_EQ(none.app.dna.dnaCount, 2);
-
-    Folder empty(0);
-    empty.ui.script.clear();
-    empty.ui.failures.clear();
-    empty.ui.message("No Drifter Files Loaded");
-    empty.move();
 }
 
 TEST(DeleteDrifterFiles, EntriesOnlyOrFilesToo) {

@@ -46,7 +46,7 @@ TEST(DrifterSpecies, PrefixesOnlyWhenTheSpeciesTellFilesApart) {
     }
 }
 
-TEST(DrifterSpecies, ANewThresholdReworksThePass) {
+TEST(DrifterSpecies, ANewThresholdOrAReloadReworksThePass) {
     Species s({{"a.dna", genome(1)}, {"b.dna", genome(1, {9})}, {"c.dna", genome(1, {9, 9, 9, 9, 9, 9})}});
     s.app.dna.scrollDrifterSpeciesThreshold.pos = 900;
     aq::scrollDrifterSpeciesThresholdChange(s.app);
@@ -55,21 +55,18 @@ TEST(DrifterSpecies, ANewThresholdReworksThePass) {
     aq::speciateDrifterList(s.app);
     EXPECT_EQ(s.lines(), (std::vector<std::string>{"a.dna", "b.dna", "c.dna"}));  // all one species now
     EXPECT_TRUE(s.app.lstSpeciateDrifters.enabled());
-}
-
-TEST(DrifterSpecies, AReloadStartsANewPassAndEmptiesTheGenePanel) {
-    Species s({{"a.dna", genome(1)}, {"b.dna", genome(1, {9})}, {"c.dna", genome(2)}}, false);
-    s.tick({0, 1});
-    aq::setGeneSliders(s.app);
-    ASSERT_TRUE(s.app.dna.gene.VsGeneValue.visible);
+    Species r({{"a.dna", genome(1)}, {"b.dna", genome(1, {9})}, {"c.dna", genome(2)}}, false);
+    r.tick({0, 1});
+    aq::setGeneSliders(r.app);
+    ASSERT_TRUE(r.app.dna.gene.VsGeneValue.visible);
     // A pass under way on the old list, as a slice cut short by its time leaves it.
-    s.app.dna.pass.passIndex = 2;
-    s.app.dna.pass.maxGroup = 5;
-    s.app.dna.pass.passRunning = true;
-    s.load();
-    EXPECT_FALSE(s.app.dna.gene.VsGeneValue.visible || s.app.dna.gene.VsGeneRange.visible);
-    aq::speciateDrifterList(s.app);  // from the first file, not from where the old pass stopped
-    EXPECT_EQ(s.lines(), (std::vector<std::string>{"{0}, a.dna", "{0}, b.dna", "{1}, c.dna"}));
+    r.app.dna.pass.passIndex = 2;
+    r.app.dna.pass.maxGroup = 5;
+    r.app.dna.pass.passRunning = true;
+    r.load();
+    EXPECT_FALSE(r.app.dna.gene.VsGeneValue.visible || r.app.dna.gene.VsGeneRange.visible);
+    aq::speciateDrifterList(r.app);  // from the first file, not from where the old pass stopped
+    EXPECT_EQ(r.lines(), (std::vector<std::string>{"{0}, a.dna", "{0}, b.dna", "{1}, c.dna"}));
 }
 
 TEST(DrifterSpecies, TypedThresholdIsClampedToTheScrollbar) {

@@ -262,16 +262,13 @@ TEST(MoveDrifter, CarriesTheWholeBody) {
     EXPECT_EQ(std::pair(e.segments[0].point1X, e.prevX), std::pair(0.0f, 0.0f));
 }
 
-TEST(RandomStream, ReplaysFromTheStartStateBitForBit) {
+TEST(RandomStream, TheStreamAndRandomizeSettings) {
     aq::setRandomState(aq::kRandomStartState);
     aq::RandomReseed(1.0);  // keeps the low byte; the rest are the halves of 1.0's high word, xored
     EXPECT_EQ(aq::randomState(), 0x3FF000u);
     float first = aq::RandomNext(), second = aq::RandomNext();
     EXPECT_EQ(std::tuple(aq::randomState(), first, second),
               std::tuple(0x1AFE7Au, 0xC3CEC3 / 16777216.0f, 0x1AFE7A / 16777216.0f));
-}
-
-TEST(RandomizeSettings, DrawsFifteenValuesInTheTabsOrder) {
     // Seconds since midnight; pool type, food, walls, drifters, seed, extra food, extra drifters, split; the state
     // after.
     const std::tuple<double, std::vector<int>, std::uint32_t> cases[] = {
@@ -290,7 +287,7 @@ TEST(RandomizeSettings, DrawsFifteenValuesInTheTabsOrder) {
     }
 }
 
-TEST(SeedValue, ReadsTheLeadingNumber) {
+TEST(SeedValue, TheSeedBoxAndItsButtons) {
     std::vector<double> values;
     std::vector<std::int32_t> seeds;
     for (const char* text :
@@ -300,9 +297,6 @@ TEST(SeedValue, ReadsTheLeadingNumber) {
     EXPECT_EQ(seeds, (std::vector<std::int32_t>{12, 7, 0, 2, 4, -1, 12, 400, 5, -2147483647 - 1, 0}));
     EXPECT_EQ(std::tuple(aq::seedFromText("1e999"), aq::SeedValue("1e-999"), aq::seedFromText(std::string(5000, '9'))),
               std::tuple(0, 0.0, 0));
-}
-
-TEST(SeedButtons, StepTheValueAndWritePlainTextAndZeroToggles) {
     const std::tuple<const char*, double, const char*> cases[] = {
         {"0", -1, "-1"},    {"1", 49, "50"},   {"50", -49, "1"}, {"abc", 1, "1"},
         {"2.5", -1, "1.5"}, {" 12x", 1, "13"}, {"-1", 1, "0"},   {"2147483647", 1, "2147483648"},

@@ -21,7 +21,7 @@
 using namespace aq;
 using namespace aqtest;
 
-TEST(PoolFile, LoadAndSaveGiveTheSameBytes) {
+TEST(PoolFile, LoadAndSaveGiveTheSameBytesAndReplaceLongerFiles) {
     TempDir dir;
     struct Case {
         int drifters, food, version;
@@ -40,19 +40,17 @@ TEST(PoolFile, LoadAndSaveGiveTheSameBytes) {
         EXPECT_SCRIPT_DONE(s.ui);
         EXPECT_EQ(s.ui.waitDepth, 0);
     }
-}
-
-TEST(PoolFile, SaveCreatesOneFolderLevelAndReplacesLongerFiles) {
-    Session s;
-    s.app.openPool = makePool(2, 2);
-    std::string path = s.dir.file("new/pool.aqp");
-    ASSERT_TRUE(savePoolFile(s.app, path, true));
-    EXPECT_EQ(readBytes(path).size(), s.app.openPool.fileSize());
-    writeBytes(path, std::string(500000, 'x'));
-    ASSERT_TRUE(savePoolFile(s.app, path, true));
-    EXPECT_EQ(readBytes(path), poolBytes(s.app.openPool));
-    EXPECT_FALSE(savePoolFile(s.app, "", true));
-    EXPECT_SCRIPT_DONE(s.ui);
+    // A save creates one folder level and replaces a longer file whole.
+    Session session;
+    session.app.openPool = makePool(2, 2);
+    std::string newPath = session.dir.file("new/pool.aqp");
+    ASSERT_TRUE(savePoolFile(session.app, newPath, true));
+    EXPECT_EQ(readBytes(newPath).size(), session.app.openPool.fileSize());
+    writeBytes(newPath, std::string(500000, 'x'));
+    ASSERT_TRUE(savePoolFile(session.app, newPath, true));
+    EXPECT_EQ(readBytes(newPath), poolBytes(session.app.openPool));
+    EXPECT_FALSE(savePoolFile(session.app, "", true));
+    EXPECT_SCRIPT_DONE(session.ui);
 }
 
 TEST(DefaultPool, HasItsFrame) {
@@ -242,7 +240,7 @@ TEST(PoolMerge, NothingToAdd) {
     EXPECT_EQ(s.app.openPool.foodCount, INT32_MIN);
 }
 
-TEST(PoolMerge, IntoTheWorkPoolWithAPath) {
+TEST(PoolMerge, IntoTheWorkPoolOrAsANewPool) {
     Open s(markedPool(3, 3, 0));
     s.app.workPool = markedPool(2, 1, 50);
     Pool open = s.app.openPool;
@@ -255,21 +253,18 @@ TEST(PoolMerge, IntoTheWorkPoolWithAPath) {
     expectIdsAreIndices(s.app.workPool);
     EXPECT_EQ(poolBytes(s.app.openPool), poolBytes(open));
     EXPECT_FALSE(s.app.poolChanged);
-}
-
-TEST(PoolMerge, WithNoPoolLoadedTheFileOpensAsANewPoolOfThatKind) {
-    Open s(markedPool(0, 0, 0));
-    s.app.poolLoaded = false;
-    s.app.openPoolPath.clear();
-    Pool work = s.app.workPool;
-    const Pool other = markedPool(4, 4, 10);
-    s.merge(&other);
-    expectIdsAreIndices(s.app.openPool);
-    EXPECT_EQ(std::tuple(s.app.openPool.drifterCount, s.app.openPool.foodCount, s.app.lstSpeciatePool.count(),
-                         s.app.openPoolPath),
+    Open n(markedPool(0, 0, 0));
+    n.app.poolLoaded = false;
+    n.app.openPoolPath.clear();
+    Pool workBefore = n.app.workPool;
+    const Pool file = markedPool(4, 4, 10);
+    n.merge(&file);
+    expectIdsAreIndices(n.app.openPool);
+    EXPECT_EQ(std::tuple(n.app.openPool.drifterCount, n.app.openPool.foodCount, n.app.lstSpeciatePool.count(),
+                         n.app.openPoolPath),
               std::tuple(4, 0, 4, ""));
-    EXPECT_TRUE(s.app.poolLoaded && s.app.poolChanged);  // it has no file yet
-    EXPECT_EQ(poolBytes(s.app.workPool), poolBytes(work));
+    EXPECT_TRUE(n.app.poolLoaded && n.app.poolChanged);  // it has no file yet
+    EXPECT_EQ(poolBytes(n.app.workPool), poolBytes(workBefore));
 }
 
 TEST(PoolSave, QuestionsOfTheMenuCommand) {

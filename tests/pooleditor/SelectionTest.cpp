@@ -181,7 +181,7 @@ TEST(GroupSelection, TheSentenceEnablesLeftToRight) {
     EXPECT_TRUE(closed && s.app.lstSpeciatePool.enabled());
 }
 
-TEST(RecordHolders, EachMeasureAndItsStart) {
+TEST(RecordHolders, EachMeasureItsStartAndTheCurrentRow) {
     std::vector<DrifterRec> pool = {with(50, 1, 5, 3, 2.5f), with(90, 4, 1, 7, 9.25f), with(90, 0, 6, 7, 9.25f),
                                     with(10, 2, 2, 1, 1.0f)};
     pool[2].alive = 0;  // the dead take part
@@ -209,13 +209,11 @@ TEST(RecordHolders, EachMeasureAndItsStart) {
     mSelectHeaviest(none.app);
     EXPECT_EQ(r.ticked(), (std::vector<int>{1}));
     EXPECT_TRUE(low.ticked().empty() && none.app.lstSpeciatePool.visible());
-}
-
-TEST(RecordHolders, TheCurrentRowMovesToTheFirstOtherHolder) {
-    PoolEditor r(poolOf({with(90), with(50), with(90)})), only(poolOf({with(90), with(5)}));
-    r.app.lstSpeciatePool.setCurrentIndex(1);
+    // The current row moves to the first other holder.
+    PoolEditor h(poolOf({with(90), with(50), with(90)})), single(poolOf({with(90), with(5)}));
+    h.app.lstSpeciatePool.setCurrentIndex(1);
     std::vector<int> current;
-    for (PoolEditor* e : {&r, &r, &only}) {
+    for (PoolEditor* e : {&h, &h, &single}) {
         mSelectOldest(e->app);
         current.push_back(e->app.lstSpeciatePool.currentIndex());
     }
@@ -317,7 +315,7 @@ TEST(Minorities, StageKeys) {
               std::tuple(std::vector<int>{}, std::vector<int>{11}, std::vector<int>{12}));
 }
 
-TEST(DrifterKeys, FieldsAndCompression) {
+TEST(DrifterKeys, FieldsCompressionAndTaperSymbols) {
     EXPECT_EQ(CompressKey("11{0020}3"), "1{02}3");
     EXPECT_EQ(CompressKey("5\u00BB\u00BB<\U0001F41F\U0001F41F"), "5\u00BB<\U0001F41F");
     Pool p = poolOf({body({0, 0, 1, 1}), body({0, 1, 0, 1}, {3, 0, 0, 0}), body({0}), body({2, 2, 2}, {2, 0, 0})});
@@ -335,9 +333,6 @@ TEST(DrifterKeys, FieldsAndCompression) {
     EXPECT_EQ(DrifterKey(p, 3, false, false, true), "321{00}11=");
     EXPECT_EQ(DrifterKeyPair(p, 3), DrifterKey(p, 3, false, true, false) + "\r\n321{}1=");
     EXPECT_EQ(DrifterKey(p, 4, false, false, false) + DrifterKey(p, -1, false, false, false), "");
-}
-
-TEST(DrifterKeys, TaperSymbols) {
     // Width and length of two segments, and their field: 0 against 1, then 1 against 0.
     const std::tuple<float, float, float, float, const char*> cases[] = {
         {4, 10, 4, 10, "="},  {5, 10, 4, 10, "><"},          {5, 12, 4, 10, "\u00BB\u00AB"},

@@ -239,7 +239,7 @@ TEST(SpeciesThreshold, RangeMessages) {
     }
 }
 
-TEST(SpeciesCli, TagsRangesAndPrefixedLines) {
+TEST(SpeciesCli, SpeciesRangesKeysAndMinorities) {
     TempDir dir;
     std::string pool = dir.file("kin.aqp");
     ASSERT_EQ(writePool(pool, kinPool({100, 50, 44, 43, 100, 10})), "");
@@ -260,22 +260,19 @@ TEST(SpeciesCli, TagsRangesAndPrefixedLines) {
     CliResult lines = runCli("drifters " + pool + " --species 44.4");
     EXPECT_TRUE(lines.status == 0 && lines.out.starts_with("{0} ") && lines.out.find("\n{2} ") != std::string::npos);
     EXPECT_EQ(runCli("drifters " + pool).out.find('{'), std::string::npos);
-}
-
-TEST(KeysCli, KeysPairsAndMinorities) {
-    TempDir dir;
-    std::string pool = dir.file("default.aqp");
-    ASSERT_EQ(runCli("default -o " + pool).status, 0);
+    TempDir keysDir;
+    std::string defaultFile = keysDir.file("default.aqp");
+    ASSERT_EQ(runCli("default -o " + defaultFile).status, 0);
     auto firstLine = [&](const std::string& args) {
-        std::string out = runCli("keys " + pool + args).out;
+        std::string out = runCli("keys " + defaultFile + args).out;
         return out.substr(0, out.find('\n'));
     };
     EXPECT_EQ(firstLine(" --short"), "10{}");  // the Dot
     EXPECT_EQ(firstLine(" --pair"), firstLine(" --compressed") + "\t" + firstLine(" --compressed --detailed"));
     // Two drifters stand alone in their segment counts: those of 1 and 6 segments.
-    CliResult m = runCli("minorities " + pool + " --by segments --count-still");
-    EXPECT_EQ(std::tie(m.status, m.out), std::make_tuple(0, std::string("0\n48\n")));
-    EXPECT_EQ(runCli("minorities " + pool + " --by legs").status, 2);
-    EXPECT_EQ(runCli("minorities " + pool).status, 2);
-    EXPECT_EQ(runCli("keys " + pool + " --pair --short").status, 2);
+    CliResult minor = runCli("minorities " + defaultFile + " --by segments --count-still");
+    EXPECT_EQ(std::tie(minor.status, minor.out), std::make_tuple(0, std::string("0\n48\n")));
+    EXPECT_EQ(runCli("minorities " + defaultFile + " --by legs").status, 2);
+    EXPECT_EQ(runCli("minorities " + defaultFile).status, 2);
+    EXPECT_EQ(runCli("keys " + defaultFile + " --pair --short").status, 2);
 }

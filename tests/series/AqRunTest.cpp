@@ -40,7 +40,7 @@ struct Rig : SimRig {
 
 }  // namespace
 
-TEST(AqRun, StartTriesEachNameWithAndWithoutExeInOrder) {
+TEST(AqRun, StartTriesEachNameInOrderAndCloseEndsTheLast) {
     const std::vector<std::string> names = {
         "/sim/Aquarium5.1.exe", "/sim/Aquarium5.1",   "/sim/Aquarium5.exe", "/sim/Aquarium5",    "/sim/Aquarium4.1.exe",
         "/sim/Aquarium4.1",     "/sim/Aquarium4.exe", "/sim/Aquarium4",     "/sim/Aquarium.exe", "/sim/Aquarium"};
@@ -63,9 +63,7 @@ TEST(AqRun, StartTriesEachNameWithAndWithoutExeInOrder) {
     EXPECT_EQ(aq::startSimulator(none.app), 0u);
     EXPECT_EQ(none.sim.tried, names);
     EXPECT_TRUE(none.ui.done()) << none.ui.report();
-}
-
-TEST(AqRun, ClosingWithNoWindowGivenClosesTheLastProcessOnce) {
+    // Closing with no window given closes the last process, once.
     Rig q;
     const std::uint32_t pid = aq::startSimulator(q.app);
     q.clock.advance(2);
@@ -75,7 +73,7 @@ TEST(AqRun, ClosingWithNoWindowGivenClosesTheLastProcessOnce) {
     EXPECT_FALSE(q.sim.isRunning());
 }
 
-TEST(AqRun, MissingSimulatorShowsBothMessagesAfterTenSeconds) {
+TEST(AqRun, AMissingSimulatorTakesTenSecondsARunTheSliderTime) {
     Rig r("");
     expectNoSimulator(r.ui, "/sim");
     double start = r.clock.seconds, runStart = -1;
@@ -83,22 +81,20 @@ TEST(AqRun, MissingSimulatorShowsBothMessagesAfterTenSeconds) {
     EXPECT_GT(r.clock.seconds - start, 10.0);
     EXPECT_LE(r.clock.seconds - start, 13.0);
     EXPECT_TRUE(r.ui.done()) << r.ui.report();
-}
-
-TEST(AqRun, RunLastsTheSliderTimeAndShowsProgress) {
-    Rig r("/sim/Aquarium", 30);
+    // A run lasts the slider time and shows its progress.
+    Rig timed("/sim/Aquarium", 30);
     int maxShown = 0;
-    r.app.series.onChange = [&] { maxShown = std::max(maxShown, r.c.selLength); };
-    double runStart = 0;
-    EXPECT_EQ(r.run(runStart), aq::RunOutcome::Finished);
-    EXPECT_GE(r.clock.seconds - runStart, 30.0);
-    EXPECT_LT(r.clock.seconds - runStart, 32.0);
+    timed.app.series.onChange = [&] { maxShown = std::max(maxShown, timed.c.selLength); };
+    double timedStart = 0;
+    EXPECT_EQ(timed.run(timedStart), aq::RunOutcome::Finished);
+    EXPECT_GE(timed.clock.seconds - timedStart, 30.0);
+    EXPECT_LT(timed.clock.seconds - timedStart, 32.0);
     EXPECT_EQ(maxShown, 30 - 7);
-    EXPECT_FALSE(r.sim.isRunning());
-    EXPECT_EQ(r.app.series.run.lastSimulatorWindow, 0u);
+    EXPECT_FALSE(timed.sim.isRunning());
+    EXPECT_EQ(timed.app.series.run.lastSimulatorWindow, 0u);
     Rig quick("/sim/Aquarium", 7);  // a slow start outlasts the run: looked at once, at its end
     quick.sim.windowAfter = 14;
-    EXPECT_EQ(quick.run(runStart), aq::RunOutcome::Finished);
+    EXPECT_EQ(quick.run(timedStart), aq::RunOutcome::Finished);
 }
 
 TEST(AqRun, LostSimulator) {

@@ -183,7 +183,7 @@ TEST(EvolveSeries, ColourMutantsAreTakenOutOfTheEvolvedPool) {
     EXPECT_EQ(idsOf(r.load("pool1.aqp")), (std::vector<int>{0, 1, 2, 3, 5, 6, 7, 8, 9}));
 }
 
-TEST(EvolveSeries, ContinueStartsAtTheFirstPoolWithAMissingChild) {
+TEST(EvolveSeries, ContinueFromAMissingChildAndFoodFromTheChosenFile) {
     Rig r;
     aq::Pool marked = makePool(4, 6);
     marked.clock = 5000;
@@ -195,16 +195,14 @@ TEST(EvolveSeries, ContinueStartsAtTheFirstPoolWithAMissingChild) {
     ASSERT_TRUE(r.has("pool2.aqp"));
     EXPECT_EQ(r.load("pool10.aqp").clock, 5100);
     EXPECT_EQ(r.load("pool00.aqp").clock, 77);  // an existing file is not touched
-}
-
-TEST(EvolveSeries, PoolWithoutFoodGetsTheFoodOfTheChosenFile) {
-    Rig r;
-    r.save("pool0.aqp", makePool(4, 0));
-    r.options.mSeriesAddFood = false;  // its own food would come on top
-    r.stopAtStart = 2;
-    r.run();
-    EXPECT_EQ(r.load("pool00.aqp").foodCount, 6);
-    EXPECT_EQ(r.load("pool00.aqp").drifterCount, 2);  // the chosen file's drifters stay out
+    // A pool without food gets the food of the chosen file.
+    Rig fed;
+    fed.save("pool0.aqp", makePool(4, 0));
+    fed.options.mSeriesAddFood = false;  // its own food would come on top
+    fed.stopAtStart = 2;
+    fed.run();
+    EXPECT_EQ(fed.load("pool00.aqp").foodCount, 6);
+    EXPECT_EQ(fed.load("pool00.aqp").drifterCount, 2);  // the chosen file's drifters stay out
 }
 
 TEST(EvolveSeries, MessagesThatEndTheSeries) {

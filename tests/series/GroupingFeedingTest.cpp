@@ -191,7 +191,7 @@ aq::DrifterRec colored(std::vector<int> colors, float x = 0, float y = 0, float 
     return d;
 }
 
-TEST(Feeding, FeedByColorConditionsAndGifts) {
+TEST(Feeding, FeedByColorAndFeedPoolGifts) {
     const std::tuple<const char*, aq::DrifterRec, int, float> cases[] = {
         {"mode 0, all red", colored({0, 0}), 0, 90},        {"mode 0, red and blue", colored({0, 4}), 0, 40},
         {"mode 1 as mode 2", colored({4, 0}), 1, 90},       {"mode 2, one red part", colored({4, 4, 0}), 2, 90},
@@ -207,17 +207,14 @@ TEST(Feeding, FeedByColorConditionsAndGifts) {
         aq::feedByColor(p, 0, mode);
         EXPECT_FLOAT_EQ(p.drifters[0].energy, energy) << what;
     }
-}
-
-TEST(Feeding, FeedPoolGifts) {
     // Place, energy and meals; gifts for the hungry, the fed; the energy after.
-    const std::tuple<const char*, float, float, float, int, bool, bool, float> cases[] = {
+    const std::tuple<const char*, float, float, float, int, bool, bool, float> gifts[] = {
         {"hungry and fed", 0, 0, 40, 1, true, true, 140}, {"hungry only", 0, 0, 40, 1, true, false, 90},
         {"not hungry", 0, 0, 50, 0, true, true, 50},      {"at 3880, 0", 3880, 0, 40, 0, true, false, 70},
         {"at 0, 3950", 0, 3950, 40, 0, true, false, 50},  {"fed at 2000", 0, 0, 2000, 3, false, true, 2000},
         {"at 3850, 0", 3850, 0, 40, 0, true, false, 90},  {"at 3900, 0", 3900, 0, 40, 0, true, false, 70},
     };
-    for (auto [what, x, y, energy, meals, hungry, fed, after] : cases) {
+    for (auto [what, x, y, energy, meals, hungry, fed, after] : gifts) {
         aq::DrifterRec d = colored({0}, x, y, energy);
         d.mealsEaten = meals;
         aq::Pool p = poolOf({d});
@@ -226,7 +223,7 @@ TEST(Feeding, FeedPoolGifts) {
     }
 }
 
-TEST(Feeding, AddFoodBesideTheYoungest) {
+TEST(Feeding, AddFoodBesideTheYoungestAndTheGradedWedge) {
     aq::Pool p = poolOfN(3);
     p.foodCount = 6;
     p.food.resize(6);
@@ -259,9 +256,6 @@ TEST(Feeding, AddFoodBesideTheYoungest) {
     full.food.resize(1990);
     aq::feedPool(full, false, false, true, false);
     EXPECT_EQ(full.foodCount, 2000);
-}
-
-TEST(Feeding, GradedWedge) {
     // Pools of 1, 2 and 5 at energy 100, the second of five at 3000.
     aq::Pool one = poolOfN(1), two = poolOfN(2), five = poolOfN(5);
     five.drifters[1].energy = 3000;

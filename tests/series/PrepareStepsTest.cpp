@@ -26,7 +26,7 @@ aq::DrifterRec at(float x, float y, float energy = 100, int age = 0, int segment
     return d;
 }
 
-TEST(PrepareSteps, DrainNearTheEdge) {
+TEST(PrepareSteps, DrainAndYouthByDistance) {
     // The drain of sqrt(3000) at the edge is cut to half the energy plus 5, unless that is not
     // below the energy; 301 from the edge nothing is drained, nor a drain of 1 or less.
     const std::array<float, 4> cases[] = {{4000, 0, 40, 15},
@@ -40,14 +40,11 @@ TEST(PrepareSteps, DrainNearTheEdge) {
         aq::drainEdgeEnergy(p);
         EXPECT_FLOAT_EQ(p.drifters[0].energy, after) << x << "," << y << " energy " << energy;
     }
-}
-
-TEST(PrepareSteps, RestoreYouthByDistanceAndSegments) {
     // Exactly at the distance of 3900 nothing changes; 37.5 rounds to even.
-    const std::tuple<float, float, int, int, int> cases[] = {{3900, 0, 1, 300, 300}, {0, -3899, 1, 300, 100},
+    const std::tuple<float, float, int, int, int> youth[] = {{3900, 0, 1, 300, 300}, {0, -3899, 1, 300, 100},
                                                              {3000, 0, 2, 300, 38},  {100, 100, 3, 300, 20},
                                                              {100, 100, 16, 45, 3},  {5000, 5000, 3, 300, 300}};
-    for (auto [x, y, segments, age, after] : cases) {
+    for (auto [x, y, segments, age, after] : youth) {
         aq::Pool p = numbered({at(x, y, 100, age, segments)});
         aq::restoreYouth(p);
         EXPECT_EQ(p.drifters[0].age, after) << x << "," << y;
@@ -182,7 +179,7 @@ TEST(PrepareSteps, StillbornsAndMinimumDrifters) {
     EXPECT_FLOAT_EQ(e.drifters[4].energy, 30);
 }
 
-TEST(PrepareSteps, SortOrderAndLimit) {
+TEST(PrepareSteps, SortLimitsCountingAndStarters) {
     // The first gap moves the 0 over the first 1, which reverses the two 1s.
     const std::pair<std::vector<int>, std::vector<int>> cases[] = {
         {{1, 1, 0, 5}, {2, 1, 0, 3}}, {{3, 1, 2, 1}, {1, 3, 2, 0}}, {{2, 2, 2}, {0, 1, 2}}, {{}, {}}};
@@ -204,14 +201,11 @@ TEST(PrepareSteps, SortOrderAndLimit) {
     aq::deleteDeadDrifters(p);
     ASSERT_EQ(p.drifterCount, 1000);
     EXPECT_EQ(p.drifters.back().age, 999);
-}
-
-TEST(PrepareSteps, LimitsCountingAndStarters) {
-    aq::Pool p = numbered({at(0, 0, 1, 10), at(0, 0, 1, 11), at(0, 0, 1, 12), at(0, 0, 1, 9)});
-    EXPECT_EQ(aq::countYoungerThan(p, 11), 2);  // 11 itself does not count
-    EXPECT_EQ(aq::countYoungerThan(p, 11.5f), 3);
-    aq::deleteStarters(p, 11);  // 11 stays
-    EXPECT_EQ(idsOf(p), (std::vector<int>{0, 1, 3}));
+    aq::Pool q = numbered({at(0, 0, 1, 10), at(0, 0, 1, 11), at(0, 0, 1, 12), at(0, 0, 1, 9)});
+    EXPECT_EQ(aq::countYoungerThan(q, 11), 2);  // 11 itself does not count
+    EXPECT_EQ(aq::countYoungerThan(q, 11.5f), 3);
+    aq::deleteStarters(q, 11);  // 11 stays
+    EXPECT_EQ(idsOf(q), (std::vector<int>{0, 1, 3}));
 
     aq::Pool h = numbered({at(0, 0, 1, 3), at(0, 0, 1, 5), at(0, 0, 1, 7), at(0, 0, 1, -3)});
     aq::halveAges(h);

@@ -6,7 +6,7 @@
 
 using namespace aqtest;
 
-TEST(SeriesNames, NextParent) {
+TEST(SeriesNames, NextParentOffspringPathsAndMissingOnes) {
     const std::tuple<std::string, bool, std::string> cases[] = {
         {"", true, "0"},       {"", false, "1"},      {"9", true, "00"},  {"9", false, "10"},
         {"099", true, "100"},  {"999", true, "0000"}, {"23", true, "24"}, {"09", true, "10"},
@@ -14,11 +14,8 @@ TEST(SeriesNames, NextParent) {
     };
     for (const auto& [suffix, branching, next] : cases)
         EXPECT_EQ(aq::getNextParent(suffix, branching), next) << suffix << (branching ? " branching" : "");
-}
-
-TEST(SeriesNames, OffspringPaths) {
     // Branching: child 0 appends a 0, child 1 is the next number of the same length, if any.
-    const std::tuple<std::string, std::string, int, bool, std::string> cases[] = {
+    const std::tuple<std::string, std::string, int, bool, std::string> paths[] = {
         {"/d/pool.aqp", "23", 1, true, "/d/pool24.aqp"},
         {"/d/pool.aqp", "23", 0, true, "/d/pool230.aqp"},
         {"/d/pool.aqp", "23", 0, false, "/d/pool24.aqp"},
@@ -32,13 +29,10 @@ TEST(SeriesNames, OffspringPaths) {
         {"/d/pool", "", 0, true, "/d/pool0.aqp"},
         {"/d/a.b.AQP", "5", 1, true, "/d/a.b6.AQP"},
     };
-    for (const auto& [file, suffix, child, branching, path] : cases)
+    for (const auto& [file, suffix, child, branching, path] : paths)
         EXPECT_EQ(aq::getOffspringSpec(file, suffix, child, branching), path) << file << " " << suffix << " " << child;
     EXPECT_EQ(aq::seriesFileName("/d/pool", ""), "/d/pool.aqp");
     EXPECT_EQ(aq::seriesFileName("/d/pool.aqp", "099"), "/d/pool099.aqp");
-}
-
-TEST(SeriesNames, MissingOffspring) {
     TempDir dir;
     std::string file = dir.file("pool.aqp");
     EXPECT_FALSE(aq::isOffspringMissing(file, "99", 1, true));
@@ -122,9 +116,14 @@ TEST(SeriesSave, BranchingWritesBothHalvesAndAsksBeforeReplacing) {
     r.app.workPool = genePool({1, 2});  // two drifters are split too, each half filled up with its seed
     r.save("5");
     EXPECT_EQ(r.idsIn("pool50.aqp"), (std::vector<int>{101, 101}));
+    // Continue with one child present: the whole pool goes over it.
+    SaveRig c(aq::SeriesOptions().ifExists, {"pool230.aqp"});
+    c.askOver("pool230.aqp", aq::Answer::Yes).save("23");
+    EXPECT_EQ(c.idsIn("pool230.aqp"), (std::vector<int>{100, 101, 102, 103}));
+    EXPECT_FALSE(std::filesystem::exists(c.dir.file("pool24.aqp")));
 }
 
-TEST(SeriesSave, NoAsksForANameAndCancelStopsEverything) {
+TEST(SeriesSave, NoAsksForANameCancelStopsAndAPlainSeriesWritesHalves) {
     SaveRig r(kPrompt, {"pool230.aqp", "pool24.aqp"});
     r.askOver("pool230.aqp", aq::Answer::No)
         .ui.file("save", "Save Split Pool () As", r.dir.file("other.aqp"),
@@ -133,21 +132,12 @@ TEST(SeriesSave, NoAsksForANameAndCancelStopsEverything) {
     EXPECT_EQ(r.idsIn("other.aqp"), (std::vector<int>{101, 103}));
     EXPECT_EQ(readBytes(r.dir.file("pool24.aqp")), "old");
     EXPECT_EQ(idsOf(r.app.workPool), (std::vector<int>{100, 102}));  // cancelled before the pool was put back
-}
-
-TEST(SeriesSave, PlainSeriesWritesOnlyTheFirstHalfAndWholePoolsAfterNine) {
-    SaveRig r(aq::SeriesOptions::IfExists::Overwrite, {"pool24.aqp"});
-    r.app.series.options.chkBranchingSeries = false;
-    r.save("23");
-    EXPECT_EQ(r.idsIn("pool24.aqp"), (std::vector<int>{101, 103}));
-    r.app.workPool = genePool({1, 2, 1, 2});
-    r.save("19");
-    EXPECT_EQ(r.idsIn("pool20.aqp"), (std::vector<int>{100, 101, 102, 103}));
-}
-
-TEST(SeriesSave, ContinueWithOneChildPresentStoresTheWholePoolOverIt) {
-    SaveRig r(aq::SeriesOptions().ifExists, {"pool230.aqp"});
-    r.askOver("pool230.aqp", aq::Answer::Yes).save("23");
-    EXPECT_EQ(r.idsIn("pool230.aqp"), (std::vector<int>{100, 101, 102, 103}));
-    EXPECT_FALSE(std::filesystem::exists(r.dir.file("pool24.aqp")));
+    // A plain series writes the first half only, and whole pools after a 9.
+    SaveRig plain(aq::SeriesOptions::IfExists::Overwrite, {"pool24.aqp"});
+    plain.app.series.options.chkBranchingSeries = false;
+    plain.save("23");
+    EXPECT_EQ(plain.idsIn("pool24.aqp"), (std::vector<int>{101, 103}));
+    plain.app.workPool = genePool({1, 2, 1, 2});
+    plain.save("19");
+    EXPECT_EQ(plain.idsIn("pool20.aqp"), (std::vector<int>{100, 101, 102, 103}));
 }

@@ -88,7 +88,7 @@ TEST(PathBoxes, PatternsIgnoreCaseAndProgramsNeedNoExe) {
         EXPECT_EQ(aq::filePatternExists(f.at(folder), pattern), found) << folder;
 }
 
-TEST(Discovery, ProgramFolderWithNothingAroundIt) {
+TEST(Discovery, ProgramFolderWithNothingAroundItOrReadOnly) {
     Fixture f("a/b/prog");
     EXPECT_EQ(f.found(), (Items{f.at("a/b/prog"), f.at("a/b/prog/Drifters"), f.at("a/b/prog/Pools")}));
     EXPECT_EQ(f.app.comboAquariumPathItems, (Items{f.at("a/b/prog")}));
@@ -96,16 +96,14 @@ TEST(Discovery, ProgramFolderWithNothingAroundIt) {
     // A Windows home climbs to its top and stops there.
     f.app.homeFolder = "\\Aquarium";
     EXPECT_EQ(f.found()[1], "\\Aquarium\\Drifters");
-}
-
-TEST(Discovery, AReadOnlyInstallSearchesAndAsksFromItsOwnFolder) {
-    Fixture f("data");  // where the settings go instead
-    f.app.homeFolder = f.at("opt/aq");
-    f.touch("opt/aq/Aquarium.exe");
-    EXPECT_EQ(f.found()[0], f.at("opt/aq"));
-    f.ui.file("open", "T", "", f.at("opt/aq") + "||aqp|D");
-    aq::locateSourceFile(f.app, "", "", "aqp", "D", "T");
-    EXPECT_SCRIPT_DONE(f.ui);
+    // A read-only install searches and asks from its own folder.
+    Fixture ro("data");  // where the settings go instead
+    ro.app.homeFolder = ro.at("opt/aq");
+    ro.touch("opt/aq/Aquarium.exe");
+    EXPECT_EQ(ro.found()[0], ro.at("opt/aq"));
+    ro.ui.file("open", "T", "", ro.at("opt/aq") + "||aqp|D");
+    aq::locateSourceFile(ro.app, "", "", "aqp", "D", "T");
+    EXPECT_SCRIPT_DONE(ro.ui);
 }
 
 TEST(Discovery, SimulatorFoldersAtSeveralLevels) {
@@ -259,15 +257,12 @@ TEST(FileNames, NextNumberedNameSeries) {
     }
 }
 
-TEST(FileNames, DialogFilters) {
+TEST(FileNames, DialogFiltersAndSuggestions) {
     EXPECT_EQ(aq::fileDialogFilter("txt", "x"),
               "All Files (*.*)|*.*|Text Files (*.txt)|*.txt|Batch Files (*.bat)|*.bat");
     EXPECT_EQ(aq::fileDialogFilter("", "x"), "All Files (*.*)|*.*|Text Files (*.txt)|*.txt");
     EXPECT_EQ(aq::fileDialogFilter(".AQP", "Pool Files"),
               "All Files (*.*)|*.*|Pool Files (*.aqp)|*.aqp|Text Files (*.txt)|*.txt");
-}
-
-TEST(FileNames, DialogsSuggestAndRememberTheirFolder) {
     aqtest::Session f;
     const auto& dir = f.dir;
     f.app.programFolder = dir.path();
@@ -287,7 +282,7 @@ TEST(FileNames, DialogsSuggestAndRememberTheirFolder) {
     EXPECT_SCRIPT_DONE(f.ui);
 }
 
-TEST(FileNames, SaveDialogMakesItsFolderEvenWhenCancelled) {
+TEST(FileNames, SaveDialogMakesItsFolderOrSaysWhyNot) {
     aqtest::Session f;
     std::string folder = f.dir.file("new/deeper");
     f.ui.file("save", "Save", "", folder + "|x.dna|dna|DNA");
@@ -299,17 +294,14 @@ TEST(FileNames, SaveDialogMakesItsFolderEvenWhenCancelled) {
     aq::locateSourceFile(f.app, other, "", "", "", "Open");
     EXPECT_FALSE(std::filesystem::exists(other));
     EXPECT_SCRIPT_DONE(f.ui);
-}
-
-TEST(FileNames, AFolderThatCannotBeMadeIsReportedAndTheNameReturned) {
-    aqtest::Session f;
-    aqtest::writeBytes(f.dir.file("plain"), "x");
-    std::string folder = f.dir.file("plain/sub");
+    aqtest::Session g;
+    aqtest::writeBytes(g.dir.file("plain"), "x");
+    std::string blocked = g.dir.file("plain/sub");
     std::error_code ec;
-    std::filesystem::create_directories(folder, ec);
-    f.ui.message(ec.message(), "Aquarium File Manager");
-    EXPECT_EQ(aq::locateDestFile(f.app, folder, "Pool_1", "aqp", "Pools", "Save"), "Pool_1.aqp");
-    EXPECT_SCRIPT_DONE(f.ui);
+    std::filesystem::create_directories(blocked, ec);
+    g.ui.message(ec.message(), "Aquarium File Manager");
+    EXPECT_EQ(aq::locateDestFile(g.app, blocked, "Pool_1", "aqp", "Pools", "Save"), "Pool_1.aqp");
+    EXPECT_SCRIPT_DONE(g.ui);
 }
 
 }  // namespace

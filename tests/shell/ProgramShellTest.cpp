@@ -21,7 +21,7 @@ struct Fixture : aqtest::Session {
     aq::MultiTask task;
 };
 
-TEST(MultiTask, OneDrifterNeedsNoSpeciesPassAndTheListWaitsForPendingPasses) {
+TEST(MultiTask, TheListWaitsForPassesAndHiddenFramesForEveryFourthSweep) {
     // Drifters, the pool's and the DNA list's passes pending; the list enabled and the pool's pass pending after.
     const std::tuple<int, bool, bool, bool, bool> cases[] = {{1, true, false, true, false},
                                                              {2, true, false, false, true},
@@ -42,9 +42,7 @@ TEST(MultiTask, OneDrifterNeedsNoSpeciesPassAndTheListWaitsForPendingPasses) {
             std::tuple(f.app.poolSpeciesPending, f.app.lstSpeciatePool.visible(), f.app.lstSpeciatePool.enabled()),
             std::tuple(poolPendingAfter, drifters == 1, enabled));
     }
-}
-
-TEST(MultiTask, TypedThresholdsOfHiddenFramesWaitForEveryFourthSweep) {
+    // Typed thresholds of hidden frames wait for every fourth sweep.
     Fixture f;
     f.app.openPool = aqtest::makePool(2, 0);
     aq::typePoolSpeciesThreshold(f.app, "50");
@@ -59,16 +57,13 @@ TEST(MultiTask, TypedThresholdsOfHiddenFramesWaitForEveryFourthSweep) {
     EXPECT_FALSE(f.app.poolThresholdTyped || f.app.foodThresholdTyped || f.app.drifterThresholdTyped);
 }
 
-TEST(Clock, SecondsSinceMidnightAndAcrossIt) {
+TEST(Clock, SecondsAcrossMidnightAndTheNoticeFadesFiveSecondsAfterTheLastStir) {
     EXPECT_DOUBLE_EQ(aq::elapsedSeconds(86000, 100), 500);  // past midnight
     EXPECT_DOUBLE_EQ(aq::elapsedSeconds(100, 160.5), 60.5);
     std::time_t t = std::time(nullptr);
     std::tm local = *std::localtime(&t);
     const double expected = local.tm_hour * 3600.0 + local.tm_min * 60.0 + local.tm_sec;
     EXPECT_NEAR(aq::elapsedSeconds(expected, aq::SystemClock().secondsSinceMidnight()), 0.5, 1.5);
-}
-
-TEST(Notice, FadesFiveSecondsAfterTheLastStirOnceBothListsAreFree) {
     // Seconds since the last stir, whether each list is free, whether the notice may fade.
     const std::tuple<double, bool, bool, bool> cases[] = {
         {5.0, true, true, false}, {5.1, true, true, true},  {60, false, true, false},

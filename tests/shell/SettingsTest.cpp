@@ -81,7 +81,7 @@ TEST(Settings, ReaderForgivesBlanksLineEndsAndGarbage) {
     EXPECT_EQ(f.app.comboPoolPath, "/P");
 }
 
-TEST(Settings, LoadKeepsTheTextWhenTheFileHoldsNoSettings) {
+TEST(Settings, LoadKeepsTheTextWithoutSettingsAndStartupRestoresTheControls) {
     Fixture f;
     f.app.settingsText = "chkAutoName.Value = 1\r\n";
     aq::ini(f.app, "Load");  // no file
@@ -95,6 +95,18 @@ TEST(Settings, LoadKeepsTheTextWhenTheFileHoldsNoSettings) {
     aq::ini(f.app, "Load");
     EXPECT_EQ(f.app.settingsText, "chkNowName.Value = 0");
     EXPECT_SCRIPT_DONE(f.ui);
+    // At startup without a file every entry is checked; a file restores the controls it names.
+    Fixture fresh;
+    aq::startupSettings(fresh.app);
+    EXPECT_EQ(fresh.app.archive.lstArchive.checkedCount(), 8);
+    EXPECT_EQ(std::pair(fresh.app.archive.chkDeleteOriginal, fresh.app.archive.chkNowName), std::pair(1, 1));
+
+    Fixture g;
+    aqtest::writeBytes(g.iniPath(), "lstArchive.Selected(0) = False\r\nchkNowName.Value = 0\r\n");
+    aq::startupSettings(g.app);
+    EXPECT_TRUE(!g.app.archive.lstArchive.checked(0) && g.app.archive.lstArchive.checked(1));
+    // The file does not name chkDeleteOriginal: its third state stays.
+    EXPECT_EQ(std::pair(g.app.archive.chkNowName, g.app.archive.chkDeleteOriginal), std::pair(0, 2));
 }
 
 TEST(Settings, FileErrorsAreShownInTheProgramsWords) {
@@ -118,20 +130,6 @@ TEST(Settings, FileErrorsAreShownInTheProgramsWords) {
     ASSERT_FALSE(f.ui.seen.empty());
     EXPECT_EQ(f.ui.seen.back().text.rfind("Error opening " + f.iniPath() + ", error: ", 0), 0u);
     EXPECT_EQ(f.ui.waitDepth, 0);
-}
-
-TEST(Settings, StartupChecksAllAndRestoresTheControlsWithoutAFile) {
-    Fixture f;
-    aq::startupSettings(f.app);
-    EXPECT_EQ(f.app.archive.lstArchive.checkedCount(), 8);
-    EXPECT_EQ(std::pair(f.app.archive.chkDeleteOriginal, f.app.archive.chkNowName), std::pair(1, 1));
-
-    Fixture g;
-    aqtest::writeBytes(g.iniPath(), "lstArchive.Selected(0) = False\r\nchkNowName.Value = 0\r\n");
-    aq::startupSettings(g.app);
-    EXPECT_TRUE(!g.app.archive.lstArchive.checked(0) && g.app.archive.lstArchive.checked(1));
-    // The file does not name chkDeleteOriginal: its third state stays.
-    EXPECT_EQ(std::pair(g.app.archive.chkNowName, g.app.archive.chkDeleteOriginal), std::pair(0, 2));
 }
 
 }  // namespace
