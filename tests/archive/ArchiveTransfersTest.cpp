@@ -87,7 +87,7 @@ TEST(ArchiveChecks, HalvesRuleLiveNamesAndTheHelpLine) {
               std::string::npos);
 }
 
-TEST(CopyToArchive, NothingCheckedOrAllCancelledCopiesNothing) {
+TEST(CopyToArchive, NothingCheckedCancelledAutoNamesAndOverwrites) {
     Fixture f;
     f.only({});
     f.ui.message("None of the selected source files could be found. ", "Done");
@@ -103,42 +103,39 @@ TEST(CopyToArchive, NothingCheckedOrAllCancelledCopiesNothing) {
         .message("No files moved or copied.", "Done");
     f.run(aq::cmdCopyToArchive);
     EXPECT_TRUE(f.has(f.sim, "Drifter_1.DNA"));
-}
-
-TEST(CopyToArchive, AutoNamesWithDateAndTimeThenTheOverwriteQuestion) {
-    Fixture f;
-    f.only({0, 1});
-    f.put(f.sim, "Drifter_1.DNA", "one");
-    f.put(f.sim, "drifter_2.dna", "two");  // any capitals on disk
-    f.app.comboAquariumPathItems = f.app.comboDrifterPathItems = {"/a", "/b"};
-    f.ui.message("Copied 2 files. ", "Done");
-    f.run(aq::cmdCopyToArchive);
-    EXPECT_EQ(f.get(f.drifters, "Drifter_" + kNow + " #1.DNA"), "one");
-    EXPECT_EQ(f.get(f.drifters, "Drifter_" + kNow + " #2.DNA"), "two");
+    Fixture a;
+    a.only({0, 1});
+    a.put(a.sim, "Drifter_1.DNA", "one");
+    a.put(a.sim, "drifter_2.dna", "two");  // any capitals on disk
+    a.app.comboAquariumPathItems = a.app.comboDrifterPathItems = {"/a", "/b"};
+    a.ui.message("Copied 2 files. ", "Done");
+    a.run(aq::cmdCopyToArchive);
+    EXPECT_EQ(a.get(a.drifters, "Drifter_" + kNow + " #1.DNA"), "one");
+    EXPECT_EQ(a.get(a.drifters, "Drifter_" + kNow + " #2.DNA"), "two");
     // The boxes of the folders used keep them, last in their lists.
-    EXPECT_EQ(f.app.comboDrifterPathItems, (std::vector<std::string>{"/a", "/b", f.drifters}));
-    EXPECT_EQ(f.app.comboAquariumPathItems, (std::vector<std::string>{"/a", "/b", f.sim}));
-    EXPECT_TRUE(f.app.comboPoolPathItems.empty());
+    EXPECT_EQ(a.app.comboDrifterPathItems, (std::vector<std::string>{"/a", "/b", a.drifters}));
+    EXPECT_EQ(a.app.comboAquariumPathItems, (std::vector<std::string>{"/a", "/b", a.sim}));
+    EXPECT_TRUE(a.app.comboPoolPathItems.empty());
 
     // Within the same clock text the names are taken: each answer of the question.
-    f.put(f.sim, "Drifter_1.DNA", "one again");
-    const std::string first = f.drifters + "/Drifter_" + kNow + " #1.DNA";
-    const std::string second = f.drifters + "/Drifter_" + kNow + " #2.DNA";
-    f.ui.ask("yesnocancel", first + kConflict, "Filename Conflict", Answer::Yes)
+    a.put(a.sim, "Drifter_1.DNA", "one again");
+    const std::string first = a.drifters + "/Drifter_" + kNow + " #1.DNA";
+    const std::string second = a.drifters + "/Drifter_" + kNow + " #2.DNA";
+    a.ui.ask("yesnocancel", first + kConflict, "Filename Conflict", Answer::Yes)
         .ask("yesnocancel", second + kConflict, "Filename Conflict", Answer::No)
-        .file("save", "Move Drifter_2.DNA to:", f.drifters + "/other.DNA",
-              f.drifters + "|Drifter_" + kNow + " #2.DNA|dna|Aquarium's Drifter DNA files")
+        .file("save", "Move Drifter_2.DNA to:", a.drifters + "/other.DNA",
+              a.drifters + "|Drifter_" + kNow + " #2.DNA|dna|Aquarium's Drifter DNA files")
         .message("Copied 2 files. ", "Done");
-    f.run(aq::cmdCopyToArchive);
-    EXPECT_EQ(f.get(f.drifters, "Drifter_" + kNow + " #1.DNA"), "one again");
-    EXPECT_EQ(f.get(f.drifters, "other.DNA"), "two");
+    a.run(aq::cmdCopyToArchive);
+    EXPECT_EQ(a.get(a.drifters, "Drifter_" + kNow + " #1.DNA"), "one again");
+    EXPECT_EQ(a.get(a.drifters, "other.DNA"), "two");
 
-    f.ui.ask("yesnocancel", first + kConflict, "Filename Conflict", Answer::Cancel)
+    a.ui.ask("yesnocancel", first + kConflict, "Filename Conflict", Answer::Cancel)
         .ask("yesnocancel", second + kConflict, "Filename Conflict", Answer::No)
-        .file("save", "Move Drifter_2.DNA to:", f.drifters + "/other.DNA", "*")
-        .ask("yesnocancel", f.drifters + "/other.DNA" + kConflict, "Filename Conflict", Answer::Cancel)
+        .file("save", "Move Drifter_2.DNA to:", a.drifters + "/other.DNA", "*")
+        .ask("yesnocancel", a.drifters + "/other.DNA" + kConflict, "Filename Conflict", Answer::Cancel)
         .message("No files moved or copied.", "Done");
-    f.run(aq::cmdCopyToArchive);
+    a.run(aq::cmdCopyToArchive);
 }
 
 TEST(CopyToArchive, NumberedNamesAndTheThirdStateMoves) {
@@ -200,7 +197,7 @@ TEST(CopyToArchive, OwnFolderAndAFailedCopy) {
     EXPECT_TRUE(g.has(g.pools, "Pool_" + kNow + " #1.AQP"));
 }
 
-TEST(ReplaceFromArchive, WithoutBackupAsksBeforeOverwriting) {
+TEST(ReplaceFromArchive, WithoutBackupAndTheFileNotFoundLoop) {
     Fixture f;
     f.only({4, 5, 6});
     f.put(f.pools, "Pool_1.AQP", "archived 1");
@@ -220,6 +217,24 @@ TEST(ReplaceFromArchive, WithoutBackupAsksBeforeOverwriting) {
     EXPECT_EQ(f.get(f.sim, "Pool_2.AQP"), "live 2");
     EXPECT_EQ(f.get(f.sim, "Pool_3.AQP"), "archived 2");
     EXPECT_EQ(f.get(f.pools, "Pool_1.AQP"), "archived 1");  // the archive keeps its files
+    Fixture g;
+    g.only({0});
+    g.put(g.drifters, "real.DNA", "r");
+    const std::string ghost = g.drifters + "/ghost.DNA", ghostTitle = "Copy which file over Drifter_1.DNA?";
+    const std::string nf = ghost + " could not be found.  Please select a different source file.";
+    g.ui.file("open", ghostTitle, ghost, "*")
+        .ask("okcancel", nf, "File Not Found", Answer::Ok)
+        .file("open", ghostTitle, ghost, g.drifters + "|ghost.DNA|dna|Aquarium's Drifter DNA files")
+        .ask("okcancel", nf, "File Not Found", Answer::Cancel)
+        .message("Nothing copied", "Done");
+    g.run(aq::cmdReplaceFromArchive);
+
+    g.ui.file("open", ghostTitle, ghost, "*")
+        .ask("okcancel", nf, "File Not Found", Answer::Ok)
+        .file("open", ghostTitle, g.drifters + "/real.DNA", "*")
+        .message("Copied 1 file. ", "Done");
+    g.run(aq::cmdReplaceFromArchive);
+    EXPECT_EQ(g.get(g.sim, "Drifter_1.DNA"), "r");
 }
 
 TEST(ReplaceFromArchive, AutomaticBackupAndSuggestions) {
@@ -248,27 +263,6 @@ TEST(ReplaceFromArchive, AutomaticBackupAndSuggestions) {
         .message("Copied 2 files. ", "Done");
     g.run(aq::cmdReplaceFromArchive);
     EXPECT_EQ(g.get(g.sim, "Pool_4.AQP"), "Pool_3.AQP");
-}
-
-TEST(ReplaceFromArchive, FileNotFoundLoopAndNothingCopied) {
-    Fixture f;
-    f.only({0});
-    f.put(f.drifters, "real.DNA", "r");
-    const std::string ghost = f.drifters + "/ghost.DNA", title = "Copy which file over Drifter_1.DNA?";
-    const std::string nf = ghost + " could not be found.  Please select a different source file.";
-    f.ui.file("open", title, ghost, "*")
-        .ask("okcancel", nf, "File Not Found", Answer::Ok)
-        .file("open", title, ghost, f.drifters + "|ghost.DNA|dna|Aquarium's Drifter DNA files")
-        .ask("okcancel", nf, "File Not Found", Answer::Cancel)
-        .message("Nothing copied", "Done");
-    f.run(aq::cmdReplaceFromArchive);
-
-    f.ui.file("open", title, ghost, "*")
-        .ask("okcancel", nf, "File Not Found", Answer::Ok)
-        .file("open", title, f.drifters + "/real.DNA", "*")
-        .message("Copied 1 file. ", "Done");
-    f.run(aq::cmdReplaceFromArchive);
-    EXPECT_EQ(f.get(f.sim, "Drifter_1.DNA"), "r");
 }
 
 }  // namespace

@@ -35,7 +35,7 @@ struct Importer : DnaFixture {
 
 }  // namespace
 
-TEST(DnaFile, RoundTripsEveryByteValue) {
+TEST(DnaFile, RoundTripsEveryByteValueAlsoFromTheCli) {
     DnaFixture f;
     aq::Genome all;
     for (std::size_t i = 0; i < all.size(); ++i) all[i] = static_cast<std::uint8_t>((i * 7 + 3) % 256);
@@ -48,9 +48,7 @@ TEST(DnaFile, RoundTripsEveryByteValue) {
     EXPECT_EQ(readBytes(f.path("a.dna")), std::string(all.begin(), all.end()));
     EXPECT_FALSE(aq::saveDrifterFile(f.app, "", 0));  // no path: no file, no message
     EXPECT_TRUE(f.ui.done()) << f.ui.report();
-}
-
-TEST(CliDna, WritesTheDriftersGenesByteForByte) {
+    // aqfm dna writes a drifter's genes byte for byte.
     TempDir dir;
     aq::Pool pool = makePool(3, 1);
     std::string poolPath = dir.file("p.aqp"), out = dir.file("g.dna");

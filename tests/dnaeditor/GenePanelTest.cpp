@@ -63,7 +63,7 @@ TEST(GenePanel, ChosenGeneAndShiftKeepsTheDistances) {
               "\r\nValues for the chosen gene within the selected drifters range from 250 to 255.");
 }
 
-TEST(GenePanel, SpreadMovesOnToTheNearestWholeSpread) {
+TEST(GenePanel, SpreadScrollbarsAndCaption) {
     // The ticked values, the spread asked for and the one it ends on, the values and change marks after.
     const std::tuple<std::vector<int>, int, int, std::vector<int>, std::vector<std::uint8_t>> cases[] = {
         {{10, 20}, 11, 12, {9, 21}, {1, 1, 0}},
@@ -82,9 +82,6 @@ TEST(GenePanel, SpreadMovesOnToTheNearestWholeSpread) {
         EXPECT_EQ(p.values(), after);
         EXPECT_EQ(p.app.dna.dnaChanged, changed);
     }
-}
-
-TEST(GenePanel, ScrollbarsAndCaptionFollowTheTicks) {
     Panel full({0, 255}), one({7}), same({4, 4});
     EXPECT_EQ(std::tuple(full.app.dna.gene.VsGeneRange.visible, full.app.dna.gene.VsGeneRange.pos,
                          full.app.dna.gene.VsGeneValue.visible),

@@ -74,7 +74,7 @@ struct Folder : aqtest::DnaFixture {
     }
 };
 
-TEST(SaveChangedDrifterFiles, AsksPerFileOrInBulk) {
+TEST(SaveChangedDrifterFiles, AsksPerFileOrInBulkAndSelectedOnesAreWritten) {
     // Saves, then checks the questions, the first byte of each file and the change marks.
     auto save = [](Folder& f, bool closing, const std::string& firstBytes, std::vector<std::uint8_t> changed) {
         aq::saveChangedDrifterFiles(f.app, closing, false);
@@ -114,9 +114,7 @@ TEST(SaveChangedDrifterFiles, AsksPerFileOrInBulk) {
     none.app.dnaLoaded = false;
     none.edit({0});
     save(none, true, "\x01\x02\x03", {1, 0, 0});
-}
-
-TEST(SaveChangedDrifterFiles, SelectedFilesAreWrittenChangedOrNot) {
+    // Selected files are written, changed or not.
     Folder f(4);
     f.tick({1});
     f.ui.ask("yesno", f.src(1) + "\r\n\r\nSave file now?", "Save Drifter", Answer::Yes)

@@ -50,7 +50,7 @@ struct Fixture {
     }
 };
 
-TEST(GenerateCommand, PublishesThePoolIntoTheListsUnsaved) {
+TEST(GenerateCommand, PublishesThePoolUnsavedOrSaysWhyNot) {
     Fixture f, g;
     f.app.openPoolPath = "/pools/kept.aqp";
     aq::generateStartupPool(f.app, StartupSettings{});
@@ -63,6 +63,13 @@ TEST(GenerateCommand, PublishesThePoolIntoTheListsUnsaved) {
     g.app.comboSpeciatePoolGroup0 = 2;
     aq::generateStartupPool(g.app, StartupSettings{});
     EXPECT_FALSE(g.app.lstSpeciatePool.enabled());
+    Fixture bad;
+    bad.app.defaultPool = aq::Pool{};
+    bad.ui.message("Error loading default pool. Not a Aquarium 4 data file");
+    aq::generateStartupPool(bad.app, StartupSettings{});
+    EXPECT_TRUE(bad.ui.done()) << bad.ui.report();
+    EXPECT_FALSE(bad.app.poolLoaded);
+    EXPECT_EQ(bad.ui.waitDepth, 0);
 }
 
 TEST(GenerateCommand, TheChangedPoolIsSavedFirstOrKept) {
@@ -93,16 +100,6 @@ TEST(GenerateCommand, TheChangedPoolIsSavedFirstOrKept) {
                   generated ? std::tuple(120, 120) : std::tuple(3, 3));
         EXPECT_EQ(std::tuple(f.app.poolChanged, f.ui.waitDepth), std::tuple(true, 0));  // a new pool is unsaved
     }
-}
-
-TEST(GenerateCommand, AnUnusableDefaultPoolSaysSo) {
-    Fixture f;
-    f.app.defaultPool = aq::Pool{};
-    f.ui.message("Error loading default pool. Not a Aquarium 4 data file");
-    aq::generateStartupPool(f.app, StartupSettings{});
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
-    EXPECT_FALSE(f.app.poolLoaded);
-    EXPECT_EQ(f.ui.waitDepth, 0);
 }
 
 TEST(CliGenerate, WritesTheSamePoolAsTheTab) {

@@ -55,7 +55,7 @@ std::vector<float> points(const aq::Segment& g) {
     return {g.point1X, g.point1Y, g.point2X, g.point2Y, g.point3X, g.point3Y, g.point4X, g.point4Y};
 }
 
-TEST(SeedRecipe, DigitsOfTheSeedBecomeARunningSum) {
+TEST(SeedRecipe, RecipesAndCounts) {
     const std::pair<std::int32_t, std::vector<int>> cases[] = {
         {1, {1}}, {50, {1, 3}}, {49, {0, 2}}, {2401, {0, 2, 5}}, {12345, {46, 9, 16}}, {-7, {7}}, {0, {}},
     };
@@ -64,11 +64,8 @@ TEST(SeedRecipe, DigitsOfTheSeedBecomeARunningSum) {
         EXPECT_EQ(std::vector<int>(r.index.begin(), r.index.begin() + r.length), recipe) << seed;
     }
     EXPECT_EQ(aq::seedRecipe(2147483647, 3).length, 3);  // a tiny default pool runs out of radixes
-}
-
-TEST(StartupCounts, FollowTypePlacementSplitAndExtras) {
     // Settings; drifters and food bits.
-    const std::pair<aq::StartupSettings, std::pair<int, int>> cases[] = {
+    const std::pair<aq::StartupSettings, std::pair<int, int>> counts[] = {
         {settings(1), {120, 400}},
         {settings(-7), {122, 400}},
         {settings(0), {12, 400}},
@@ -80,7 +77,7 @@ TEST(StartupCounts, FollowTypePlacementSplitAndExtras) {
         {settings(-1, 2, 2, 2, 1, true, false, false), {256, 216}},
         {settings(0, 1, 2, 2, 1, false, true, true), {48, 400}},
     };
-    for (const auto& [s, counts] : cases) {
+    for (const auto& [s, counts] : counts) {
         aq::Pool p = build(s);
         EXPECT_EQ(std::vector<int>({p.drifterCount, p.foodCount, int(p.drifters.size()), int(p.food.size())}),
                   std::vector<int>({counts.first, counts.second, counts.first, counts.second}))

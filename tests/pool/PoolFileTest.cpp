@@ -53,7 +53,7 @@ TEST(PoolFile, LoadAndSaveGiveTheSameBytesAndReplaceLongerFiles) {
     EXPECT_SCRIPT_DONE(session.ui);
 }
 
-TEST(DefaultPool, HasItsFrame) {
+TEST(DefaultPool, HasItsFrameAndItsBuilderReproducesIt) {
     auto bytes = defaultPoolBytes();
     ASSERT_EQ(bytes.size(), 229204u);
     Session s;
@@ -89,9 +89,6 @@ TEST(DefaultPool, HasItsFrame) {
               std::vector<double>({1, -2430, -2250, 700}));
     EXPECT_EQ(std::vector<double>({double(h.orientation), h.bottom, h.wallLength, double(h.wallFlag)}),
               std::vector<double>({0, -3230, 1000, -1}));
-}
-
-TEST(DefaultPool, BuilderReproducesTheCommittedFile) {
     TempDir dir;
     std::string out = dir.file("default.aqp");
     ASSERT_EQ(std::system((std::string(AQ_BUILD_DEFAULT_POOL) + " " + out).c_str()), 0);
@@ -170,7 +167,7 @@ void expectIdsAreIndices(const Pool& p) {
 
 }  // namespace
 
-TEST(PoolMerge, DriftersUpToTheLimitTakeTheFileFirstOnes) {
+TEST(PoolMerge, DriftersOrFoodUpToTheLimit) {
     Open s(markedPool(1990, 3, 0));
     s.app.comboSpeciatePoolGroup0 = 2;  // extended species: no tick until the new pass is done
     s.app.openPool.walls[0].wallFlag = 5;
@@ -190,21 +187,18 @@ TEST(PoolMerge, DriftersUpToTheLimitTakeTheFileFirstOnes) {
     EXPECT_EQ(p.historyBlock, before.historyBlock);
     EXPECT_TRUE(s.app.poolChanged && s.app.poolSpeciesPending && !s.app.lstSpeciatePool.enabled());
     EXPECT_EQ(poolBytes(s.app.workPool), poolBytes(work));
-}
-
-TEST(PoolMerge, FoodAloneKeepsTheDriftersAndIsCutAtTheLimit) {
-    Open s(markedPool(5, 1995, 0));
-    Pool before = s.app.openPool;
-    const Pool other = markedPool(9, 10, 200);
-    s.merge(&other, mMergeFood);
-    const Pool& p = s.app.openPool;
-    EXPECT_EQ(std::tuple(p.drifterCount, p.foodCount, p.food[1995].family, p.food[1999].family),
+    Open f(markedPool(5, 1995, 0));
+    Pool fBefore = f.app.openPool;
+    const Pool fOther = markedPool(9, 10, 200);
+    f.merge(&fOther, mMergeFood);
+    const Pool& fp = f.app.openPool;
+    EXPECT_EQ(std::tuple(fp.drifterCount, fp.foodCount, fp.food[1995].family, fp.food[1999].family),
               std::tuple(5, 2000, 200, 204));
     // The open pool's own drifters only get their ids set to their indices.
     for (int i = 0; i < 5; ++i) {
-        DrifterRec d = before.drifters[static_cast<std::size_t>(i)];
+        DrifterRec d = fBefore.drifters[static_cast<std::size_t>(i)];
         d.id = i;
-        EXPECT_EQ(std::memcmp(&p.drifters[static_cast<std::size_t>(i)], &d, sizeof d), 0);
+        EXPECT_EQ(std::memcmp(&fp.drifters[static_cast<std::size_t>(i)], &d, sizeof d), 0);
     }
 }
 

@@ -69,7 +69,7 @@ Pool segmentPool(std::vector<int> counts) {
 
 }  // namespace
 
-TEST(GroupCriteria, TheDocumentedExamples) {
+TEST(GroupCriteria, TheDocumentedExamplesAndMeasures) {
     // Drifters k and c, the threshold, the Group0 index, whether it relates c to k.
     const std::tuple<const char*, DrifterRec, DrifterRec, float, int, bool> cases[] = {
         {"similar age reaches up from 100", with(100), with(131), 70, 3, true},
@@ -96,9 +96,6 @@ TEST(GroupCriteria, TheDocumentedExamples) {
     };
     for (const auto& [name, k, c, threshold, index, expected] : cases)
         EXPECT_EQ(holds(k, c, threshold, 0, index), expected) << name;
-}
-
-TEST(GroupCriteria, MeasuresOfBothDrifters) {
     DrifterRec k = makeDrifter(0), c = makeDrifter(1);
     k.totalLength = 100, c.totalLength = 96.6f;  // 96.6 * 1.035 = 99.98 < 100
     k.mass = 10, c.mass = 10.36f;                // 10.36 * 0.965 = 9.9974 <= 10
@@ -220,7 +217,7 @@ TEST(RecordHolders, EachMeasureItsStartAndTheCurrentRow) {
     EXPECT_EQ(current, (std::vector<int>{0, 2, 0}));
 }
 
-TEST(SelectionCommands, AllAndInvert) {
+TEST(SelectionCommands, AllInvertAndQuickSpeciate) {
     PoolEditor r(poolOf({makeDrifter(0), makeDrifter(1), makeDrifter(2)}));
     r.app.lstSpeciatePool.setChecked(2, true);
     SelectAllDrifters(r.app);
@@ -237,28 +234,26 @@ TEST(SelectionCommands, AllAndInvert) {
     // The sliders show the new selection: three drifters at the origin.
     EXPECT_EQ(std::pair(r.app.SliderSpeciatePoolDrifterWidth.visible, r.app.SliderSpeciatePoolDrifterX.min),
               std::pair(false, -4000));
-}
-
-TEST(QuickSpeciate, TogglingChangesTheDepthAndRestartsThePass) {
-    PoolEditor r(poolOf({makeDrifter(0), makeDrifter(1)}));
-    ToggleQuickSpeciate(r.app);
-    EXPECT_FALSE(r.app.quickSpeciate || r.app.poolSpeciesPending);  // no pool file open
+    // Quick Speciate changes the depth and restarts the pass.
+    PoolEditor q(poolOf({makeDrifter(0), makeDrifter(1)}));
+    ToggleQuickSpeciate(q.app);
+    EXPECT_FALSE(q.app.quickSpeciate || q.app.poolSpeciesPending);  // no pool file open
     // Both thresholds are nudged and put back, and their texts rewritten.
-    EXPECT_EQ(std::vector<int>({r.app.similarityDepth, r.app.scrollPoolSpeciesThreshold,
-                                r.app.dna.scrollDrifterSpeciesThreshold.pos}),
+    EXPECT_EQ(std::vector<int>({q.app.similarityDepth, q.app.scrollPoolSpeciesThreshold,
+                                q.app.dna.scrollDrifterSpeciesThreshold.pos}),
               std::vector<int>({1000, 444, 965}));
-    EXPECT_EQ(r.app.txtPoolSpeciesThreshold, " 44.4");
-    EXPECT_TRUE(r.app.poolThresholdTyped && r.app.drifterThresholdTyped);
+    EXPECT_EQ(q.app.txtPoolSpeciesThreshold, " 44.4");
+    EXPECT_TRUE(q.app.poolThresholdTyped && q.app.drifterThresholdTyped);
 
-    r.app.openPoolPath = "/pools/open.aqp";
-    ToggleQuickSpeciate(r.app);
-    EXPECT_EQ(std::pair(r.app.similarityDepth, r.app.poolSpeciesPending), std::pair(std::int16_t{100}, true));
+    q.app.openPoolPath = "/pools/open.aqp";
+    ToggleQuickSpeciate(q.app);
+    EXPECT_EQ(std::pair(q.app.similarityDepth, q.app.poolSpeciesPending), std::pair(std::int16_t{100}, true));
 
     // At position 0 the nudge goes to the other end and back.
-    r.app.scrollPoolSpeciesThreshold = 0;
-    r.app.poolThreshold = 0;
-    ToggleQuickSpeciate(r.app);
-    EXPECT_EQ(std::pair(r.app.scrollPoolSpeciesThreshold, r.app.txtPoolSpeciesThreshold), std::pair(0, " 0"s));
+    q.app.scrollPoolSpeciesThreshold = 0;
+    q.app.poolThreshold = 0;
+    ToggleQuickSpeciate(q.app);
+    EXPECT_EQ(std::pair(q.app.scrollPoolSpeciesThreshold, q.app.txtPoolSpeciesThreshold), std::pair(0, " 0"s));
 }
 
 TEST(Minorities, TheDefaultPoolBySegmentCount) {
@@ -282,7 +277,7 @@ TEST(Minorities, TheDefaultPoolBySegmentCount) {
     EXPECT_EQ(e.ticked(), (std::vector<int>{3}));
 }
 
-TEST(Minorities, KillingOnTheWorkPoolAndStillDrifters) {
+TEST(Minorities, KillingOnTheWorkPoolStillDriftersAndStageKeys) {
     PoolEditor e(segmentPool({1, 1, 1, 1, 1, 1, 1, 1, 1, 2}));
     e.app.workPool = e.app.openPool;
     // Without counting still drifters the population is 0: nobody is a minority.
@@ -292,15 +287,12 @@ TEST(Minorities, KillingOnTheWorkPoolAndStillDrifters) {
     poolMutants(e.app, true, false, false, {true, false, false, false}, false);
     EXPECT_EQ(std::pair(e.app.workPool.drifters[9].alive, e.app.openPool.drifters[9].alive), std::pair(0, 1));
     EXPECT_TRUE(e.ticked().empty());
-}
-
-TEST(Minorities, StageKeys) {
     // Colour order 0,2,1 (runs written once) is shared by the first two; colour set {0,1,2} by three.
     std::vector<DrifterRec> ds = {body({0, 2, 2, 1, 1}), body({0, 2, 1}), body({1, 2, 0})};
     ds.resize(12, body({3}));
-    PoolEditor e(poolOf(ds)), f(poolOf(ds));
-    mSelectMutantsByColorOrder(e.app);  // 12 living, 3 keys: bar 3; 2 + 1 = 3 is not above, 1 + 1 is
-    EXPECT_EQ(e.ticked(), (std::vector<int>{2}));
+    PoolEditor c1(poolOf(ds)), f(poolOf(ds));
+    mSelectMutantsByColorOrder(c1.app);  // 12 living, 3 keys: bar 3; 2 + 1 = 3 is not above, 1 + 1 is
+    EXPECT_EQ(c1.ticked(), (std::vector<int>{2}));
     mSelectMutantsByColors(f.app);  // 2 keys: bar 4; {0,1,2} counts 3 -> 4, not above
     EXPECT_TRUE(f.ticked().empty());
     // A lone branching and lone colours are marked by their own commands only.

@@ -132,32 +132,6 @@ TEST(SpeciesPass, SlicesGiveTheTagsOfOnePass) {
     EXPECT_EQ(edge.app.poolPassIndex, 3);
 }
 
-TEST(SpeciesPass, TheNoticeComesOnceForASlowPassAndPatienceGrows) {
-    Pool p = makePool(1000, 0);  // look-alikes: the pass compares every pair
-    for (auto& d : p.drifters) std::memset(d.genes, 7, sizeof d.genes);
-    Editor e(p);
-    e.app.comboSpeciatePoolGroup0 = 2;
-    e.app.lastHelpMove = e.clock.seconds - 100;
-    RecordingNotice recorder;
-    e.app.notice = &recorder;
-    e.clock.step = 0.9;  // two drifters a slice
-    speciatePoolList(e.app);
-    EXPECT_EQ(std::tuple(recorder.shown, e.app.poolPatience, e.app.lstSpeciatePool.enabled()),
-              std::tuple(std::vector<std::string>{kPoolSpeciesNotice}, 16, false));
-    e.finish();
-    EXPECT_TRUE(recorder.shown.size() == 1 && e.app.lstSpeciatePool.enabled());
-    for (int expected : {32, 64, 128, 256, 256}) {
-        e.app.poolSpeciesPending = true;
-        e.finish();
-        EXPECT_EQ(e.app.poolPatience, expected);
-    }
-    // None outside "extended species.".
-    e.app.comboSpeciatePoolGroup0 = 1;
-    e.app.poolSpeciesPending = true;
-    e.finish();
-    EXPECT_EQ(recorder.shown.size(), 6u);
-}
-
 TEST(SpeciesPass, AThresholdChangeDuringAPassKeepsItGoing) {
     // Those numbered keep their species, the rest are judged anew under the new threshold.
     Editor e(kinPool({100, 50, 10, 10, 10, 10, 10, 10, 10, 10}));
@@ -175,7 +149,7 @@ TEST(SpeciesPass, AThresholdChangeDuringAPassKeepsItGoing) {
     EXPECT_FALSE(e.app.lstSpeciatePool.enabled());
 }
 
-TEST(SpeciesPass, AListOutOfStepWithThePoolRestartsThePass) {
+TEST(SpeciesPass, OutOfStepRestartsSlowPassesGetTheNotice) {
     Editor e(kinPool({100, 50, 10, 10}));
     e.clock.step = 0.7;
     speciatePoolList(e.app);
@@ -187,9 +161,33 @@ TEST(SpeciesPass, AListOutOfStepWithThePoolRestartsThePass) {
     populateSpeciatePoolList(e.app);
     e.finish();
     EXPECT_EQ(e.tags(), (std::vector<std::int32_t>{0, 0, 1, 2}));
+    // The notice comes once for a slow pass, and patience grows.
+    Pool alike = makePool(1000, 0);  // look-alikes: the pass compares every pair
+    for (auto& d : alike.drifters) std::memset(d.genes, 7, sizeof d.genes);
+    Editor slow(alike);
+    slow.app.comboSpeciatePoolGroup0 = 2;
+    slow.app.lastHelpMove = slow.clock.seconds - 100;
+    RecordingNotice recorder;
+    slow.app.notice = &recorder;
+    slow.clock.step = 0.9;  // two drifters a slice
+    speciatePoolList(slow.app);
+    EXPECT_EQ(std::tuple(recorder.shown, slow.app.poolPatience, slow.app.lstSpeciatePool.enabled()),
+              std::tuple(std::vector<std::string>{kPoolSpeciesNotice}, 16, false));
+    slow.finish();
+    EXPECT_TRUE(recorder.shown.size() == 1 && slow.app.lstSpeciatePool.enabled());
+    for (int expected : {32, 64, 128, 256, 256}) {
+        slow.app.poolSpeciesPending = true;
+        slow.finish();
+        EXPECT_EQ(slow.app.poolPatience, expected);
+    }
+    // None outside "extended species.".
+    slow.app.comboSpeciatePoolGroup0 = 1;
+    slow.app.poolSpeciesPending = true;
+    slow.finish();
+    EXPECT_EQ(recorder.shown.size(), 6u);
 }
 
-TEST(SpeciesThreshold, TypedTextsAndTheLateRewrite) {
+TEST(SpeciesThreshold, TypedTextsTheLateRewriteAndRanges) {
     // Typed text, the scroll bar's position, the text as rewritten later.
     const std::tuple<const char*, int, const char*> cases[] = {
         {" 95% ", 950, " 95"}, {"abc", 0, " 0"},    {"-5", 1000, " 100"},    {"300", 1000, " 100"},
@@ -219,10 +217,7 @@ TEST(SpeciesThreshold, TypedTextsAndTheLateRewrite) {
         sweep();
         EXPECT_EQ(app.txtPoolSpeciesThreshold, canonical);
     }
-}
-
-TEST(SpeciesThreshold, RangeMessages) {
-    const std::tuple<Pool, int, const char*> cases[] = {
+    const std::tuple<Pool, int, const char*> ranges[] = {
         {defaultPool(), 100, "Range found.  Listed drifters all match from 0% to  95%"},
         {defaultPool(), 1000, "Range found.  Listed drifters all match from 0% to  99.5%"},
         {kinPool({60, 60}), 100, "Zero range found.  Listed drifters all match  60%"},
@@ -230,7 +225,7 @@ TEST(SpeciesThreshold, RangeMessages) {
         {kinPool({100, 100, 90}), 1000, "Range found.  Listed drifters all match from 9% to  10%"},
         {kinPool({100}), 100, "Zero range found.  Listed drifters all match  100%"},  // one drifter
     };
-    for (const auto& [pool, depth, message] : cases) {
+    for (const auto& [pool, depth, message] : ranges) {
         Editor e(pool, depth);
         e.ui.message(std::string(message) + " of each other's genetic sequences.");
         findPoolThresholdRange(e.app);

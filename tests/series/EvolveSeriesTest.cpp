@@ -70,7 +70,7 @@ void killAll(aq::Pool& p) {
 
 }  // namespace
 
-TEST(EvolveSeries, PlainSeriesOfThreePools) {
+TEST(EvolveSeries, PlainAndBranchingSeries) {
     Rig r;
     r.options.chkBranchingSeries = false;
     r.stopAtStart = 4;
@@ -82,22 +82,20 @@ TEST(EvolveSeries, PlainSeriesOfThreePools) {
     // Stopped by the button: the progress selection is put away.
     EXPECT_FALSE(r.app.series.controls.selectRange);
     EXPECT_EQ(r.app.series.controls.selStart, 1200);
-}
-
-TEST(EvolveSeries, BranchingSeriesSplitsEachPoolInTwo) {
-    aq::Pool first = makePool(6, 6);
-    for (int i = 0; i < 6; ++i) std::memset(first.drifters[i].genes, i % 2 ? 9 : 1, 1000);
-    Rig r(first);
-    r.stopAtStart = 4;
-    r.run();
+    // A branching series splits each pool in two.
+    aq::Pool mixed = makePool(6, 6);
+    for (int i = 0; i < 6; ++i) std::memset(mixed.drifters[i].genes, i % 2 ? 9 : 1, 1000);
+    Rig tree(mixed);
+    tree.stopAtStart = 4;
+    tree.run();
     for (const char* name : {"pool0.aqp", "pool00.aqp", "pool1.aqp", "pool10.aqp", "pool2.aqp"})
-        EXPECT_TRUE(r.has(name)) << name;
-    EXPECT_FALSE(r.has("pool01.aqp"));
-    EXPECT_EQ(r.load("pool0.aqp").drifterCount, 6);
-    EXPECT_EQ(r.load("pool00.aqp").drifterCount, 3);
-    EXPECT_EQ(r.load("pool00.aqp").drifters[0].genes[0], 9);
-    EXPECT_EQ(r.load("pool1.aqp").drifters[0].genes[0], 1);
-    EXPECT_EQ(r.load("pool2.aqp").clock, 77 + 300);
+        EXPECT_TRUE(tree.has(name)) << name;
+    EXPECT_FALSE(tree.has("pool01.aqp"));
+    EXPECT_EQ(tree.load("pool0.aqp").drifterCount, 6);
+    EXPECT_EQ(tree.load("pool00.aqp").drifterCount, 3);
+    EXPECT_EQ(tree.load("pool00.aqp").drifters[0].genes[0], 9);
+    EXPECT_EQ(tree.load("pool1.aqp").drifters[0].genes[0], 1);
+    EXPECT_EQ(tree.load("pool2.aqp").clock, 77 + 300);
 }
 
 TEST(EvolveSeries, RestartAndSaveAndContinueButtons) {

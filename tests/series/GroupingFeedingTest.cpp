@@ -30,7 +30,7 @@ void expectOnCircle(const aq::DrifterRec& d, double radius, double angle, const 
     expectAt(d, radius * std::sin(angle), radius * std::cos(angle), what);
 }
 
-TEST(Grouping, RingOfModeThree) {
+TEST(Grouping, EveryMode) {
     // 4 and 5: skip 0, ring 2 (angles 0 and pi); 8: skip 2 (0 and 1 at the centre), ring 3; 30: ring 7;
     // gravity shrinks the ring once, each retry once more; fewer than 4 all at the centre.
     const std::tuple<int, int, bool, int, double, double> cases[] = {
@@ -45,9 +45,6 @@ TEST(Grouping, RingOfModeThree) {
         expectOnCircle(p.drifters[index], radius, angle,
                        "n " + std::to_string(n) + " drifter " + std::to_string(index));
     }
-}
-
-TEST(Grouping, ModesOneTwoAndZero) {
     // Mode 2: the colours' hues, halved below the limit.
     aq::Pool p = poolOfN(10);
     p.drifters[3].segmentCount = 16;
@@ -102,7 +99,7 @@ TEST(Grouping, SingleDrifterFeedingAndGathering) {
     EXPECT_FLOAT_EQ(p.food[1].x, 100);
 }
 
-TEST(Grouping, SimilarityChainTakesTheNearestLaterDrifter) {
+TEST(Grouping, SimilarityChainAndThePrompt) {
     // Drifter i differs from drifter 0 in its first differing[i] genes.
     const int differing[] = {0, 50, 10, 10};  // 2 and 3 equally near: the first of equals is taken
     aq::Pool p = poolOfN(4);
@@ -118,9 +115,6 @@ TEST(Grouping, SimilarityChainTakesTheNearestLaterDrifter) {
     for (int i = 0; i < 3; ++i) std::memset(q.drifters[i].genes, i, aq::kGeneCount);
     aq::orderBySimilarity(q, 100);
     EXPECT_EQ(idsOf(q), (std::vector<int>{0, 1, 2}));
-}
-
-TEST(Grouping, PromptSetsModeCheckAndCaption) {
     const std::tuple<std::string, bool, std::string, int> cases[] = {
         {"4", true, "&Group Drifters at Start", 3},
         {"1", true, "&Group Drifters by Genetic Similarity", 0},

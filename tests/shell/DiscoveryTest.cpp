@@ -40,7 +40,14 @@ struct Fixture : aqtest::Session {
     }
 };
 
-TEST(PathBoxes, SetKeepsOneEntryPerFolderAndLeavesTheTextOnIt) {
+// Only Linux runs a program without ".exe".
+#ifdef _WIN32
+constexpr bool kWindows = true;
+#else
+constexpr bool kWindows = false;
+#endif
+
+TEST(PathBoxes, SetAndPatterns) {
     Fixture f;
     aq::comboAquariumPath_set(f.app, "/a", -1);
     aq::comboAquariumPath_set(f.app, "/B", -1);
@@ -63,29 +70,19 @@ TEST(PathBoxes, SetKeepsOneEntryPerFolderAndLeavesTheTextOnIt) {
     aq::comboDrifterPath_set(f.app, "/d", -1);
     EXPECT_EQ(f.app.comboDrifterPath, "/d");
     EXPECT_EQ(f.app.comboDrifterPathItems, (Items{"/D"}));
-}
-
-// Only Linux runs a program without ".exe".
-#ifdef _WIN32
-constexpr bool kWindows = true;
-#else
-constexpr bool kWindows = false;
-#endif
-
-TEST(PathBoxes, PatternsIgnoreCaseAndProgramsNeedNoExe) {
-    Fixture f;
-    f.touch("Sim/AQUARIUM5.EXE");
-    f.program("Bin/aquarium4");
-    f.touch("Notes/aquarium_notes.txt");
-    f.touch("Data/x.Dna");
-    f.mkdir("Dirs/aquarium5.exe");
+    Fixture g;
+    g.touch("Sim/AQUARIUM5.EXE");
+    g.program("Bin/aquarium4");
+    g.touch("Notes/aquarium_notes.txt");
+    g.touch("Data/x.Dna");
+    g.mkdir("Dirs/aquarium5.exe");
     const std::tuple<const char*, const char*, bool> cases[] = {
         {"Sim", "aquarium*.EXE", true},    {"Bin", "Aquarium*.exe", !kWindows}, {"Bin", "Aquarium5*.exe", false},
         {"Data", "?.DNA", true},           {"Dirs", "aquarium*.exe", false},    {"Missing", "*.dna", false},
         {"Notes", "Aquarium*.exe", false},  // named like the simulator, but no program
     };
     for (auto [folder, pattern, found] : cases)
-        EXPECT_EQ(aq::filePatternExists(f.at(folder), pattern), found) << folder;
+        EXPECT_EQ(aq::filePatternExists(g.at(folder), pattern), found) << folder;
 }
 
 TEST(Discovery, ProgramFolderWithNothingAroundItOrReadOnly) {
@@ -106,7 +103,7 @@ TEST(Discovery, ProgramFolderWithNothingAroundItOrReadOnly) {
     EXPECT_SCRIPT_DONE(ro.ui);
 }
 
-TEST(Discovery, SimulatorFoldersAtSeveralLevels) {
+TEST(Discovery, SeveralLevelsAndTheFourPairs) {
     Fixture f("games/tools/fm");
     f.touch("games/tools/Aquarium5/Aquarium.exe");  // beside the program, one level up
     f.program("games/Aquarium/aquarium5");          // "Aquarium" needs an Aquarium5 program
@@ -117,9 +114,6 @@ TEST(Discovery, SimulatorFoldersAtSeveralLevels) {
               (Items{f.at("games/tools/fm"), f.at("games/tools/Aquarium5"), f.at("games/Aquarium")}));
     EXPECT_EQ(std::tuple(found[0], found[1], f.app.comboDrifterPathItems.size()),
               std::tuple(f.at("games/Aquarium"), f.at("games/Aquarium/Drifters"), 3u));
-}
-
-TEST(Discovery, TheFourPairs) {
     // The simulator's folder, its program, a file in it, and the drifter and pool folders that pair finds.
     const std::tuple<const char*, const char*, const char*, std::string, std::string> cases[] = {
         {"Aquarium4", "Aquarium.exe", "Drifters/a.dna", "Drifters", "Pools"},
@@ -146,7 +140,7 @@ TEST(Discovery, TheFourPairs) {
     }
 }
 
-TEST(Discovery, ProgramBesideTheSimulatorOrItsFiles) {
+TEST(Discovery, ProgramBesideTheSimulatorAndTheBoxesOwnTexts) {
     // Why, the program's folder, a file, and the simulator, drifter and pool folders found.
     const std::array<const char*, 6> cases[] = {
         {"the simulator in the program's own folder", "aq", "aq/Aquarium.exe", "aq", "aq/Drifters", "aq/Pools"},
@@ -159,9 +153,6 @@ TEST(Discovery, ProgramBesideTheSimulatorOrItsFiles) {
         f.touch(file);
         EXPECT_EQ(f.found(), (Items{f.at(simulator), f.at(drifters), f.at(pools)})) << why;
     }
-}
-
-TEST(Discovery, TheBoxesOwnTextsComeFirst) {
     Fixture f("prog");
     f.touch("mine/Aquarium4.exe");
     f.touch("dna/a.dna");

@@ -18,7 +18,7 @@ struct Fixture : aqtest::Session {
     }
 };
 
-TEST(Settings, StoreWritesEveryKeyInOrder) {
+TEST(Settings, StoreInOrderReadForgivingly) {
     Fixture f;
     for (int i = 0; i < 7; ++i) f.app.archive.lstArchive.setChecked(i, true);
     f.app.archive.chkAutoName = 1;
@@ -44,13 +44,11 @@ TEST(Settings, StoreWritesEveryKeyInOrder) {
     EXPECT_EQ(f.app.settingsText, want);
     EXPECT_FALSE(f.app.uiBusy);
     EXPECT_EQ(f.ui.yields, 1);
-}
-
-TEST(Settings, ReaderForgivesBlanksLineEndsAndGarbage) {
-    Fixture f;
-    for (int i = 0; i < 8; ++i) f.app.archive.lstArchive.setChecked(i, true);
-    f.app.archive.chkAutoName = 0, f.app.archive.chkNowName = 1;
-    f.app.settingsText =
+    // The reader forgives blanks, line ends and garbage.
+    Fixture g;
+    for (int i = 0; i < 8; ++i) g.app.archive.lstArchive.setChecked(i, true);
+    g.app.archive.chkAutoName = 0, g.app.archive.chkNowName = 1;
+    g.app.settingsText =
         "  chkAutoName.Value=1\n"
         "garbage without equals\r"
         "chkautoname.value = 0\r\n"  // keys are case-sensitive
@@ -64,21 +62,21 @@ TEST(Settings, ReaderForgivesBlanksLineEndsAndGarbage) {
         "lstArchive.Selected(x) = False\n"
         "lstArchive.Selected(1) = maybe\n"
         "lstArchive.Selected(2) = 0\n"
-        "comboDrifterPath.Text = /a=b/c\n"
+        "comboDrifterPath.Text = /read=b/c\n"
         "comboPoolPath.ListItem = /P\n"
         "comboPoolPath.ListItem = /p \n"
         "= lonely\n";
-    aq::ini(f.app, " GET ");  // the same as "Use"
-    const auto& a = f.app.archive;
-    EXPECT_EQ(std::vector<int>({a.chkAutoName, a.chkNowName, a.chkAutoBackup, a.chkDeleteOriginal}),
+    aq::ini(g.app, " GET ");  // the same as "Use"
+    const auto& read = g.app.archive;
+    EXPECT_EQ(std::vector<int>({read.chkAutoName, read.chkNowName, read.chkAutoBackup, read.chkDeleteOriginal}),
               std::vector<int>({1, 0, 0, 2}));
-    // 0 counts as False; a shorter file leaves the rest alone.
-    EXPECT_EQ(std::vector<bool>(
-                  {a.lstArchive.checked(1), a.lstArchive.checked(2), a.lstArchive.checked(5), a.lstArchive.checked(7)}),
+    // 0 counts as False; read shorter file leaves the rest alone.
+    EXPECT_EQ(std::vector<bool>({read.lstArchive.checked(1), read.lstArchive.checked(2), read.lstArchive.checked(5),
+                                 read.lstArchive.checked(7)}),
               std::vector<bool>({true, false, false, true}));
-    EXPECT_EQ(f.app.comboDrifterPath, "/a");  // "=" cuts a folder short
-    EXPECT_EQ(f.app.comboPoolPathItems, std::vector<std::string>{"/P"});
-    EXPECT_EQ(f.app.comboPoolPath, "/P");
+    EXPECT_EQ(g.app.comboDrifterPath, "/read");  // "=" cuts read folder short
+    EXPECT_EQ(g.app.comboPoolPathItems, std::vector<std::string>{"/P"});
+    EXPECT_EQ(g.app.comboPoolPath, "/P");
 }
 
 TEST(Settings, LoadKeepsTheTextWithoutSettingsAndStartupRestoresTheControls) {
