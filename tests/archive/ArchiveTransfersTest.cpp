@@ -138,7 +138,7 @@ TEST(CopyToArchive, NothingCheckedCancelledAutoNamesAndOverwrites) {
     a.run(aq::cmdCopyToArchive);
 }
 
-TEST(CopyToArchive, NumberedNamesAndTheThirdStateMoves) {
+TEST(CopyToArchive, NumberedNamesThirdStateOwnFolderAndFailures) {
     Fixture f;
     f.only({2});
     f.app.archive.chkNowName = 0;
@@ -171,30 +171,28 @@ TEST(CopyToArchive, NumberedNamesAndTheThirdStateMoves) {
     g.app.archive.chkAutoName = 1;
     g.ui.message("Moved 1 file. One of the selected source files was not found. ", "Done");
     g.run(aq::cmdCopyToArchive);
-}
-
-TEST(CopyToArchive, OwnFolderAndAFailedCopy) {
-    Fixture f;
-    f.only({4});
-    f.app.archive.chkAutoName = 0;
-    f.app.archive.chkDeleteOriginal = 1;
-    f.put(f.sim, "Pool_1.AQP", "p1");
-    const std::string live = f.sim + "/Pool_1.AQP";
-    f.ui.file("save", "Move Pool_1.AQP to:", live, "*")
+    // Into the simulator's own folder: nothing is deleted.
+    Fixture o;
+    o.only({4});
+    o.app.archive.chkAutoName = 0;
+    o.app.archive.chkDeleteOriginal = 1;
+    o.put(o.sim, "Pool_1.AQP", "p1");
+    const std::string live = o.sim + "/Pool_1.AQP";
+    o.ui.file("save", "Move Pool_1.AQP to:", live, "*")
         .ask("yesnocancel", live + kConflict, "Filename Conflict", Answer::Yes)
         .message("Copied 1 file. ", "Done");
-    f.run(aq::cmdCopyToArchive);
-    EXPECT_EQ(f.get(f.sim, "Pool_1.AQP"), "p1");
+    o.run(aq::cmdCopyToArchive);
+    EXPECT_EQ(o.get(o.sim, "Pool_1.AQP"), "p1");
     // A failed copy is shown and the command goes on.
-    Fixture g;
-    g.only({0, 4});
-    g.app.comboDrifterPath = g.dir.file("no/such/folder");
-    g.put(g.sim, "Drifter_1.DNA", "d1");
-    g.put(g.sim, "Pool_1.AQP", "p1");
-    g.ui.message("Error #76: No such file or directory", "Aquarium File Manager - Copy to Archive")
+    Fixture h;
+    h.only({0, 4});
+    h.app.comboDrifterPath = h.dir.file("no/such/folder");
+    h.put(h.sim, "Drifter_1.DNA", "d1");
+    h.put(h.sim, "Pool_1.AQP", "p1");
+    h.ui.message("Error #76: No such file or directory", "Aquarium File Manager - Copy to Archive")
         .message("Copied 1 file. Encountered 1 error. ", "Done");
-    g.run(aq::cmdCopyToArchive);
-    EXPECT_TRUE(g.has(g.pools, "Pool_" + kNow + " #1.AQP"));
+    h.run(aq::cmdCopyToArchive);
+    EXPECT_TRUE(h.has(h.pools, "Pool_" + kNow + " #1.AQP"));
 }
 
 TEST(ReplaceFromArchive, WithoutBackupAndTheFileNotFoundLoop) {

@@ -60,7 +60,7 @@ TEST(DnaFile, RoundTripsEveryByteValueAlsoFromTheCli) {
     EXPECT_EQ(run("two"), 2);
 }
 
-TEST(LoadDrifterFiles, TakesDnaFilesOfAnyCaseInNameOrder) {
+TEST(LoadDrifterFiles, AnyCaseInNameOrderAndWhatCannotBeRead) {
     DnaFixture f, one;
     f.writeDna("b.DNA", genome(2));
     f.writeDna("a.dna", genome(1));
@@ -77,25 +77,22 @@ TEST(LoadDrifterFiles, TakesDnaFilesOfAnyCaseInNameOrder) {
     one.writeDna("only.dna", genome(5));
     one.load();
     EXPECT_TRUE(!one.app.speciesPending && one.app.lstSpeciateDrifters.enabled());
-}
-
-TEST(LoadDrifterFiles, AMissingFolderOrAnUnreadableFile) {
-    DnaFixture f;
-    f.app.comboDrifterPath = f.path("missing");
-    f.ui.message("Error reading " + f.path("missing") + ", error: No such file or directory", kLoadTitle)
+    DnaFixture bad;
+    bad.app.comboDrifterPath = bad.path("missing");
+    bad.ui.message("Error reading " + bad.path("missing") + ", error: No such file or directory", kLoadTitle)
         .message("Nothing to load.  Try a different Drifter Archive path.");
-    f.run(aq::initiateLoadDrifterArchive);
-    EXPECT_FALSE(f.app.dnaLoaded);
+    bad.run(aq::initiateLoadDrifterArchive);
+    EXPECT_FALSE(bad.app.dnaLoaded);
     if (geteuid() == 0) GTEST_SKIP() << "root reads any file";
     // A file that can't be read is left out.
-    f.writeDna("a.dna", genome(1));
-    f.writeDna("b.dna", genome(2));
-    std::filesystem::permissions(f.path("a.dna"), std::filesystem::perms::none);
-    f.ui.message("Error opening a.dna, error: Permission denied", kLoadTitle);
-    f.load();
-    EXPECT_TRUE(f.ui.done()) << f.ui.report();
-    EXPECT_EQ(f.lines(), (std::vector<std::string>{"b.dna"}));
-    EXPECT_EQ(f.app.dna.dnaGenes.size(), 1u);
+    bad.writeDna("a.dna", genome(1));
+    bad.writeDna("b.dna", genome(2));
+    std::filesystem::permissions(bad.path("a.dna"), std::filesystem::perms::none);
+    bad.ui.message("Error opening a.dna, error: Permission denied", kLoadTitle);
+    bad.load();
+    EXPECT_TRUE(bad.ui.done()) << bad.ui.report();
+    EXPECT_EQ(bad.lines(), (std::vector<std::string>{"b.dna"}));
+    EXPECT_EQ(bad.app.dna.dnaGenes.size(), 1u);
 }
 
 TEST(ImportDrifters, NamesFromStemColoursAndId) {

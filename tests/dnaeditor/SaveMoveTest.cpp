@@ -133,7 +133,7 @@ TEST(SaveChangedDrifterFiles, AsksPerFileOrInBulkAndSelectedOnesAreWritten) {
     EXPECT_TRUE(f.ui.done()) << f.ui.report();
 }
 
-TEST(MoveDrifterFiles, MovesToTheArchiveAndReports) {
+TEST(MoveDrifterFiles, MovesReportsCancelledDialogsAndNameConflicts) {
     Folder f(3);
     f.tick({0, 2});
     f.edit({2});
@@ -166,6 +166,26 @@ TEST(MoveDrifterFiles, MovesToTheArchiveAndReports) {
         .message("Moved 1 file. ", "Done");
     g.move(false);
     EXPECT_EQ(std::pair(g.app.dna.dnaChanged[1], g.firstByte(g.path("dst/b.dna"))), std::pair(std::uint8_t{1}, '\x02'));
+    Folder c(3);
+    c.app.comboDrifterPath = c.path("src/");
+    c.tick({0, 1, 2});
+    aqtest::writeBytes(c.path("dst/b.dna"), "old");
+    aqtest::writeBytes(c.path("dst/c.dna"), "old");
+    auto exists = [&](const char* name, Answer a) {
+        c.ui.ask("yesnocancel", c.path(name) + " already exists.  Overwrite existing file?", "Filename Conflict", a);
+    };
+    c.ui.ask("yesnocancel", kDirectoryConflict, "Directory Conflict", Answer::Yes)
+        .file("save", "Move a.dna to:", "")  // cancelled: a.dna stays
+        .file("save", "Move b.dna to:", c.path("dst/b.dna"));
+    exists("dst/b.dna", Answer::No);
+    c.ui.file("save", "Move b.dna to:", c.path("dst/b.dna"), c.path("dst") + "|b.dna|dna|Aquarium's Drifter DNA files");
+    exists("dst/b.dna", Answer::Yes);
+    c.ui.file("save", "Move c.dna to:", c.path("dst/c.dna"));
+    exists("dst/c.dna", Answer::Cancel);
+    c.ui.message("Moved 1 file. ", "Done");
+    c.move();
+    EXPECT_EQ(c.firstBytes({"src/a.dna", "src/b.dna", "src/c.dna", "dst/b.dna"}), std::string("\x01\0\x03\x02", 4));
+    EXPECT_EQ(c.app.dna.dnaCount, 0);  // the entries go all the same
 }
 
 TEST(MoveDrifterFiles, SameFolderMissingSourcesAndNothingLoaded) {
@@ -196,29 +216,6 @@ TEST(MoveDrifterFiles, SameFolderMissingSourcesAndNothingLoaded) {
     empty.ui.failures.clear();
     empty.ui.message("No Drifter Files Loaded");
     empty.move();
-}
-
-TEST(MoveDrifterFiles, CancelledDialogAndNameConflicts) {
-    Folder f(3);
-    f.app.comboDrifterPath = f.path("src/");
-    f.tick({0, 1, 2});
-    aqtest::writeBytes(f.path("dst/b.dna"), "old");
-    aqtest::writeBytes(f.path("dst/c.dna"), "old");
-    auto exists = [&](const char* name, Answer a) {
-        f.ui.ask("yesnocancel", f.path(name) + " already exists.  Overwrite existing file?", "Filename Conflict", a);
-    };
-    f.ui.ask("yesnocancel", kDirectoryConflict, "Directory Conflict", Answer::Yes)
-        .file("save", "Move a.dna to:", "")  // cancelled: a.dna stays
-        .file("save", "Move b.dna to:", f.path("dst/b.dna"));
-    exists("dst/b.dna", Answer::No);
-    f.ui.file("save", "Move b.dna to:", f.path("dst/b.dna"), f.path("dst") + "|b.dna|dna|Aquarium's Drifter DNA files");
-    exists("dst/b.dna", Answer::Yes);
-    f.ui.file("save", "Move c.dna to:", f.path("dst/c.dna"));
-    exists("dst/c.dna", Answer::Cancel);
-    f.ui.message("Moved 1 file. ", "Done");
-    f.move();
-    EXPECT_EQ(f.firstBytes({"src/a.dna", "src/b.dna", "src/c.dna", "dst/b.dna"}), std::string("\x01\0\x03\x02", 4));
-    EXPECT_EQ(f.app.dna.dnaCount, 0);  // the entries go all the same
 }
 
 TEST(DeleteDrifterFiles, EntriesOnlyOrFilesToo) {

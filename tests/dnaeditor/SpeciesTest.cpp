@@ -21,7 +21,7 @@ struct Species : aqtest::DnaFixture {
     }
 };
 
-TEST(DrifterSpecies, PrefixesOnlyWhenTheSpeciesTellFilesApart) {
+TEST(DrifterSpecies, PrefixesAndTypedThresholds) {
     // Under 96.5% at depth 100: a difference in 4 of the first 100 genes splits.
     const aq::Genome a = genome(1), b = genome(1, {9}), c = genome(2);
     // The files, their lines and tags after the pass.
@@ -44,6 +44,20 @@ TEST(DrifterSpecies, PrefixesOnlyWhenTheSpeciesTellFilesApart) {
         for (int i = 0; i < s.app.lstSpeciateDrifters.count(); ++i) got.push_back(s.app.lstSpeciateDrifters.tag(i));
         EXPECT_EQ(got, tags);
     }
+    // A typed threshold is clamped to the scroll bar.
+    Species s({{"a.dna", genome(1)}, {"b.dna", genome(2)}});
+    for (auto [text, pos] : {std::pair{"95%", 950}, {" 12.34 ", 123}, {"101", 1000}, {"abc", 0}, {"-5", 1000}}) {
+        aq::typeDrifterSpeciesThreshold(s.app, text, 2);
+        EXPECT_TRUE(s.app.drifterThresholdTyped);
+        aq::validateDrifterSpeciesThreshold(s.app);
+        // The typed text stays as typed, the caret where it was.
+        EXPECT_EQ(std::tuple(s.app.drifterThresholdTyped, s.app.dna.scrollDrifterSpeciesThreshold.pos,
+                             s.app.dna.thresholdText, s.app.dna.thresholdCaret),
+                  std::tuple(false, pos, text, 2));
+    }
+    s.app.uiBusy = true;
+    aq::validateDrifterSpeciesThreshold(s.app);
+    EXPECT_TRUE(s.app.drifterThresholdTyped);  // the next sweep retries
 }
 
 TEST(DrifterSpecies, ANewThresholdOrAReloadReworksThePass) {
@@ -67,22 +81,6 @@ TEST(DrifterSpecies, ANewThresholdOrAReloadReworksThePass) {
     EXPECT_FALSE(r.app.dna.gene.VsGeneValue.visible || r.app.dna.gene.VsGeneRange.visible);
     aq::speciateDrifterList(r.app);  // from the first file, not from where the old pass stopped
     EXPECT_EQ(r.lines(), (std::vector<std::string>{"{0}, a.dna", "{0}, b.dna", "{1}, c.dna"}));
-}
-
-TEST(DrifterSpecies, TypedThresholdIsClampedToTheScrollbar) {
-    Species s({{"a.dna", genome(1)}, {"b.dna", genome(2)}});
-    for (auto [text, pos] : {std::pair{"95%", 950}, {" 12.34 ", 123}, {"101", 1000}, {"abc", 0}, {"-5", 1000}}) {
-        aq::typeDrifterSpeciesThreshold(s.app, text, 2);
-        EXPECT_TRUE(s.app.drifterThresholdTyped);
-        aq::validateDrifterSpeciesThreshold(s.app);
-        // The typed text stays as typed, the caret where it was.
-        EXPECT_EQ(std::tuple(s.app.drifterThresholdTyped, s.app.dna.scrollDrifterSpeciesThreshold.pos,
-                             s.app.dna.thresholdText, s.app.dna.thresholdCaret),
-                  std::tuple(false, pos, text, 2));
-    }
-    s.app.uiBusy = true;
-    aq::validateDrifterSpeciesThreshold(s.app);
-    EXPECT_TRUE(s.app.drifterThresholdTyped);  // the next sweep retries
 }
 
 TEST(DrifterSpecies, GroupTicksSpreadByMode) {

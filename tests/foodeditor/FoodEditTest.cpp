@@ -47,7 +47,7 @@ struct FoodTab : Session {
 
 }  // namespace
 
-TEST(FoodList, LinesFollowThePoolAndKeepTicks) {
+TEST(FoodList, LinesAndTypedThresholds) {
     const std::pair<FoodBit, const char*> lines[] = {
         {bit(255, 0, 0), "{FF} Food bit @ 0X, 0Y. "},
         {bit(10, 507.5f, -0.25f), "{A} Food bit @ 507.5X, -.25Y. "},
@@ -68,6 +68,26 @@ TEST(FoodList, LinesFollowThePoolAndKeepTicks) {
     populateFoodList(t.app);
     EXPECT_EQ(t.app.lstPoolFood.count(), 0);
     EXPECT_FALSE(t.app.uiBusy);
+    // Typed thresholds: the text stays while typing, then takes its plain form.
+    const std::tuple<const char*, int, float, const char*> typedCases[] = {
+        {"95%", 950, 95.0f, " 95"},   {" 95 ", 950, 95.0f, " 95"},    {"abc", 0, 0.0f, " 0"},
+        {"-5", 1000, 100.0f, " 100"}, {"12.34", 123, 12.3f, " 12.3"},
+    };
+    for (auto [typed, position, threshold, canonical] : typedCases) {
+        Session s;
+        MultiTask task;
+        auto sweep = [&] {
+            for (int t = 0; t < 6; ++t) tmrMultiTaskTick(s.app, task, {true, false});
+        };
+        typeFoodThreshold(s.app, typed);
+        sweep();
+        EXPECT_EQ(std::tuple(s.app.scrollFoodThreshold, s.app.txtFoodThreshold), std::tuple(position, typed)) << typed;
+        EXPECT_FLOAT_EQ(s.app.foodThreshold, threshold) << typed;  // still typing: the text is left alone
+        typeFoodThreshold(s.app, typed);
+        s.clock.advance(6);
+        sweep();
+        EXPECT_EQ(s.app.txtFoodThreshold, canonical) << typed;
+    }
 }
 
 TEST(FoodGroup, ATickSpreadsByMode) {
@@ -104,28 +124,6 @@ TEST(FoodGroup, ATickSpreadsByMode) {
     EXPECT_EQ(t.app.SliderFoodWidth.value, 20);  // the sliders follow
     t.app.lstPoolFood.setChecked(0, false);      // a change by the program does not spread
     EXPECT_EQ(t.ticks(), (std::vector<bool>{false, true, true}));
-}
-
-TEST(FoodThreshold, TypedTexts) {
-    const std::tuple<const char*, int, float, const char*> cases[] = {
-        {"95%", 950, 95.0f, " 95"},   {" 95 ", 950, 95.0f, " 95"},    {"abc", 0, 0.0f, " 0"},
-        {"-5", 1000, 100.0f, " 100"}, {"12.34", 123, 12.3f, " 12.3"},
-    };
-    for (auto [typed, position, threshold, canonical] : cases) {
-        Session s;
-        MultiTask task;
-        auto sweep = [&] {
-            for (int t = 0; t < 6; ++t) tmrMultiTaskTick(s.app, task, {true, false});
-        };
-        typeFoodThreshold(s.app, typed);
-        sweep();
-        EXPECT_EQ(std::tuple(s.app.scrollFoodThreshold, s.app.txtFoodThreshold), std::tuple(position, typed)) << typed;
-        EXPECT_FLOAT_EQ(s.app.foodThreshold, threshold) << typed;  // still typing: the text is left alone
-        typeFoodThreshold(s.app, typed);
-        s.clock.advance(6);
-        sweep();
-        EXPECT_EQ(s.app.txtFoodThreshold, canonical) << typed;
-    }
 }
 
 TEST(FoodBox, SlidersMovesAndStretches) {

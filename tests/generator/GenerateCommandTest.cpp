@@ -102,7 +102,7 @@ TEST(GenerateCommand, TheChangedPoolIsSavedFirstOrKept) {
     }
 }
 
-TEST(CliGenerate, WritesTheSamePoolAsTheTab) {
+TEST(CliGenerate, GenerateAndFood) {
     aqtest::TempDir dir;
     const std::string out = dir.file("new.aqp");
     const std::tuple<std::string, StartupSettings, std::uint32_t> cases[] = {
@@ -118,15 +118,13 @@ TEST(CliGenerate, WritesTheSamePoolAsTheTab) {
         aq::buildStartupPool(aqtest::defaultPool(), s, pool);
         EXPECT_EQ(aqtest::readBytes(out), aq::poolBytes(pool)) << args;
     }
-}
-
-TEST(CliFood, PrintsOneLinePerFoodBitWithItsTrailingBlank) {
-    aqtest::TempDir dir;
-    const std::string path = dir.file("default.aqp");
+    // aqfm food: one line per food bit, with its trailing blank.
+    aqtest::TempDir foodDir;
+    const std::string path = foodDir.file("default.aqp");
     ASSERT_EQ(aqtest::runCli("default -o " + path).status, 0);
-    aqtest::CliResult r = aqtest::runCli("food " + path);
-    EXPECT_EQ(r.status, 0);
-    EXPECT_EQ(r.out,
+    aqtest::CliResult food = aqtest::runCli("food " + path);
+    EXPECT_EQ(food.status, 0);
+    EXPECT_EQ(food.out,
               "{0} Food bit @ 100X, 0Y. \n{1} Food bit @ 50X, 86.60254Y. \n{2} Food bit @ -50X, 86.60254Y. \n"
               "{3} Food bit @ -100X, 5.358979E-06Y. \n{4} Food bit @ -50.00001X, -86.60254Y. \n"
               "{5} Food bit @ 49.99999X, -86.60255Y. \n");

@@ -157,7 +157,7 @@ TEST(GenerateStartupPool, CopiedDriftersKeepEveryByteTheStepsDontName) {
     }
 }
 
-TEST(GenerateStartupPool, PeripheralPlacementKeepsToTheEdges) {
+TEST(GenerateStartupPool, PeripheralPlacementAndDoubleWalls) {
     aq::Pool p = build(settings(5, 1, 4, 2));
     // Drifter 0: top edge, left end, pulled in by (8000 - e) * 0.9 / 8000; then the left and right edges.
     const float e = static_cast<float>(2000.0 / 240 + 0.25);
@@ -168,6 +168,23 @@ TEST(GenerateStartupPool, PeripheralPlacementKeepsToTheEdges) {
     EXPECT_NEAR(p.drifters[4].y, edge, 1e-2);     // and round again
     // Food: the same edges at 0.7.
     EXPECT_EQ(std::make_pair(p.food[0].x, p.food[0].y), std::make_pair(-2800.0f, 2800.0f));
+    // Double walls are turned half round.
+    const aq::GreatWall* kinds = base().walls;
+    for (int placement : {0, 2}) {
+        for (bool split : {false, true}) {
+            aq::Pool p = build(settings(1, 1, 2, 1, placement, split));
+            const aq::GreatWall &a = p.walls[0], &b = p.walls[1];
+            const aq::GreatWall& kind = kinds[placement == 0 ? 0 : 1];  // both copy one default wall
+            SCOPED_TRACE(testing::Message() << "placement " << placement << " split " << split);
+            EXPECT_EQ(std::vector<double>({b.left, b.right, b.bottom, b.top}),
+                      std::vector<double>({-a.right, -a.left, -a.top, -a.bottom}));
+            EXPECT_EQ(std::pair(a.orientation, b.orientation), std::pair(kind.orientation, kind.orientation));
+        }
+    }
+    aq::Pool vertical = build(settings(1, 1, 2, 1, 0));
+    EXPECT_EQ(std::vector<double>(
+                  {vertical.walls[0].left, vertical.walls[0].right, vertical.walls[1].left, vertical.walls[1].bottom}),
+              std::vector<double>({-kinds[0].right, -kinds[0].left, kinds[0].left, -kinds[0].top}));
 }
 
 TEST(GenerateStartupPool, SplitPoolSpreadsOverEightSectorsAndBuildsWalls) {
@@ -192,25 +209,6 @@ TEST(GenerateStartupPool, SplitPoolSpreadsOverEightSectorsAndBuildsWalls) {
     // Peripheral food moves on a sector every fourth bit: bits 0-3 top right, 4-7 right.
     aq::Pool q = build(settings(1, 1, 4, 1, 1, true));
     for (int i = 0; i < 8; ++i) EXPECT_LE(std::abs(q.food[i].y - (i < 4 ? 2400 : 0)), 1120) << i;
-}
-
-TEST(GenerateStartupPool, DoubleWallsAreTurnedHalfRound) {
-    const aq::GreatWall* d = base().walls;
-    for (int placement : {0, 2}) {
-        for (bool split : {false, true}) {
-            aq::Pool p = build(settings(1, 1, 2, 1, placement, split));
-            const aq::GreatWall &a = p.walls[0], &b = p.walls[1];
-            const aq::GreatWall& kind = d[placement == 0 ? 0 : 1];  // both copy one default wall
-            SCOPED_TRACE(testing::Message() << "placement " << placement << " split " << split);
-            EXPECT_EQ(std::vector<double>({b.left, b.right, b.bottom, b.top}),
-                      std::vector<double>({-a.right, -a.left, -a.top, -a.bottom}));
-            EXPECT_EQ(std::pair(a.orientation, b.orientation), std::pair(kind.orientation, kind.orientation));
-        }
-    }
-    aq::Pool vertical = build(settings(1, 1, 2, 1, 0));
-    EXPECT_EQ(std::vector<double>(
-                  {vertical.walls[0].left, vertical.walls[0].right, vertical.walls[1].left, vertical.walls[1].bottom}),
-              std::vector<double>({-d[0].right, -d[0].left, d[0].left, -d[0].top}));
 }
 
 TEST(ResetDrifter, MakesANewbornAtTheOriginAndKeepsTheRest) {
@@ -284,7 +282,7 @@ TEST(RandomStream, TheStreamAndRandomizeSettings) {
     }
 }
 
-TEST(SeedValue, TheSeedBoxAndItsButtons) {
+TEST(SeedValue, TheSeedBoxItsButtonsAndTheHelpLine) {
     std::vector<double> values;
     std::vector<std::int32_t> seeds;
     for (const char* text :
@@ -306,9 +304,6 @@ TEST(SeedValue, TheSeedBoxAndItsButtons) {
     for (const char* text : {"17", "0", "5", "0"}) clicks += zero.click(text) + " ";
     for (const char* text : {"0", "0"}) clicks += fresh.click(text) + " ";
     EXPECT_EQ(clicks, "0 17 0 5 0 0 ");
-}
-
-TEST(StartupHelp, EachControlHasItsText) {
     EXPECT_EQ(aq::startupHelpText("cmdRewSeed"), aq::startupHelpText("cmdFfSeed"));
     EXPECT_EQ(aq::startupHelpText("cmdFfSeed"),
               "The seed number can by typed in directly or adjusted using the buttons provided just below the "

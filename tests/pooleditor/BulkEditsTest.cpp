@@ -128,7 +128,7 @@ TEST(DrifterBox, MovingAndStretchingCarryWholeBodiesAndLeaveThePoolUnchanged) {
         std::tuple(4000, -2000, false));
 }
 
-TEST(BulkEdits, KillReviveAndTheirLines) {
+TEST(BulkEdits, KillReviveAndFeed) {
     DrifterRec dead = bodyAt(1, 0, 0);
     dead.alive = 0;
     Editor e({bodyAt(0, 0, 0), dead, bodyAt(2, 0, 0)});
@@ -143,9 +143,6 @@ TEST(BulkEdits, KillReviveAndTheirLines) {
     // All alive, the revived one with the energy it had.
     EXPECT_EQ(std::tuple(e.d(0).alive + e.d(1).alive + e.d(2).alive, e.d(1).energy), std::tuple(3, 0.0f));
     EXPECT_EQ(e.app.lstSpeciatePool.text(1).rfind("Dead, ", 0), std::string::npos);
-}
-
-TEST(BulkEdits, FeedingBudget) {
     // Food bits in the pool, the drifters' energies, the ticked rows, the energies after.
     const std::tuple<const char*, int, std::vector<float>, std::vector<int>, std::vector<float>> cases[] = {
         {"a full pool still gives 50 / n", 4000, {10, 10, 10, 10}, {0, 1, 2, 3}, {22.5f, 22.5f, 22.5f, 22.5f}},

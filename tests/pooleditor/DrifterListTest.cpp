@@ -8,13 +8,6 @@
 using namespace aq;
 using namespace aqtest;
 
-TEST(NumberText, WritesNumbersAsTheListsShowThem) {
-    std::string all;
-    for (float v : {-0.0f, 0.5f, -0.25f, 46.31878f, 150000.0f, 5.358979e-06f, 12345678.0f}) all += NumberText(v) + " ";
-    EXPECT_EQ(all, "0 .5 -.25 46.31878 150000 5.358979E-06 1.234568E+07 ");
-    EXPECT_EQ(RoundedText(2.5f) + RoundedText(3.5f) + RoundedText(-84.5f), "24-84");
-}
-
 TEST(DrifterList, LineTexts) {
     Pool p = defaultPool();
     DrifterRec dead = p.drifters[35], two = makeDrifter(7, 3, 4), multi = makeDrifter(1, 6);
@@ -38,6 +31,11 @@ TEST(DrifterList, LineTexts) {
     EXPECT_EQ(DrifterLineText(multi).substr(0, 11), "Multicolor ");
     multi.segments[4].color = multi.segments[5].color = 0;
     EXPECT_EQ(DrifterLineText(multi).substr(0, 11), "four-color ");
+    // Numbers as the lists show them.
+    std::string all;
+    for (float v : {-0.0f, 0.5f, -0.25f, 46.31878f, 150000.0f, 5.358979e-06f, 12345678.0f}) all += NumberText(v) + " ";
+    EXPECT_EQ(all, "0 .5 -.25 46.31878 150000 5.358979E-06 1.234568E+07 ");
+    EXPECT_EQ(RoundedText(2.5f) + RoundedText(3.5f) + RoundedText(-84.5f), "24-84");
 }
 
 TEST(DrifterList, PopulateKeepsTicksAndTagsByPositionAndShrinks) {

@@ -121,7 +121,7 @@ TEST(GroupCriteria, TheDocumentedExamplesAndMeasures) {
     EXPECT_EQ(poolGroup0Items()[13], "same total segemt lenth or higher.");
 }
 
-TEST(GroupSelection, LocalAndExtendedSpeciesTickAndUntickTheirSets) {
+TEST(GroupSelection, SpeciesSetsAndOperatorsLeftToRight) {
     Sentence s;
     s.app.lstSpeciatePool.userCheck(4, true);
     EXPECT_EQ(s.ticked(), (std::vector<int>{3, 4, 5}));
@@ -137,9 +137,7 @@ TEST(GroupSelection, LocalAndExtendedSpeciesTickAndUntickTheirSets) {
     EXPECT_EQ(x.ticked(), (std::vector<int>{5}));
     x.app.lstSpeciatePool.userCheck(0, true);
     EXPECT_EQ(x.ticked(), (std::vector<int>{0, 1, 2, 3, 4, 5}));
-}
-
-TEST(GroupSelection, OperatorsLeftToRight) {
+    // The sentence's operators apply left to right.
     // The indices of controls 1, 2, ...; the rows ticked by a tick on row 0.
     const std::tuple<const char*, std::vector<int>, std::vector<int>> cases[] = {
         {"And: same genes and same base colour", {1, 5}, {0, 2}},

@@ -31,7 +31,7 @@ struct Editor : PoolEditor {
 
 }  // namespace
 
-TEST(Similarity, ThresholdsAtBothDepths) {
+TEST(Similarity, ThresholdsAtBothDepthsAndAPlainByteCount) {
     // Equal genes in every hundred (so depth 1000 sees ten times as many), threshold, depth, similar.
     const std::tuple<int, float, int, bool> cases[] = {
         {96, 96.5f, 100, true},   {95, 96.5f, 100, false},   {44, 44.4f, 100, true},    {43, 44.4f, 100, false},
@@ -56,10 +56,7 @@ TEST(Similarity, ThresholdsAtBothDepths) {
     EXPECT_TRUE(GenomesSimilar(zeros.data(), zeros.data(), 100.0f, 1000));
     EXPECT_TRUE(GenomesSimilar(zeros.data(), ones.data(), 0.04f, 1000));  // need 0
     EXPECT_FALSE(GenomesSimilar(zeros.data(), ones.data(), 0.1f, 1000));
-}
-
-// The fast scan against a byte-by-byte count over random genomes with planted matches.
-TEST(Similarity, AgreesWithAPlainByteCount) {
+    // The fast scan against a byte-by-byte count over random genomes with planted matches.
     const unsigned seed = 20261123;
     std::mt19937 rng(seed);
     std::uniform_int_distribution<int> byte(0, 255), share(0, 1000);
@@ -87,7 +84,7 @@ TEST(Similarity, AgreesWithAPlainByteCount) {
     }
 }
 
-TEST(SpeciesPass, TheDefaultPoolAtBothDepths) {
+TEST(SpeciesPass, TheDefaultPoolAtBothDepthsAndInSlices) {
     // Depth, threshold position, species count, the first tags.
     const std::tuple<int, int, int, std::vector<std::int32_t>> cases[] = {
         {100, 444, 25, {0, 0, 0, 0, 0, 1, 2, 2, 2, 2, 2, 2, 2, 3, 4, 5, 6, 7, 8, 9}},
@@ -109,9 +106,6 @@ TEST(SpeciesPass, TheDefaultPoolAtBothDepths) {
         EXPECT_TRUE(e.app.lstSpeciatePool.enabled() && e.app.lstSpeciatePool.visible());
         EXPECT_FALSE(e.app.poolPassRunning || e.app.PoolProgressBar1.visible || e.app.uiBusy);
     }
-}
-
-TEST(SpeciesPass, SlicesGiveTheTagsOfOnePass) {
     Editor whole(defaultPool(), 1000), sliced(defaultPool(), 1000), late(defaultPool());
     EXPECT_EQ(whole.finish(), 1);
     sliced.clock.step = 0.7;  // three readings fill a slice

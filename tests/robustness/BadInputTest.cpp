@@ -123,10 +123,8 @@ TEST(BadInput, VersionsCountsFoldersAndLockedFilesGetTheirMessage) {
     struct Case {
         std::string name, bytes, says;
     } cases[] = {
-        {"v0", with(0, 0), notAq},
         {"v3", with(0, 3), notAq},
         {"v6", with(0, 6), notAq},
-        {"v-big", with(0, 0x04000000), notAq},
         {"v-4", with(0, -4), notAq},
         {"empty", "", truncated + "the header needs 12 bytes, 0 remain"},
         {"in-drifter", good.substr(0, 16 + 4016 + 100), truncated + "3 drifters need 12048 bytes, 4116 remain"},
@@ -135,12 +133,10 @@ TEST(BadInput, VersionsCountsFoldersAndLockedFilesGetTheirMessage) {
         // The bytes are there, but a 16-bit counter could never walk them.
         {"food-32768", manyFood, claims + "32768 food bits" + hold},
         {"trailer", good.substr(0, good.size() - 1), truncated + "the world block needs 32280 bytes, 32279 remain"},
-        {"million-drifters", with(12, 1 << 20), claims + "1048576 drifters" + hold},
         {"drifters-32767", with(12, 32767), truncated + "32767 drifters need ..."},
         {"more-drifters", with(12, 4), "error: ..."},
         {"million-food", with(foodCount, 1 << 20), claims + "..."},
         {"more-food", with(foodCount, 3), truncated + "..."},
-        {"huge-food", with(foodCount, 2147483647), claims + "..."},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);

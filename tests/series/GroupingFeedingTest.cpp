@@ -141,7 +141,14 @@ TEST(Grouping, SimilarityChainAndThePrompt) {
     }
 }
 
-TEST(Feeding, ColorPrompts) {
+aq::DrifterRec colored(std::vector<int> colors, float x = 0, float y = 0, float energy = 40) {
+    aq::DrifterRec d = makeDrifter(0, static_cast<int>(colors.size()), 0, x, y);
+    for (std::size_t s = 0; s < colors.size(); ++s) d.segments[s].color = colors[s];
+    d.energy = energy;
+    return d;
+}
+
+TEST(Feeding, ColorPromptsAndGifts) {
     // The answers to the colour and the mode prompt ("-": none), the feed mode before; the check,
     // caption, colour and mode after.
     const std::tuple<std::string, int, std::string, bool, std::string, int, int> cases[] = {
@@ -176,17 +183,7 @@ TEST(Feeding, ColorPrompts) {
         EXPECT_EQ(r.app.feedColor, color) << colorAnswer;
         EXPECT_EQ(r.app.feedMode, mode) << colorAnswer;
     }
-}
-
-aq::DrifterRec colored(std::vector<int> colors, float x = 0, float y = 0, float energy = 40) {
-    aq::DrifterRec d = makeDrifter(0, static_cast<int>(colors.size()), 0, x, y);
-    for (std::size_t s = 0; s < colors.size(); ++s) d.segments[s].color = colors[s];
-    d.energy = energy;
-    return d;
-}
-
-TEST(Feeding, FeedByColorAndFeedPoolGifts) {
-    const std::tuple<const char*, aq::DrifterRec, int, float> cases[] = {
+    const std::tuple<const char*, aq::DrifterRec, int, float> byColor[] = {
         {"mode 0, all red", colored({0, 0}), 0, 90},        {"mode 0, red and blue", colored({0, 4}), 0, 40},
         {"mode 1 as mode 2", colored({4, 0}), 1, 90},       {"mode 2, one red part", colored({4, 4, 0}), 2, 90},
         {"mode 2, no red", colored({4, 4}), 2, 40},         {"mode 3, partly red", colored({4, 0}), 3, 90},
@@ -196,7 +193,7 @@ TEST(Feeding, FeedByColorAndFeedPoolGifts) {
         {"beyond 4100", colored({0}, -3000, -3000), 2, 65}, {"at 3870, 0", colored({0}, 3870, 0), 2, 90},
         {"at 0, 3870", colored({0}, 0, 3870), 2, 90},
     };
-    for (const auto& [what, d, mode, energy] : cases) {
+    for (const auto& [what, d, mode, energy] : byColor) {
         aq::Pool p = poolOf({d});
         aq::feedByColor(p, 0, mode);
         EXPECT_FLOAT_EQ(p.drifters[0].energy, energy) << what;

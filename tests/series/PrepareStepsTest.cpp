@@ -51,7 +51,7 @@ TEST(PrepareSteps, DrainAndYouthByDistance) {
     }
 }
 
-TEST(PrepareSteps, GravityFactorKeepsTheBody) {
+TEST(PrepareSteps, GravityAndAnEmptyPool) {
     for (auto [percent, factor] : {std::pair{10.0f, 0.9f}, {100.0f, 0.0f}, {150.0f, 0.5f}, {0.0f, 0.0f}}) {
         aq::Pool p = numbered({at(1000, -2000)});
         p.drifters[0].prevX = 1010;
@@ -72,6 +72,16 @@ TEST(PrepareSteps, GravityFactorKeepsTheBody) {
     aq::gravitateToCenter(p, 50, false, true);
     EXPECT_FLOAT_EQ(p.drifters[0].x, 1000);
     EXPECT_FLOAT_EQ(p.food[0].x, 200);
+    // An empty pool passes every step.
+    aq::Pool empty = makePool(0, 0);
+    for (auto step : std::vector<std::function<void(aq::Pool&)>>{
+             aq::markStillborns, aq::restoreYouth, aq::drainEdgeEnergy, aq::halveAges, aq::applyPlague,
+             [](aq::Pool& q) { aq::ensureMinimumDrifters(q, 1); }, [](aq::Pool& q) { aq::limitLiveDrifters(q, 1); },
+             [](aq::Pool& q) { aq::deleteDeadDrifters(q); }, [](aq::Pool& q) { aq::sortDrifters(q); },
+             [](aq::Pool& q) { aq::prepareHarvest(q, 2500); }, [](aq::Pool& q) { aq::deleteStarters(q, 0); }})
+        step(empty);
+    EXPECT_EQ(empty.drifterCount, 0);
+    EXPECT_EQ(empty.foodCount, 0);
 }
 
 TEST(PrepareSteps, PrepareHarvestShrinksTheCircleForSmallPools) {
@@ -218,18 +228,6 @@ TEST(PrepareSteps, SortLimitsCountingAndStarters) {
     aq::resetCounters(c, false, true, true);
     EXPECT_EQ(c.drifters[0].mealsEaten, 3);
     EXPECT_EQ(c.drifters[0].maternalOffspring + c.drifters[0].paternalOffspring, 0);
-}
-
-TEST(PrepareSteps, EmptyPoolPassesEveryStep) {
-    aq::Pool p = makePool(0, 0);
-    for (auto step : std::vector<std::function<void(aq::Pool&)>>{
-             aq::markStillborns, aq::restoreYouth, aq::drainEdgeEnergy, aq::halveAges, aq::applyPlague,
-             [](aq::Pool& q) { aq::ensureMinimumDrifters(q, 1); }, [](aq::Pool& q) { aq::limitLiveDrifters(q, 1); },
-             [](aq::Pool& q) { aq::deleteDeadDrifters(q); }, [](aq::Pool& q) { aq::sortDrifters(q); },
-             [](aq::Pool& q) { aq::prepareHarvest(q, 2500); }, [](aq::Pool& q) { aq::deleteStarters(q, 0); }})
-        step(p);
-    EXPECT_EQ(p.drifterCount, 0);
-    EXPECT_EQ(p.foodCount, 0);
 }
 
 // Drifters of one body plan; `length` sets the length class of the full key.

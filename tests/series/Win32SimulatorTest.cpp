@@ -66,7 +66,7 @@ public:
 
 }  // namespace
 
-TEST(Win32Simulator, FindsTheWindowByClassOrDownTheZOrderOnly) {
+TEST(Win32Simulator, FindsTheWindowStartsAndCloses) {
     // The windows top first, the active one; the window found and the steps down the Z order taken.
     const std::tuple<const char*, std::vector<FakeWindow>, std::uint32_t, std::uint32_t, int> rows[] = {
         {"class hit owned by the process", {{10, 5, -1}, {20, 77, 0}}, 10, 20, 0},
@@ -84,16 +84,14 @@ TEST(Win32Simulator, FindsTheWindowByClassOrDownTheZOrderOnly) {
         EXPECT_EQ(sim.findWindow(77), found) << what;
         EXPECT_EQ(api.getWindowCalls, steps) << what;
     }
-}
-
-TEST(Win32Simulator, StartsWithThePathAsCommandLineAndClosesWithWmClose) {
-    FakeWin32 api;
-    aq::Win32Simulator sim(api);
-    EXPECT_EQ(sim.start("C:\\Sim\\Aquarium5.exe", "C:\\Prog"), 0u);
-    EXPECT_EQ(sim.start("C:\\Sim\\Aquarium.exe", "C:\\Prog"), 77u);
-    sim.close(20);
-    EXPECT_EQ(api.log, (std::vector<std::string>{"create C:\\Sim\\Aquarium5.exe in C:\\Prog",
-                                                 "create C:\\Sim\\Aquarium.exe in C:\\Prog", "send 20 16 0 0"}));
+    // Starting takes the path as the command line; closing sends WM_CLOSE.
+    FakeWin32 calls;
+    aq::Win32Simulator simulator(calls);
+    EXPECT_EQ(simulator.start("C:\\Sim\\Aquarium5.exe", "C:\\Prog"), 0u);
+    EXPECT_EQ(simulator.start("C:\\Sim\\Aquarium.exe", "C:\\Prog"), 77u);
+    simulator.close(20);
+    EXPECT_EQ(calls.log, (std::vector<std::string>{"create C:\\Sim\\Aquarium5.exe in C:\\Prog",
+                                                   "create C:\\Sim\\Aquarium.exe in C:\\Prog", "send 20 16 0 0"}));
 }
 
 #ifndef _WIN32
@@ -120,7 +118,7 @@ TEST(Win32Simulator, WindowsProgramWithoutWineSaysHowToGetIt) {
     EXPECT_TRUE(r.ui.done()) << r.ui.report();
 }
 
-TEST(WineBroker, RequestsGoThroughTheBrokerAndItsAnswersComeBack) {
+TEST(WineBroker, RequestsAndAnswersAndAWineThatIsNoProgram) {
     TempDir dir;
     const std::string log = dir.file("requests");
     writeBytes(dir.file("wine"),
@@ -142,17 +140,14 @@ TEST(WineBroker, RequestsGoThroughTheBrokerAndItsAnswersComeBack) {
     EXPECT_EQ(requests.substr(0, requests.find('\n')), "create\t/sim/Aquarium.exe\t/prog");
     EXPECT_NE(requests.find("owner\t77\n"), std::string::npos);
     EXPECT_TRUE(requests.ends_with("send\t77\t16\t0\t0\n")) << requests;  // WM_CLOSE
-}
-
-// A "wine" that is no program counts as no Wine, and closes no descriptor of ours.
-TEST(WineBroker, AWineThatIsNoProgramIsNoWine) {
-    TempDir dir;
-    writeBytes(dir.file("wine"), "not a program");
-    EnvVar wine("WINE", dir.file("wine"));
-    aq::WineSimulator sim;
-    EXPECT_EQ(sim.start("/sim/Aquarium.exe", "/prog"), 0u);
-    EXPECT_NE(sim.startProblem().find("Wine was not found"), std::string::npos);
-    EXPECT_EQ(sim.findWindow(1), 0u);
+    // A "wine" that is no program counts as no Wine, and closes no descriptor of ours.
+    TempDir noWine;
+    writeBytes(noWine.file("fake"), "not a program");
+    EnvVar fake("WINE", noWine.file("fake"));
+    aq::WineSimulator none;
+    EXPECT_EQ(none.start("/none/Aquarium.exe", "/prog"), 0u);
+    EXPECT_NE(none.startProblem().find("Wine was not found"), std::string::npos);
+    EXPECT_EQ(none.findWindow(1), 0u);
     EXPECT_NE(::fcntl(STDOUT_FILENO, F_GETFD), -1);
 }
 

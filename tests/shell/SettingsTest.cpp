@@ -79,7 +79,7 @@ TEST(Settings, StoreInOrderReadForgivingly) {
     EXPECT_EQ(g.app.comboPoolPath, "/P");
 }
 
-TEST(Settings, LoadKeepsTheTextWithoutSettingsAndStartupRestoresTheControls) {
+TEST(Settings, LoadStartupAndFileErrors) {
     Fixture f;
     f.app.settingsText = "chkAutoName.Value = 1\r\n";
     aq::ini(f.app, "Load");  // no file
@@ -105,29 +105,28 @@ TEST(Settings, LoadKeepsTheTextWithoutSettingsAndStartupRestoresTheControls) {
     EXPECT_TRUE(!g.app.archive.lstArchive.checked(0) && g.app.archive.lstArchive.checked(1));
     // The file does not name chkDeleteOriginal: its third state stays.
     EXPECT_EQ(std::pair(g.app.archive.chkNowName, g.app.archive.chkDeleteOriginal), std::pair(0, 2));
-}
-
-TEST(Settings, FileErrorsAreShownInTheProgramsWords) {
-    Fixture f;
-    std::filesystem::create_directory(f.iniPath());  // a folder where the file should be
-    f.ui.message("Error opening " + f.iniPath() + ", error: Is a directory", "Aquarium File Manager - Load File");
-    aq::ini(f.app, "Load");
-    EXPECT_SCRIPT_DONE(f.ui);
+    // File errors are shown in the program's words.
+    Fixture err;
+    std::filesystem::create_directory(err.iniPath());  // a folder where the file should be
+    err.ui.message("Error opening " + err.iniPath() + ", error: Is a directory", "Aquarium File Manager - Load File");
+    aq::ini(err.app, "Load");
+    EXPECT_SCRIPT_DONE(err.ui);
 #ifndef _WIN32
-    std::filesystem::remove(f.iniPath());
-    ASSERT_EQ(::mkfifo(f.iniPath().c_str(), 0644), 0);  // nothing may wait for a writer
-    f.ui.message("Error opening " + f.iniPath() + ", error: Not a regular file", "Aquarium File Manager - Load File");
-    aq::ini(f.app, "Load");
-    EXPECT_SCRIPT_DONE(f.ui);
-    std::filesystem::remove(f.iniPath());
-    std::filesystem::create_directory(f.iniPath());
+    std::filesystem::remove(err.iniPath());
+    ASSERT_EQ(::mkfifo(err.iniPath().c_str(), 0644), 0);  // nothing may wait for a writer
+    err.ui.message("Error opening " + err.iniPath() + ", error: Not a regular file",
+                   "Aquarium File Manager - Load File");
+    aq::ini(err.app, "Load");
+    EXPECT_SCRIPT_DONE(err.ui);
+    std::filesystem::remove(err.iniPath());
+    std::filesystem::create_directory(err.iniPath());
 #endif
-    f.app.settingsText = "x = 1";
-    f.ui.script.push_back({"message", "Aquarium File Manager - Save Text File", "*"});
-    aq::ini(f.app, "Save");
-    ASSERT_FALSE(f.ui.seen.empty());
-    EXPECT_EQ(f.ui.seen.back().text.rfind("Error opening " + f.iniPath() + ", error: ", 0), 0u);
-    EXPECT_EQ(f.ui.waitDepth, 0);
+    err.app.settingsText = "x = 1";
+    err.ui.script.push_back({"message", "Aquarium File Manager - Save Text File", "*"});
+    aq::ini(err.app, "Save");
+    ASSERT_FALSE(err.ui.seen.empty());
+    EXPECT_EQ(err.ui.seen.back().text.rfind("Error opening " + err.iniPath() + ", error: ", 0), 0u);
+    EXPECT_EQ(err.ui.waitDepth, 0);
 }
 
 }  // namespace
