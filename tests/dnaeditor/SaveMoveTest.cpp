@@ -188,7 +188,7 @@ TEST(MoveDrifterFiles, MovesReportsCancelledDialogsAndNameConflicts) {
     EXPECT_EQ(c.app.dna.dnaCount, 0);  // the entries go all the same
 }
 
-TEST(MoveDrifterFiles, SameFolderMissingSourcesAndNothingLoaded) {
+TEST(MoveDrifterFiles, SameFolderMissingSourcesNothingLoadedAndFailedCopies) {
     Folder f(3);
     f.app.comboDrifterPath = f.path("src");
     f.tick({0, 1, 2});
@@ -216,6 +216,29 @@ TEST(MoveDrifterFiles, SameFolderMissingSourcesAndNothingLoaded) {
     empty.ui.failures.clear();
     empty.ui.message("No Drifter Files Loaded");
     empty.move();
+    const std::string failTitle = "Aquarium File Manager - Delete or Move Selected Drifter Files";
+    // The error, the bytes written before the disk fills up (or -1), whether the target folder refuses files.
+    const std::tuple<const char*, long long, bool> cases[] = {{"Error #28: No space left on device", 0, false},
+                                                              {"Error #28: No space left on device", 999, false},
+                                                              {"Error #13: Permission denied", -1, true}};
+    for (auto [error, failAfter, refuse] : cases) {
+        SCOPED_TRACE(error);
+        Folder f(2);
+        f.tick({0, 1});
+        aqtest::writeBytes(f.path("dst/b.dna"), "old");
+        f.ui.message(error, failTitle)
+            .ask("yesnocancel", f.path("dst/b.dna") + " already exists.  Overwrite existing file?", "Filename Conflict",
+                 Answer::Yes)
+            .message(error, failTitle)
+            .message("Encountered 2 errors. ", "Done");
+        aq::setWriteFailureAfter(failAfter);
+        aq::setRefusingFolder(refuse ? f.path("dst") : "");
+        f.move();
+        aq::setWriteFailureAfter(-1);
+        aq::setRefusingFolder("");
+        EXPECT_EQ(f.firstBytes({"src/a.dna", "src/b.dna", "dst/a.dna"}) + aqtest::readBytes(f.path("dst/b.dna")),
+                  std::string("\x01\x02\0old", 6));
+    }
 }
 
 TEST(DeleteDrifterFiles, EntriesOnlyOrFilesToo) {
@@ -242,29 +265,3 @@ TEST(DeleteDrifterFiles, EntriesOnlyOrFilesToo) {
 }
 
 }  // namespace
-
-TEST(MoveDrifterFiles, AFailedCopyKeepsTheSourceAndTheOldTarget) {
-    const std::string title = "Aquarium File Manager - Delete or Move Selected Drifter Files";
-    // The error, the bytes written before the disk fills up (or -1), whether the target folder refuses files.
-    const std::tuple<const char*, long long, bool> cases[] = {{"Error #28: No space left on device", 0, false},
-                                                              {"Error #28: No space left on device", 999, false},
-                                                              {"Error #13: Permission denied", -1, true}};
-    for (auto [error, failAfter, refuse] : cases) {
-        SCOPED_TRACE(error);
-        Folder f(2);
-        f.tick({0, 1});
-        aqtest::writeBytes(f.path("dst/b.dna"), "old");
-        f.ui.message(error, title)
-            .ask("yesnocancel", f.path("dst/b.dna") + " already exists.  Overwrite existing file?", "Filename Conflict",
-                 Answer::Yes)
-            .message(error, title)
-            .message("Encountered 2 errors. ", "Done");
-        aq::setWriteFailureAfter(failAfter);
-        aq::setRefusingFolder(refuse ? f.path("dst") : "");
-        f.move();
-        aq::setWriteFailureAfter(-1);
-        aq::setRefusingFolder("");
-        EXPECT_EQ(f.firstBytes({"src/a.dna", "src/b.dna", "dst/a.dna"}) + aqtest::readBytes(f.path("dst/b.dna")),
-                  std::string("\x01\x02\0old", 6));
-    }
-}

@@ -85,7 +85,7 @@ TEST(SeedRecipe, RecipesAndCounts) {
     }
 }
 
-TEST(GenerateStartupPool, DefaultsGiveTheDocumentedPositions) {
+TEST(GenerateStartupPool, DefaultsAndSeedsOfZeroOrBelow) {
     aq::Pool p = build(aq::StartupSettings{});
     ASSERT_EQ(std::pair(p.drifterCount, p.foodCount), std::pair(120, 400));
     EXPECT_NEAR(p.drifters[0].x, 974.946f, 1e-3);
@@ -94,23 +94,21 @@ TEST(GenerateStartupPool, DefaultsGiveTheDocumentedPositions) {
     // Food cycles through the six default bits; the spiral's second ring is 7.5 further out.
     for (int i = 0; i < 12; ++i) EXPECT_EQ(p.food[std::size_t(i)].family, base().food[std::size_t(i % 6)].family);
     EXPECT_NEAR(std::hypot(p.food[1].x, p.food[1].y), 515.0, 1e-3);
-}
-
-TEST(GenerateStartupPool, SeedZeroAndNegativeSeedsLeadWithDots) {
-    aq::Pool p = build(settings(0));
-    ASSERT_EQ(p.drifterCount, 12);
-    EXPECT_EQ(std::tuple(p.drifters[0].energy, p.drifters[0].age, p.drifters[1].energy, p.drifters[1].age),
+    // Seed 0 and negative seeds lead with Dots.
+    aq::Pool z = build(settings(0));
+    ASSERT_EQ(z.drifterCount, 12);
+    EXPECT_EQ(std::tuple(z.drifters[0].energy, z.drifters[0].age, z.drifters[1].energy, z.drifters[1].age),
               std::tuple(20777.0f, 30000, 50.0f, 0));
     const int ages[] = {20000, 30000, 0, 10000};
     for (int i = 2; i < 12; ++i)
-        EXPECT_EQ(std::pair(drifter(p, i).age, drifter(p, i).energy),
+        EXPECT_EQ(std::pair(drifter(z, i).age, drifter(z, i).energy),
                   std::pair(ages[(i - 2) % 4], i % 2 == 0 ? 7000.0f : 250.0f))
             << i;
     // Pairs of Dots share a place on the ring: (i - 2) div 2 picks the angle.
-    EXPECT_EQ(p.drifters[2].x, p.drifters[3].x);
-    EXPECT_NE(p.drifters[3].y, p.drifters[4].y);
-    EXPECT_EQ(p.worldValueB, 150000.0f);
-    EXPECT_EQ(p.food[0].x, 20.3f);  // food is drawn in 25 times closer
+    EXPECT_EQ(z.drifters[2].x, z.drifters[3].x);
+    EXPECT_NE(z.drifters[3].y, z.drifters[4].y);
+    EXPECT_EQ(z.worldValueB, 150000.0f);
+    EXPECT_EQ(z.food[0].x, 20.3f);  // food is drawn in 25 times closer
 
     aq::Pool n = build(settings(-7));
     ASSERT_EQ(n.drifterCount, 122);
@@ -119,7 +117,7 @@ TEST(GenerateStartupPool, SeedZeroAndNegativeSeedsLeadWithDots) {
     EXPECT_EQ(n.worldValueB, base().worldValueB);
 }
 
-TEST(GenerateStartupPool, ChaoticRandomTakesChoiceRadiusAngleHeading) {
+TEST(GenerateStartupPool, ChaoticRandomAndCopiedBytes) {
     aq::Pool p = build(settings(31, 2, 2, 0), 0x4321AB);
     aq::setRandomState(0x4321AB);
     aq::RandomReseed(31.0);
@@ -135,13 +133,10 @@ TEST(GenerateStartupPool, ChaoticRandomTakesChoiceRadiusAngleHeading) {
         EXPECT_NEAR(d.y, std::sin(a) * r, 1e-3) << i;
         EXPECT_EQ(d.energy, k == 0 ? 100.0f : 50.0f) << i;
     }
-}
-
-TEST(GenerateStartupPool, CopiedDriftersKeepEveryByteTheStepsDontName) {
-    aq::Pool p = build(settings(12345, 1, 4, 2, 1, true));
+    aq::Pool copied = build(settings(12345, 1, 4, 2, 1, true));
     const int recipe[] = {46, 9, 16};
-    for (int i = 0; i < p.drifterCount; ++i) {
-        aq::DrifterRec g = drifter(p, i);
+    for (int i = 0; i < copied.drifterCount; ++i) {
+        aq::DrifterRec g = drifter(copied, i);
         const aq::DrifterRec& b = drifter(base(), recipe[i % 3]);
         // Put back what the generator may change; the rest must be the default drifter's bytes.
         g.age = b.age, g.alive = b.alive, g.paternalOffspring = b.paternalOffspring;

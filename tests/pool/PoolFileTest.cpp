@@ -204,7 +204,7 @@ TEST(PoolMerge, DriftersOrFoodUpToTheLimit) {
 
 // At the limit the message comes without a dialog; a cancelled dialog changes nothing, a
 // file without drifters only renumbers, and damaged negative counts add up to no records.
-TEST(PoolMerge, NothingToAdd) {
+TEST(PoolMerge, NothingToAddIntoTheWorkPoolOrAsANewPool) {
     for (bool food : {false, true}) {
         Open s(food ? markedPool(1, 2000, 0) : markedPool(2000, 0, 0));
         s.ui.message(
@@ -232,21 +232,18 @@ TEST(PoolMerge, NothingToAdd) {
     s.app.openPool = negative;
     mergePoolFile(s.app, true, true, s.file(negative), true);
     EXPECT_EQ(s.app.openPool.foodCount, INT32_MIN);
-}
-
-TEST(PoolMerge, IntoTheWorkPoolOrAsANewPool) {
-    Open s(markedPool(3, 3, 0));
-    s.app.workPool = markedPool(2, 1, 50);
-    Pool open = s.app.openPool;
-    std::string other = s.file(markedPool(4, 4, 300));
-    mergePoolFile(s.app, true, true, other, false);
-    EXPECT_SCRIPT_DONE(s.ui);
-    const Pool& w = s.app.workPool;
+    Open into(markedPool(3, 3, 0));
+    into.app.workPool = markedPool(2, 1, 50);
+    Pool open = into.app.openPool;
+    std::string more = into.file(markedPool(4, 4, 300));
+    mergePoolFile(into.app, true, true, more, false);
+    EXPECT_SCRIPT_DONE(into.ui);
+    const Pool& w = into.app.workPool;
     EXPECT_EQ(std::tuple(w.drifterCount, w.drifters[2].age, w.foodCount, w.food[1].family),
               std::tuple(6, 300, 5, 44));  // family 300 + 0 in a byte
-    expectIdsAreIndices(s.app.workPool);
-    EXPECT_EQ(poolBytes(s.app.openPool), poolBytes(open));
-    EXPECT_FALSE(s.app.poolChanged);
+    expectIdsAreIndices(into.app.workPool);
+    EXPECT_EQ(poolBytes(into.app.openPool), poolBytes(open));
+    EXPECT_FALSE(into.app.poolChanged);
     Open n(markedPool(0, 0, 0));
     n.app.poolLoaded = false;
     n.app.openPoolPath.clear();

@@ -121,7 +121,7 @@ TEST(GroupCriteria, TheDocumentedExamplesAndMeasures) {
     EXPECT_EQ(poolGroup0Items()[13], "same total segemt lenth or higher.");
 }
 
-TEST(GroupSelection, SpeciesSetsAndOperatorsLeftToRight) {
+TEST(GroupSelection, SpeciesSetsOperatorsAndTheSentence) {
     Sentence s;
     s.app.lstSpeciatePool.userCheck(4, true);
     EXPECT_EQ(s.ticked(), (std::vector<int>{3, 4, 5}));
@@ -153,27 +153,25 @@ TEST(GroupSelection, SpeciesSetsAndOperatorsLeftToRight) {
         s.app.lstSpeciatePool.userCheck(0, true);
         EXPECT_EQ(s.ticked(), ticked) << name;
     }
-}
-
-TEST(GroupSelection, TheSentenceEnablesLeftToRight) {
-    Sentence s;
-    EXPECT_EQ(s.enabled(), (std::vector<bool>{true, true, false, false, false, false, false}));
-    s.set(1, 1);
-    EXPECT_EQ(s.enabled(), (std::vector<bool>{true, true, true, true, false, false, false}));
-    s.set(3, 2);
-    s.set(5, 3);
-    EXPECT_EQ(s.enabled(), (std::vector<bool>(7, true)));
-    s.set(0, 0);  // individual drifters: the rest goes dark but keeps its selections
-    EXPECT_EQ(s.enabled(), (std::vector<bool>{true, false, false, false, false, false, false}));
-    EXPECT_EQ(poolSentenceIndex(s.app, 1), 1);
-    s.app.lstSpeciatePool.userCheck(3, true);
-    EXPECT_EQ(s.ticked(), (std::vector<int>{3}));
+    // The sentence enables left to right.
+    Sentence t;
+    EXPECT_EQ(t.enabled(), (std::vector<bool>{true, true, false, false, false, false, false}));
+    t.set(1, 1);
+    EXPECT_EQ(t.enabled(), (std::vector<bool>{true, true, true, true, false, false, false}));
+    t.set(3, 2);
+    t.set(5, 3);
+    EXPECT_EQ(t.enabled(), (std::vector<bool>(7, true)));
+    t.set(0, 0);  // individual drifters: the rest goes dark but keeps its selections
+    EXPECT_EQ(t.enabled(), (std::vector<bool>{true, false, false, false, false, false, false}));
+    EXPECT_EQ(poolSentenceIndex(t.app, 1), 1);
+    t.app.lstSpeciatePool.userCheck(3, true);
+    EXPECT_EQ(t.ticked(), (std::vector<int>{3}));
     // "extended species." keeps the list closed while the species numbers are pending.
-    s.app.poolSpeciesPending = true;
-    s.set(0, 2);
-    bool closed = !s.app.lstSpeciatePool.enabled();
-    s.set(0, 1);
-    EXPECT_TRUE(closed && s.app.lstSpeciatePool.enabled());
+    t.app.poolSpeciesPending = true;
+    t.set(0, 2);
+    bool closed = !t.app.lstSpeciatePool.enabled();
+    t.set(0, 1);
+    EXPECT_TRUE(closed && t.app.lstSpeciatePool.enabled());
 }
 
 TEST(RecordHolders, EachMeasureItsStartAndTheCurrentRow) {

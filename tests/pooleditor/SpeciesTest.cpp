@@ -126,7 +126,7 @@ TEST(SpeciesPass, TheDefaultPoolAtBothDepthsAndInSlices) {
     EXPECT_EQ(edge.app.poolPassIndex, 3);
 }
 
-TEST(SpeciesPass, AThresholdChangeDuringAPassKeepsItGoing) {
+TEST(SpeciesPass, APassUnderWay) {
     // Those numbered keep their species, the rest are judged anew under the new threshold.
     Editor e(kinPool({100, 50, 10, 10, 10, 10, 10, 10, 10, 10}));
     e.clock.step = 0.7;
@@ -141,20 +141,18 @@ TEST(SpeciesPass, AThresholdChangeDuringAPassKeepsItGoing) {
     e.app.comboSpeciatePoolGroup0 = 2;
     setPoolSpeciesThresholdPosition(e.app, 500);
     EXPECT_FALSE(e.app.lstSpeciatePool.enabled());
-}
-
-TEST(SpeciesPass, OutOfStepRestartsSlowPassesGetTheNotice) {
-    Editor e(kinPool({100, 50, 10, 10}));
-    e.clock.step = 0.7;
-    speciatePoolList(e.app);
-    ASSERT_EQ(e.app.poolPassIndex, 2);
-    e.app.lstSpeciatePool.remove(3);  // the list no longer matches the pool
-    speciatePoolList(e.app);
-    EXPECT_EQ(e.app.poolPassIndex, 0);
-    EXPECT_TRUE(e.app.poolPassRunning && e.app.poolSpeciesPending && !e.app.uiBusy);
-    populateSpeciatePoolList(e.app);
-    e.finish();
-    EXPECT_EQ(e.tags(), (std::vector<std::int32_t>{0, 0, 1, 2}));
+    // A list out of step with the pool restarts the pass.
+    Editor o(kinPool({100, 50, 10, 10}));
+    o.clock.step = 0.7;
+    speciatePoolList(o.app);
+    ASSERT_EQ(o.app.poolPassIndex, 2);
+    o.app.lstSpeciatePool.remove(3);  // the list no longer matches the pool
+    speciatePoolList(o.app);
+    EXPECT_EQ(o.app.poolPassIndex, 0);
+    EXPECT_TRUE(o.app.poolPassRunning && o.app.poolSpeciesPending && !o.app.uiBusy);
+    populateSpeciatePoolList(o.app);
+    o.finish();
+    EXPECT_EQ(o.tags(), (std::vector<std::int32_t>{0, 0, 1, 2}));
     // The notice comes once for a slow pass, and patience grows.
     Pool alike = makePool(1000, 0);  // look-alikes: the pass compares every pair
     for (auto& d : alike.drifters) std::memset(d.genes, 7, sizeof d.genes);

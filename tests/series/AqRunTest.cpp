@@ -73,7 +73,7 @@ TEST(AqRun, StartTriesEachNameInOrderAndCloseEndsTheLast) {
     EXPECT_FALSE(q.sim.isRunning());
 }
 
-TEST(AqRun, AMissingSimulatorTakesTenSecondsARunTheSliderTime) {
+TEST(AqRun, MissingLostAndTimedRuns) {
     Rig r("");
     expectNoSimulator(r.ui, "/sim");
     double start = r.clock.seconds, runStart = -1;
@@ -95,30 +95,27 @@ TEST(AqRun, AMissingSimulatorTakesTenSecondsARunTheSliderTime) {
     Rig quick("/sim/Aquarium", 7);  // a slow start outlasts the run: looked at once, at its end
     quick.sim.windowAfter = 14;
     EXPECT_EQ(quick.run(timedStart), aq::RunOutcome::Finished);
-}
-
-TEST(AqRun, LostSimulator) {
     // The remembered window hides a death until the series clears it, so the run ends by time.
-    Rig r;
-    r.sim.diesAfter = 3;
-    double runStart = 0;
-    EXPECT_EQ(r.run(runStart), aq::RunOutcome::Finished);
-    EXPECT_TRUE(r.c.stopEnabled);
+    Rig l;
+    l.sim.diesAfter = 3;
+    double lostStart = 0;
+    EXPECT_EQ(l.run(lostStart), aq::RunOutcome::Finished);
+    EXPECT_TRUE(l.c.stopEnabled);
 
     // A window never seen: 20 seconds of grace, a third of the run, 10 seconds more, then the
     // series stops itself; a run shorter than the grace notices it too. Either way the
     // process is ended by its id.
     for (int seconds : {60, 10}) {
-        Rig q("/sim/Aquarium", seconds);
-        q.sim.windowAfter = 1e9;
-        EXPECT_EQ(q.run(runStart), aq::RunOutcome::NotFinished) << seconds;
-        EXPECT_TRUE(q.c.nowEnabled);
-        EXPECT_FALSE(q.c.stopEnabled || q.c.restartEnabled || q.c.nextEnabled);
-        EXPECT_EQ(q.c.focus, "cmdCreateSeriesNow");
-        const double took = q.clock.seconds - runStart;
+        Rig never("/sim/Aquarium", seconds);
+        never.sim.windowAfter = 1e9;
+        EXPECT_EQ(never.run(lostStart), aq::RunOutcome::NotFinished) << seconds;
+        EXPECT_TRUE(never.c.nowEnabled);
+        EXPECT_FALSE(never.c.stopEnabled || never.c.restartEnabled || never.c.nextEnabled);
+        EXPECT_EQ(never.c.focus, "cmdCreateSeriesNow");
+        const double took = never.clock.seconds - lostStart;
         EXPECT_TRUE(seconds != 60 || (took > 50 && took < 53)) << took;
-        EXPECT_EQ(q.sim.closes, std::vector<std::string>{"end 1001"}) << seconds;
-        EXPECT_FALSE(q.sim.isRunning());
+        EXPECT_EQ(never.sim.closes, std::vector<std::string>{"end 1001"}) << seconds;
+        EXPECT_FALSE(never.sim.isRunning());
     }
 }
 
@@ -201,22 +198,6 @@ TEST(Standin, WindowsSeriesStoresTwoEvolvedPools) {
     runStandinSeries(ui, clock, standin, "Aquarium.exe", 2);
     double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - began).count();
     std::printf("two runs of %d s took %.1f s\n", aq::SeriesControls::kSliderMin, seconds);
-}
-
-// The system's simulator calls: a program that can't start, and a window found and closed.
-TEST(Standin, StartsFindsAndClosesTheSimulator) {
-    setenv("AQUARIUM_STANDIN_HEADLESS", "1", 1);
-    TempDir dir;
-    ASSERT_EQ(aq::writePool(dir.file(aq::kHandOverFileName), defaultPool()), "");
-    aq::Simulator& sim = aq::systemSimulator();
-    EXPECT_EQ(sim.start(dir.file("no-such-simulator"), dir.path()), 0u);
-    std::uint32_t pid = sim.start(kStandin, dir.path()), w = 0;
-    ASSERT_NE(pid, 0u);
-    for (int i = 0; i < 1000 && !(w = sim.findWindow(pid)); ++i)
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    ASSERT_NE(w, 0u);
-    sim.close(w);
-    EXPECT_EQ(sim.findWindow(pid), 0u);  // closed means gone
 }
 
 #ifndef _WIN32

@@ -124,7 +124,7 @@ TEST(EvolveSeries, RestartAndSaveAndContinueButtons) {
     }
 }
 
-TEST(EvolveSeries, Extinctions) {
+TEST(EvolveSeries, ExtinctionsAndMessagesThatEndTheSeries) {
     // Clones without storing extinctions: the series ends silently after 151.
     // Each retry hands over one drifter more, and no food of its own.
     Rig clone(makePool(1, 1));                // the retries multiply the pool; keep it small
@@ -167,6 +167,26 @@ TEST(EvolveSeries, Extinctions) {
     plain.run();
     EXPECT_EQ(plain.sim.starts, 1);
     EXPECT_TRUE(plain.has("pool1.aqp"));
+    const std::tuple<aq::Pool, std::string, std::string> cases[] = {
+        {makePool(4, 0), "pool.aqp", "Error Loading Food."},
+        {makePool(0, 6), "pool.aqp", "Unable to Load Drifters."},
+        {makePool(4, 6), "missing.aqp", "Nothing to Load"},
+        {makePool(4, 6), "", ""},  // cancelled
+    };
+    for (const auto& [first, chosen, message] : cases) {
+        Rig r(first);
+        if (chosen == "missing.aqp") r.app.workPool.drifterCount = r.app.workPool.foodCount = -1;
+        r.choose(chosen);
+        if (!message.empty()) r.ui.message(message);
+        r.run();
+        EXPECT_EQ(r.sim.starts, 0) << message;
+    }
+    Rig r;
+    r.sim.executables.clear();
+    r.choose("pool.aqp");
+    expectNoSimulator(r.ui, r.app.comboAquariumPath);
+    r.run();
+    EXPECT_FALSE(r.has("pool0.aqp"));
 }
 
 TEST(EvolveSeries, ColourMutantsAndALostSimulatorOnAnotherTab) {
@@ -213,29 +233,6 @@ TEST(EvolveSeries, ContinueFromAMissingChildAndFoodFromTheChosenFile) {
     fed.run();
     EXPECT_EQ(fed.load("pool00.aqp").foodCount, 6);
     EXPECT_EQ(fed.load("pool00.aqp").drifterCount, 2);  // the chosen file's drifters stay out
-}
-
-TEST(EvolveSeries, MessagesThatEndTheSeries) {
-    const std::tuple<aq::Pool, std::string, std::string> cases[] = {
-        {makePool(4, 0), "pool.aqp", "Error Loading Food."},
-        {makePool(0, 6), "pool.aqp", "Unable to Load Drifters."},
-        {makePool(4, 6), "missing.aqp", "Nothing to Load"},
-        {makePool(4, 6), "", ""},  // cancelled
-    };
-    for (const auto& [first, chosen, message] : cases) {
-        Rig r(first);
-        if (chosen == "missing.aqp") r.app.workPool.drifterCount = r.app.workPool.foodCount = -1;
-        r.choose(chosen);
-        if (!message.empty()) r.ui.message(message);
-        r.run();
-        EXPECT_EQ(r.sim.starts, 0) << message;
-    }
-    Rig r;
-    r.sim.executables.clear();
-    r.choose("pool.aqp");
-    expectNoSimulator(r.ui, r.app.comboAquariumPath);
-    r.run();
-    EXPECT_FALSE(r.has("pool0.aqp"));
 }
 
 TEST(EvolveSeries, PlagueAndHarvestHappenInTheCycle) {

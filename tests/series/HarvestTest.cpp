@@ -215,7 +215,7 @@ struct Rig : UiRig {
     }
 };
 
-TEST(Harvest, CommandAnswers) {
+TEST(Harvest, CommandAnswersAndTheRandomDraw) {
     // The answer to the maximum ("-": the warning declined); the harvest's ids, none when the
     // open pool stays.
     const std::pair<std::string, std::vector<int>> cases[] = {{"-", {}},
@@ -247,6 +247,27 @@ TEST(Harvest, CommandAnswers) {
         EXPECT_EQ(r.app.lstPoolFood.count(), 4);  // the open pool's food
         EXPECT_TRUE(r.app.poolSpeciesPending);
     }
+    Rig none;  // an empty list gives a pool without drifters
+    for (auto& d : none.app.openPool.drifters) d.age = 0;
+    none.harvest(none.dir.path(), 200, false, true);
+    EXPECT_EQ(none.app.openPool.drifterCount, 0);
+    EXPECT_EQ(none.app.workPool.drifterCount, 0);
+
+    // Fewer candidates than asked for: exactly maxCount, drawn towards the lower end.
+    Rig r;
+    aq::setRandomState(0x2468AC);
+    r.harvest(r.dir.path(), 200, false, true);
+    ASSERT_EQ(r.app.openPool.drifterCount, 200);
+    const std::vector<int> ids = r.ids();
+    EXPECT_GT(std::count(ids.begin(), ids.end(), 102), 100);
+    EXPECT_GT(std::count(ids.begin(), ids.end(), 100), 0);
+
+    Rig busy;  // in a series the lists stay as they are
+    busy.app.uiBusy = true;
+    busy.harvest(busy.dir.path(), 200, true, false);
+    EXPECT_EQ(busy.app.openPool.drifterCount, 3);
+    EXPECT_EQ(busy.app.lstSpeciatePool.count(), 0);
+    EXPECT_EQ(busy.app.openPoolPath, "/somewhere/open.aqp");
 }
 
 TEST(Harvest, FoldersAndFailures) {
@@ -287,30 +308,6 @@ TEST(Harvest, FoldersAndFailures) {
     EXPECT_EQ(r.ids(), (std::vector<int>{7, 1, 3, 100}));
     EXPECT_EQ(skipped, expectSkipped);
     EXPECT_EQ(r.app.openPool.foodCount, 4);
-}
-
-TEST(Harvest, RandomDraw) {
-    Rig none;  // an empty list gives a pool without drifters
-    for (auto& d : none.app.openPool.drifters) d.age = 0;
-    none.harvest(none.dir.path(), 200, false, true);
-    EXPECT_EQ(none.app.openPool.drifterCount, 0);
-    EXPECT_EQ(none.app.workPool.drifterCount, 0);
-
-    // Fewer candidates than asked for: exactly maxCount, drawn towards the lower end.
-    Rig r;
-    aq::setRandomState(0x2468AC);
-    r.harvest(r.dir.path(), 200, false, true);
-    ASSERT_EQ(r.app.openPool.drifterCount, 200);
-    const std::vector<int> ids = r.ids();
-    EXPECT_GT(std::count(ids.begin(), ids.end(), 102), 100);
-    EXPECT_GT(std::count(ids.begin(), ids.end(), 100), 0);
-
-    Rig busy;  // in a series the lists stay as they are
-    busy.app.uiBusy = true;
-    busy.harvest(busy.dir.path(), 200, true, false);
-    EXPECT_EQ(busy.app.openPool.drifterCount, 3);
-    EXPECT_EQ(busy.app.lstSpeciatePool.count(), 0);
-    EXPECT_EQ(busy.app.openPoolPath, "/somewhere/open.aqp");
 }
 
 // The command line gives the same scores and steps.

@@ -26,31 +26,6 @@ aq::DrifterRec at(float x, float y, float energy = 100, int age = 0, int segment
     return d;
 }
 
-TEST(PrepareSteps, DrainAndYouthByDistance) {
-    // The drain of sqrt(3000) at the edge is cut to half the energy plus 5, unless that is not
-    // below the energy; 301 from the edge nothing is drained, nor a drain of 1 or less.
-    const std::array<float, 4> cases[] = {{4000, 0, 40, 15},
-                                          {4000, 0, 6, 6},
-                                          {-4000, 0, 200, 200 - static_cast<float>(std::sqrt(3000.0))},
-                                          {0, 3800, 100, 100 - static_cast<float>(std::sqrt(1000.0))},
-                                          {3699, 0, 100, 100},
-                                          {3700.05f, 0, 100, 100}};
-    for (auto [x, y, energy, after] : cases) {
-        aq::Pool p = numbered({at(x, y, energy)});
-        aq::drainEdgeEnergy(p);
-        EXPECT_FLOAT_EQ(p.drifters[0].energy, after) << x << "," << y << " energy " << energy;
-    }
-    // Exactly at the distance of 3900 nothing changes; 37.5 rounds to even.
-    const std::tuple<float, float, int, int, int> youth[] = {{3900, 0, 1, 300, 300}, {0, -3899, 1, 300, 100},
-                                                             {3000, 0, 2, 300, 38},  {100, 100, 3, 300, 20},
-                                                             {100, 100, 16, 45, 3},  {5000, 5000, 3, 300, 300}};
-    for (auto [x, y, segments, age, after] : youth) {
-        aq::Pool p = numbered({at(x, y, 100, age, segments)});
-        aq::restoreYouth(p);
-        EXPECT_EQ(p.drifters[0].age, after) << x << "," << y;
-    }
-}
-
 TEST(PrepareSteps, GravityAndAnEmptyPool) {
     for (auto [percent, factor] : {std::pair{10.0f, 0.9f}, {100.0f, 0.0f}, {150.0f, 0.5f}, {0.0f, 0.0f}}) {
         aq::Pool p = numbered({at(1000, -2000)});
@@ -240,7 +215,7 @@ aq::DrifterRec shaped(int segments, float lengthPerSegment, int meals) {
     return d;
 }
 
-TEST(PrepareSteps, PlagueStrikesTheCommonestSuccessfulForm) {
+TEST(PrepareSteps, PlagueDrainAndYouth) {
     // Pass 1 takes the best's full key when it holds more than a quarter (50 of 120), pass 2
     // then its plan when that holds more than three quarters of the rest (45 of 55); not when
     // all share the key, nor when the best form is too rare in both passes.
@@ -257,6 +232,28 @@ TEST(PrepareSteps, PlagueStrikesTheCommonestSuccessfulForm) {
         aq::Pool p = numbered(ds);
         aq::applyPlague(p);
         EXPECT_EQ(p.drifterCount, survivors) << what;
+    }
+    // The drain of sqrt(3000) at the edge is cut to half the energy plus 5, unless that is not
+    // below the energy; 301 from the edge nothing is drained, nor a drain of 1 or less.
+    const std::array<float, 4> drain[] = {{4000, 0, 40, 15},
+                                          {4000, 0, 6, 6},
+                                          {-4000, 0, 200, 200 - static_cast<float>(std::sqrt(3000.0))},
+                                          {0, 3800, 100, 100 - static_cast<float>(std::sqrt(1000.0))},
+                                          {3699, 0, 100, 100},
+                                          {3700.05f, 0, 100, 100}};
+    for (auto [x, y, energy, after] : drain) {
+        aq::Pool p = numbered({at(x, y, energy)});
+        aq::drainEdgeEnergy(p);
+        EXPECT_FLOAT_EQ(p.drifters[0].energy, after) << x << "," << y << " energy " << energy;
+    }
+    // Exactly at the distance of 3900 nothing changes; 37.5 rounds to even.
+    const std::tuple<float, float, int, int, int> youth[] = {{3900, 0, 1, 300, 300}, {0, -3899, 1, 300, 100},
+                                                             {3000, 0, 2, 300, 38},  {100, 100, 3, 300, 20},
+                                                             {100, 100, 16, 45, 3},  {5000, 5000, 3, 300, 300}};
+    for (auto [x, y, segments, age, after] : youth) {
+        aq::Pool p = numbered({at(x, y, 100, age, segments)});
+        aq::restoreYouth(p);
+        EXPECT_EQ(p.drifters[0].age, after) << x << "," << y;
     }
 }
 

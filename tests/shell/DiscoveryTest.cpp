@@ -85,7 +85,7 @@ TEST(PathBoxes, SetAndPatterns) {
         EXPECT_EQ(aq::filePatternExists(g.at(folder), pattern), found) << folder;
 }
 
-TEST(Discovery, ProgramFolderWithNothingAroundItOrReadOnly) {
+TEST(Discovery, ProgramFolderAloneReadOnlyOrUnreadable) {
     Fixture f("a/b/prog");
     EXPECT_EQ(f.found(), (Items{f.at("a/b/prog"), f.at("a/b/prog/Drifters"), f.at("a/b/prog/Pools")}));
     EXPECT_EQ(f.app.comboAquariumPathItems, (Items{f.at("a/b/prog")}));
@@ -101,6 +101,16 @@ TEST(Discovery, ProgramFolderWithNothingAroundItOrReadOnly) {
     ro.ui.file("open", "T", "", ro.at("opt/aq") + "||aqp|D");
     aq::locateSourceFile(ro.app, "", "", "aqp", "D", "T");
     EXPECT_SCRIPT_DONE(ro.ui);
+    // An unreadable folder counts as not found.
+    Fixture u("prog");
+    u.touch("prog/Aquarium5/Aquarium.exe");
+    fs::permissions(u.at("prog/Aquarium5"), fs::perms::none);
+    bool readable =
+        fs::directory_iterator(u.at("prog/Aquarium5"), fs::directory_options::none) != fs::directory_iterator();
+    if (readable) GTEST_SKIP() << "running with rights that read any folder";
+    u.found();
+    fs::permissions(u.at("prog/Aquarium5"), fs::perms::owner_all);
+    EXPECT_EQ(u.app.comboAquariumPathItems, (Items{u.at("prog")}));
 }
 
 TEST(Discovery, SeveralLevelsAndTheFourPairs) {
@@ -164,18 +174,6 @@ TEST(Discovery, ProgramBesideTheSimulatorAndTheBoxesOwnTexts) {
     EXPECT_EQ(f.app.comboAquariumPathItems, (Items{f.at("mine"), f.at("prog")}));
     EXPECT_EQ(f.app.comboDrifterPathItems, (Items{f.at("dna"), f.at("prog/Drifters")}));
     EXPECT_EQ(f.app.comboPoolPathItems, (Items{f.at("prog/Pools")}));
-}
-
-TEST(Discovery, AnUnreadableFolderCountsAsNotFound) {
-    Fixture f("prog");
-    f.touch("prog/Aquarium5/Aquarium.exe");
-    fs::permissions(f.at("prog/Aquarium5"), fs::perms::none);
-    bool readable =
-        fs::directory_iterator(f.at("prog/Aquarium5"), fs::directory_options::none) != fs::directory_iterator();
-    if (readable) GTEST_SKIP() << "running with rights that read any folder";
-    f.found();
-    fs::permissions(f.at("prog/Aquarium5"), fs::perms::owner_all);
-    EXPECT_EQ(f.app.comboAquariumPathItems, (Items{f.at("prog")}));
 }
 
 TEST(Paths, SplitJoinAndDrive) {
