@@ -95,7 +95,7 @@ TEST(LoadDrifterFiles, AnyCaseInNameOrderAndWhatCannotBeRead) {
     EXPECT_EQ(bad.app.dna.dnaGenes.size(), 1u);
 }
 
-TEST(ImportDrifters, NamesFromStemColoursAndId) {
+TEST(ImportDrifters, NamesAndQuickSpeciate) {
     Importer f("/pools/Sea.aqp", {drifter(12, {0, 1, 4}, 1), drifter(12, {0, 1, 4}, 2), drifter(3, {5, 9, 2}, 3),
                                   drifter(4, {}, 4), drifter(5, {3}, 3)});
     f.writeDna("Sea.rob12.dna", genome(0, {77}));  // on disk, not loaded
@@ -111,23 +111,21 @@ TEST(ImportDrifters, NamesFromStemColoursAndId) {
         aq::importDriftersFromAquarium(g.app);
         EXPECT_EQ(g.lines(), std::vector<std::string>{line});
     }
-}
-
-TEST(ImportDrifters, QuickSpeciateLooksAtTheFirstHundredGenes) {
-    aq::DrifterRec d = drifter(1, {0}, 9);
-    Importer f("", {d});
-    aq::Genome g;
-    std::copy(std::begin(d.genes), std::end(d.genes), g.begin());
-    g[500] ^= 1;
-    f.writeDna("x.dna", g);
-    f.load();
-    f.app.similarityDepth = 100;
-    aq::importDriftersFromAquarium(f.app);
-    EXPECT_EQ(f.app.dna.dnaCount, 1);
-    f.app.similarityDepth = 1000;
-    EXPECT_EQ(aq::GeneDifferences(f.app, g, d.genes), 1);
-    aq::importDriftersFromAquarium(f.app);
-    EXPECT_EQ(f.lines(), (std::vector<std::string>{"x.dna", "r1.dna"}));
+    // Quick Speciate looks at the first hundred genes only.
+    aq::DrifterRec dq = drifter(1, {0}, 9);
+    Importer q("", {dq});
+    aq::Genome gq;
+    std::copy(std::begin(dq.genes), std::end(dq.genes), gq.begin());
+    gq[500] ^= 1;
+    q.writeDna("x.dna", gq);
+    q.load();
+    q.app.similarityDepth = 100;
+    aq::importDriftersFromAquarium(q.app);
+    EXPECT_EQ(q.app.dna.dnaCount, 1);
+    q.app.similarityDepth = 1000;
+    EXPECT_EQ(aq::GeneDifferences(q.app, gq, dq.genes), 1);
+    aq::importDriftersFromAquarium(q.app);
+    EXPECT_EQ(q.lines(), (std::vector<std::string>{"x.dna", "r1.dna"}));
 }
 
 TEST(ImportDrifters, TheQuestionsChooseTheSource) {

@@ -41,7 +41,7 @@ struct Panel : aqtest::DnaFixture {
     }
 };
 
-TEST(GenePanel, ChosenGeneAndShiftKeepsTheDistances) {
+TEST(GenePanel, ChosenGeneShiftSpreadAndCaption) {
     std::vector<int> genes;
     for (const char* text : {"-1", "1000", "1001", "-1001", "12abc", "abc", "2.5", "3.5", "-2000", " 5"})
         genes.push_back(aq::chosenGene(text));
@@ -61,9 +61,6 @@ TEST(GenePanel, ChosenGeneAndShiftKeepsTheDistances) {
     }
     EXPECT_EQ(p.app.dna.gene.lblGeneRange,
               "\r\nValues for the chosen gene within the selected drifters range from 250 to 255.");
-}
-
-TEST(GenePanel, SpreadScrollbarsAndCaption) {
     // The ticked values, the spread asked for and the one it ends on, the values and change marks after.
     const std::tuple<std::vector<int>, int, int, std::vector<int>, std::vector<std::uint8_t>> cases[] = {
         {{10, 20}, 11, 12, {9, 21}, {1, 1, 0}},

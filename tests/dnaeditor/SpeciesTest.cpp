@@ -83,7 +83,7 @@ TEST(DrifterSpecies, ANewThresholdOrAReloadReworksThePass) {
     EXPECT_EQ(r.lines(), (std::vector<std::string>{"{0}, a.dna", "{0}, b.dna", "{1}, c.dna"}));
 }
 
-TEST(DrifterSpecies, GroupTicksSpreadByMode) {
+TEST(DrifterSpecies, GroupTicksAndTheThresholdRange) {
     Species s({{"a.dna", genome(1)}, {"b.dna", genome(1, {9})}, {"c.dna", genome(2)}});
     aq::CheckList& list = s.app.lstSpeciateDrifters;
     list.setCurrentIndex(1);
@@ -114,9 +114,7 @@ TEST(DrifterSpecies, GroupTicksSpreadByMode) {
     s.ui.message("ToDo");
     s.run(aq::ApplyDrifterGroup);
     EXPECT_EQ(std::pair(list.checkedCount(), s.app.uiBusy), std::pair(2, false));
-}
-
-TEST(DrifterSpecies, ThresholdRangeNarrowsTheScrollbar) {
+    // The threshold range narrows the scroll bar.
     // Depth 1000: 923 and 971 equal genes give a step of 4, 13 items.
     Species t({{"a.dna", genome(1)},
                {"b.dna", genome(1, std::vector<int>(77, 7))},

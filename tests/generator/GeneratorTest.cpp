@@ -206,7 +206,7 @@ TEST(GenerateStartupPool, SplitPoolSpreadsOverEightSectorsAndBuildsWalls) {
     for (int i = 0; i < 8; ++i) EXPECT_LE(std::abs(q.food[i].y - (i < 4 ? 2400 : 0)), 1120) << i;
 }
 
-TEST(ResetDrifter, MakesANewbornAtTheOriginAndKeepsTheRest) {
+TEST(ResetDrifter, ResetAndMoveKeepTheWholeBody) {
     aq::Pool p = poolWithBody(3);
     aq::DrifterRec& d = p.drifters[0];
     d.alive = 0;
@@ -226,15 +226,13 @@ TEST(ResetDrifter, MakesANewbornAtTheOriginAndKeepsTheRest) {
     d.segments[0].point1X = 7.0f;
     aq::ResetDrifter(p, 0, 0, 0);
     EXPECT_EQ(d.segments[0].point1X, 7.0f);
-}
-
-TEST(MoveDrifter, CarriesTheWholeBody) {
-    aq::Pool p = poolWithBody(2), q = poolWithBody(16), far = poolWithBody(1);
-    aq::DrifterRec before = p.drifters[0];
-    aq::MoveDrifter(p, 0, 110.0f, 80.0f);
-    const aq::DrifterRec& d = p.drifters[0];
-    EXPECT_EQ(std::vector<float>({d.x, d.y, d.prevX, d.prevY}), std::vector<float>({110, 80, 109, 79}));
-    EXPECT_EQ(std::memcmp(&d.segments[2], &before.segments[2], sizeof(aq::Segment) * 14), 0);
+    // A move carries the whole body.
+    aq::Pool m = poolWithBody(2), q = poolWithBody(16), far = poolWithBody(1);
+    aq::DrifterRec mBefore = m.drifters[0];
+    aq::MoveDrifter(m, 0, 110.0f, 80.0f);
+    const aq::DrifterRec& md = m.drifters[0];
+    EXPECT_EQ(std::vector<float>({md.x, md.y, md.prevX, md.prevY}), std::vector<float>({110, 80, 109, 79}));
+    EXPECT_EQ(std::memcmp(&md.segments[2], &mBefore.segments[2], sizeof(aq::Segment) * 14), 0);
 
     // After a reset every point stands at the new place.
     aq::ResetDrifter(q, 0, 0, 50.0f);
@@ -243,13 +241,13 @@ TEST(MoveDrifter, CarriesTheWholeBody) {
         EXPECT_EQ(points(q.drifters[0].segments[s]),
                   std::vector<float>({-974.5f, 12.25f, -974.5f, 12.25f, -974.5f, 12.25f, -974.5f, 12.25f}));
 
-    // The old position is taken off before the new is added: (1 - 1e8) rounds to -1e8 in a
+    // The old position is taken off mBefore the new is added: (1 - 1e8) rounds to -1e8 in a
     // float, so the point lands on 0, not on 1.
-    aq::DrifterRec& e = far.drifters[0];
-    e.x = 1e8f;
-    e.segments[0].point1X = e.prevX = 1.0f;
+    aq::DrifterRec& fe = far.drifters[0];
+    fe.x = 1e8f;
+    fe.segments[0].point1X = fe.prevX = 1.0f;
     aq::MoveDrifter(far, 0, 1e8f, 0.0f);
-    EXPECT_EQ(std::pair(e.segments[0].point1X, e.prevX), std::pair(0.0f, 0.0f));
+    EXPECT_EQ(std::pair(fe.segments[0].point1X, fe.prevX), std::pair(0.0f, 0.0f));
 }
 
 TEST(RandomStream, TheStreamAndRandomizeSettings) {

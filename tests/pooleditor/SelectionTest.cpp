@@ -252,7 +252,7 @@ TEST(SelectionCommands, AllInvertAndQuickSpeciate) {
     EXPECT_EQ(std::pair(q.app.scrollPoolSpeciesThreshold, q.app.txtPoolSpeciesThreshold), std::pair(0, " 0"s));
 }
 
-TEST(Minorities, TheDefaultPoolBySegmentCount) {
+TEST(Minorities, TheDefaultPoolTheWorkPoolAndStageKeys) {
     PoolEditor e(defaultPool()), f(defaultPool());
     // The figures of the program's tutorial: distinct keys at each stage.
     std::vector<int> keys;
@@ -271,35 +271,33 @@ TEST(Minorities, TheDefaultPoolBySegmentCount) {
     e.app.lstSpeciatePool.setChecked(3, true);
     mDeSelectMutants(e.app);
     EXPECT_EQ(e.ticked(), (std::vector<int>{3}));
-}
-
-TEST(Minorities, KillingOnTheWorkPoolStillDriftersAndStageKeys) {
-    PoolEditor e(segmentPool({1, 1, 1, 1, 1, 1, 1, 1, 1, 2}));
-    e.app.workPool = e.app.openPool;
+    // Minorities die on the work pool, not in the open one.
+    PoolEditor w(segmentPool({1, 1, 1, 1, 1, 1, 1, 1, 1, 2}));
+    w.app.workPool = w.app.openPool;
     // Without counting still drifters the population is 0: nobody is a minority.
-    poolMutants(e.app, true, false, false, {true, false, false, false}, false);
-    EXPECT_EQ(e.app.workPool.drifters[9].alive, 1);
-    for (auto& d : e.app.workPool.drifters) d.velocityX = 0.001f;
-    poolMutants(e.app, true, false, false, {true, false, false, false}, false);
-    EXPECT_EQ(std::pair(e.app.workPool.drifters[9].alive, e.app.openPool.drifters[9].alive), std::pair(0, 1));
-    EXPECT_TRUE(e.ticked().empty());
+    poolMutants(w.app, true, false, false, {true, false, false, false}, false);
+    EXPECT_EQ(w.app.workPool.drifters[9].alive, 1);
+    for (auto& d : w.app.workPool.drifters) d.velocityX = 0.001f;
+    poolMutants(w.app, true, false, false, {true, false, false, false}, false);
+    EXPECT_EQ(std::pair(w.app.workPool.drifters[9].alive, w.app.openPool.drifters[9].alive), std::pair(0, 1));
+    EXPECT_TRUE(w.ticked().empty());
     // Colour order 0,2,1 (runs written once) is shared by the first two; colour set {0,1,2} by three.
     std::vector<DrifterRec> ds = {body({0, 2, 2, 1, 1}), body({0, 2, 1}), body({1, 2, 0})};
     ds.resize(12, body({3}));
-    PoolEditor c1(poolOf(ds)), f(poolOf(ds));
+    PoolEditor c1(poolOf(ds)), f2(poolOf(ds));
     mSelectMutantsByColorOrder(c1.app);  // 12 living, 3 keys: bar 3; 2 + 1 = 3 is not above, 1 + 1 is
     EXPECT_EQ(c1.ticked(), (std::vector<int>{2}));
-    mSelectMutantsByColors(f.app);  // 2 keys: bar 4; {0,1,2} counts 3 -> 4, not above
-    EXPECT_TRUE(f.ticked().empty());
+    mSelectMutantsByColors(f2.app);  // 2 keys: bar 4; {0,1,2} counts 3 -> 4, not above
+    EXPECT_TRUE(f2.ticked().empty());
     // A lone branching and lone colours are marked by their own commands only.
     std::vector<DrifterRec> bs(11, body({1, 1}));
     bs.push_back(body({1, 1}, {1, 0}));
     bs.push_back(body({2, 2}));
-    PoolEditor g(poolOf(bs)), h(poolOf(bs)), k(poolOf(bs));
-    mSelectMutantsBySegmentCount(g.app);
-    mSelectMutantsByBranching(h.app);
-    mSelectMutantsByColors(k.app);
-    EXPECT_EQ(std::tuple(g.ticked(), h.ticked(), k.ticked()),
+    PoolEditor g2(poolOf(bs)), h2(poolOf(bs)), k2(poolOf(bs));
+    mSelectMutantsBySegmentCount(g2.app);
+    mSelectMutantsByBranching(h2.app);
+    mSelectMutantsByColors(k2.app);
+    EXPECT_EQ(std::tuple(g2.ticked(), h2.ticked(), k2.ticked()),
               std::tuple(std::vector<int>{}, std::vector<int>{11}, std::vector<int>{12}));
 }
 

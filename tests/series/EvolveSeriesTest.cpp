@@ -70,7 +70,7 @@ void killAll(aq::Pool& p) {
 
 }  // namespace
 
-TEST(EvolveSeries, PlainAndBranchingSeries) {
+TEST(EvolveSeries, PlainBranchingContinuedAndFed) {
     Rig r;
     r.options.chkBranchingSeries = false;
     r.stopAtStart = 4;
@@ -96,6 +96,26 @@ TEST(EvolveSeries, PlainAndBranchingSeries) {
     EXPECT_EQ(tree.load("pool00.aqp").drifters[0].genes[0], 9);
     EXPECT_EQ(tree.load("pool1.aqp").drifters[0].genes[0], 1);
     EXPECT_EQ(tree.load("pool2.aqp").clock, 77 + 300);
+    // Continue starts at the first pool with a missing child.
+    Rig cont;
+    aq::Pool markedPool = makePool(4, 6);
+    markedPool.clock = 5000;
+    cont.save("pool0.aqp", makePool(4, 6));
+    cont.save("pool00.aqp", makePool(4, 6));
+    cont.save("pool1.aqp", markedPool);
+    cont.stopAtStart = 2;
+    cont.run();
+    ASSERT_TRUE(cont.has("pool2.aqp"));
+    EXPECT_EQ(cont.load("pool10.aqp").clock, 5100);
+    EXPECT_EQ(cont.load("pool00.aqp").clock, 77);  // an existing file is not touched
+    // A pool without food gets the food of the chosen file.
+    Rig fed;
+    fed.save("pool0.aqp", makePool(4, 0));
+    fed.options.mSeriesAddFood = false;  // its own food would come on top
+    fed.stopAtStart = 2;
+    fed.run();
+    EXPECT_EQ(fed.load("pool00.aqp").foodCount, 6);
+    EXPECT_EQ(fed.load("pool00.aqp").drifterCount, 2);  // the chosen file's drifters stay out
 }
 
 TEST(EvolveSeries, RestartAndSaveAndContinueButtons) {
@@ -211,28 +231,6 @@ TEST(EvolveSeries, ColourMutantsAndALostSimulatorOnAnotherTab) {
     // The run went its full time, and the pool, never taken up, went on unchanged.
     EXPECT_EQ(lost.sim.starts, 2);
     EXPECT_EQ(lost.load("pool0.aqp").clock, 77);
-}
-
-TEST(EvolveSeries, ContinueFromAMissingChildAndFoodFromTheChosenFile) {
-    Rig r;
-    aq::Pool marked = makePool(4, 6);
-    marked.clock = 5000;
-    r.save("pool0.aqp", makePool(4, 6));
-    r.save("pool00.aqp", makePool(4, 6));
-    r.save("pool1.aqp", marked);
-    r.stopAtStart = 2;
-    r.run();
-    ASSERT_TRUE(r.has("pool2.aqp"));
-    EXPECT_EQ(r.load("pool10.aqp").clock, 5100);
-    EXPECT_EQ(r.load("pool00.aqp").clock, 77);  // an existing file is not touched
-    // A pool without food gets the food of the chosen file.
-    Rig fed;
-    fed.save("pool0.aqp", makePool(4, 0));
-    fed.options.mSeriesAddFood = false;  // its own food would come on top
-    fed.stopAtStart = 2;
-    fed.run();
-    EXPECT_EQ(fed.load("pool00.aqp").foodCount, 6);
-    EXPECT_EQ(fed.load("pool00.aqp").drifterCount, 2);  // the chosen file's drifters stay out
 }
 
 TEST(EvolveSeries, PlagueAndHarvestHappenInTheCycle) {

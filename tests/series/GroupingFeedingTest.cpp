@@ -78,7 +78,7 @@ TEST(Grouping, EveryMode) {
     expectAt(two.drifters[1], 0, 2000, "pair");
 }
 
-TEST(Grouping, SingleDrifterFeedingAndGathering) {
+TEST(Grouping, SingleDrifterGatheringChainAndPrompt) {
     aq::Pool one = poolOfN(1);
     aq::groupDriftersAtStart(one, false, false, false, 0, 3, false, 100);
     ASSERT_EQ(one.drifterCount, 2);
@@ -97,24 +97,21 @@ TEST(Grouping, SingleDrifterFeedingAndGathering) {
     EXPECT_FLOAT_EQ(p.food[0].x, 310);
     EXPECT_FLOAT_EQ(p.food[0].y, -210);
     EXPECT_FLOAT_EQ(p.food[1].x, 100);
-}
-
-TEST(Grouping, SimilarityChainAndThePrompt) {
     // Drifter i differs from drifter 0 in its first differing[i] genes.
     const int differing[] = {0, 50, 10, 10};  // 2 and 3 equally near: the first of equals is taken
-    aq::Pool p = poolOfN(4);
+    aq::Pool chain = poolOfN(4);
     for (int i = 0; i < 4; ++i) {
-        std::memset(p.drifters[i].genes, 0, aq::kGeneCount);
-        std::memset(p.drifters[i].genes, 9, std::size_t(differing[i]));
+        std::memset(chain.drifters[i].genes, 0, aq::kGeneCount);
+        std::memset(chain.drifters[i].genes, 9, std::size_t(differing[i]));
     }
-    aq::orderBySimilarity(p, 100);
-    EXPECT_EQ(idsOf(p), (std::vector<int>{0, 2, 3, 1}));
+    aq::orderBySimilarity(chain, 100);
+    EXPECT_EQ(idsOf(chain), (std::vector<int>{0, 2, 3, 1}));
 
     // Nothing nearer than 100 differing genes: the order stays.
-    aq::Pool q = poolOfN(3);
-    for (int i = 0; i < 3; ++i) std::memset(q.drifters[i].genes, i, aq::kGeneCount);
-    aq::orderBySimilarity(q, 100);
-    EXPECT_EQ(idsOf(q), (std::vector<int>{0, 1, 2}));
+    aq::Pool apart = poolOfN(3);
+    for (int i = 0; i < 3; ++i) std::memset(apart.drifters[i].genes, i, aq::kGeneCount);
+    aq::orderBySimilarity(apart, 100);
+    EXPECT_EQ(idsOf(apart), (std::vector<int>{0, 1, 2}));
     const std::tuple<std::string, bool, std::string, int> cases[] = {
         {"4", true, "&Group Drifters at Start", 3},
         {"1", true, "&Group Drifters by Genetic Similarity", 0},

@@ -117,28 +117,6 @@ TEST(Harvest, FastListMatchesTheArrayScanOnRandomFolders) {
     }
 }
 
-TEST(Harvest, Scores) {
-    aq::DrifterRec dead = makeDrifter(0, 16), newborn = makeDrifter(1, 3), grown = makeDrifter(2, 2);
-    dead.segmentCount = 35;
-    dead.alive = 0;
-    newborn.mealsEaten = 5;
-    grown.age = 256;
-    grown.mealsEaten = 2;
-    grown.maternalOffspring = 3;
-    grown.paternalOffspring = 1;
-    grown.velocityX = 0.00003f;
-    aq::Pool p = poolOf({dead, newborn, grown});
-    EXPECT_FLOAT_EQ(aq::SuccessScore(p, 0), 1.0f);
-    EXPECT_FLOAT_EQ(aq::SuccessScore(p, 1), 0.0f);
-    // (2/35 + 2 + 1 + 1) / 1.1 / 1.05 / 1.07, times the eighth root of 256 (2).
-    EXPECT_NEAR(aq::SuccessScore(p, 2), (2.0 / 35 + 4) / 1.1 / 1.05 / 1.07 * 2, 1e-5);
-    // Norm: the grown one gives ((2 + 1 + 0.6 + 0.5) / sqrt 2 + 1) / sqrt 2.
-    EXPECT_NEAR(aq::SuccessNorm(p), (4.1 / std::sqrt(2.0) + 1) / std::sqrt(2.0), 1e-5);
-    p.drifters[1].segmentCount = 0;
-    EXPECT_FLOAT_EQ(aq::SuccessNorm(p), -1.0f);
-    EXPECT_FLOAT_EQ(aq::SuccessNorm(poolOf({})), 1.0f);
-}
-
 // A live drifter whose score is `meals` + its length share; shapes by segment count.
 aq::DrifterRec candidate(int id, int segments, int meals) {
     aq::DrifterRec d = makeDrifter(id, segments, 0);
@@ -164,10 +142,30 @@ aq::DrifterRec longer(aq::DrifterRec d) {
     return d;
 }
 
-TEST(Harvest, ListCases) {
+TEST(Harvest, ScoresAndListCases) {
+    aq::DrifterRec dead = makeDrifter(0, 16), newborn = makeDrifter(1, 3), grown = makeDrifter(2, 2);
+    dead.segmentCount = 35;
+    dead.alive = 0;
+    newborn.mealsEaten = 5;
+    grown.age = 256;
+    grown.mealsEaten = 2;
+    grown.maternalOffspring = 3;
+    grown.paternalOffspring = 1;
+    grown.velocityX = 0.00003f;
+    aq::Pool p = poolOf({dead, newborn, grown});
+    EXPECT_FLOAT_EQ(aq::SuccessScore(p, 0), 1.0f);
+    EXPECT_FLOAT_EQ(aq::SuccessScore(p, 1), 0.0f);
+    // (2/35 + 2 + 1 + 1) / 1.1 / 1.05 / 1.07, times the eighth root of 256 (2).
+    EXPECT_NEAR(aq::SuccessScore(p, 2), (2.0 / 35 + 4) / 1.1 / 1.05 / 1.07 * 2, 1e-5);
+    // Norm: the grown one gives ((2 + 1 + 0.6 + 0.5) / sqrt 2 + 1) / sqrt 2.
+    EXPECT_NEAR(aq::SuccessNorm(p), (4.1 / std::sqrt(2.0) + 1) / std::sqrt(2.0), 1e-5);
+    p.drifters[1].segmentCount = 0;
+    EXPECT_FLOAT_EQ(aq::SuccessNorm(p), -1.0f);
+    EXPECT_FLOAT_EQ(aq::SuccessNorm(poolOf({})), 1.0f);
+    // The list.
     auto c = candidate;
-    aq::DrifterRec newborn = c(1, 3, 9);
-    newborn.age = 0;
+    aq::DrifterRec fresh = c(1, 3, 9);
+    fresh.age = 0;
     // A better new shape inside the list pushes the last entry out, even with room to spare.
     // In the shared-line cases 3 and 1 share the plain key line, not the detailed one: one
     // place for both; in the last, 3 takes the place of 1 (plain line) and removes 2
@@ -181,7 +179,7 @@ TEST(Harvest, ListCases) {
         {"shared key line, lower", 10, {c(1, 3, 5), c(2, 4, 2), tapered(c(3, 3, 3))}, {1, 2}},
         {"shared key line, higher", 10, {c(1, 3, 5), c(2, 4, 2), tapered(c(3, 3, 9))}, {3, 2}},
         {"every shape-mate goes", 10, {c(1, 3, 5), longer(tapered(c(2, 3, 3))), tapered(c(3, 3, 9))}, {3}},
-        {"newborn", 10, {newborn}, {}},
+        {"newborn", 10, {fresh}, {}},
     };
     for (const auto& [what, maxN, drifters, ids] : cases) {
         const aq::Pool start = poolOf({});  // outlives the list

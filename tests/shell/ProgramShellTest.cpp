@@ -21,7 +21,7 @@ struct Fixture : aqtest::Session {
     aq::MultiTask task;
 };
 
-TEST(MultiTask, TheListWaitsForPassesAndHiddenFramesForEveryFourthSweep) {
+TEST(MultiTask, TheTimersListRulesTheClockAndTheNotice) {
     // Drifters, the pool's and the DNA list's passes pending; the list enabled and the pool's pass pending after.
     const std::tuple<int, bool, bool, bool, bool> cases[] = {{1, true, false, true, false},
                                                              {2, true, false, false, true},
@@ -55,21 +55,19 @@ TEST(MultiTask, TheListWaitsForPassesAndHiddenFramesForEveryFourthSweep) {
     EXPECT_TRUE(f.app.poolThresholdTyped && f.app.foodThresholdTyped && f.app.drifterThresholdTyped);
     sweep();
     EXPECT_FALSE(f.app.poolThresholdTyped || f.app.foodThresholdTyped || f.app.drifterThresholdTyped);
-}
-
-TEST(Clock, SecondsAcrossMidnightAndTheNoticeFadesFiveSecondsAfterTheLastStir) {
-    EXPECT_DOUBLE_EQ(aq::elapsedSeconds(86000, 100), 500);  // past midnight
+    // The clock runs on across midnight.
+    EXPECT_DOUBLE_EQ(aq::elapsedSeconds(86000, 100), 500);
     EXPECT_DOUBLE_EQ(aq::elapsedSeconds(100, 160.5), 60.5);
     std::time_t t = std::time(nullptr);
     std::tm local = *std::localtime(&t);
     const double expected = local.tm_hour * 3600.0 + local.tm_min * 60.0 + local.tm_sec;
     EXPECT_NEAR(aq::elapsedSeconds(expected, aq::SystemClock().secondsSinceMidnight()), 0.5, 1.5);
     // Seconds since the last stir, whether each list is free, whether the notice may fade.
-    const std::tuple<double, bool, bool, bool> cases[] = {
+    const std::tuple<double, bool, bool, bool> stirs[] = {
         {5.0, true, true, false}, {5.1, true, true, true},  {60, false, true, false},
         {60, true, false, false}, {0.5, true, true, false}, {60, true, true, true},
     };
-    for (auto [since, poolList, dnaList, fades] : cases) {
+    for (auto [since, poolList, dnaList, fades] : stirs) {
         Fixture f;
         f.app.lstSpeciatePool.setEnabled(poolList);
         f.app.lstSpeciateDrifters.setEnabled(dnaList);
