@@ -14,9 +14,9 @@ jobs=${JOBS:-$(nproc)}
 # error texts.
 win_tests=(tests_archive tests_foodeditor tests_pool tests_series tests_shell)
 declare -A skip=(
-  [tests_archive]="CopyToArchive.AutoNamesWithDateAndTimeThenTheOverwriteQuestion:CopyToArchive.IntoTheSimulatorsOwnFolderNothingIsDeleted:ReplaceFromArchive.*"
+  [tests_archive]="CopyToArchive.NothingCheckedCancelledAutoNamesAndOverwrites:ReplaceFromArchive.*"
   [tests_series]="Harvest.CliScoresAndPrepare:EvolveSeries.PlagueAndHarvestHappenInTheCycle"
-  [tests_shell]="Settings.FileErrorsAreShownInTheProgramsWords:Discovery.*"
+  [tests_shell]="Discovery.*"
 )
 filters=()
 for t in "${win_tests[@]}"; do filters+=("$t=-${skip[$t]:-}"); done
