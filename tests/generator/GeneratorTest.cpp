@@ -241,7 +241,7 @@ TEST(ResetDrifter, ResetAndMoveKeepTheWholeBody) {
         EXPECT_EQ(points(q.drifters[0].segments[s]),
                   std::vector<float>({-974.5f, 12.25f, -974.5f, 12.25f, -974.5f, 12.25f, -974.5f, 12.25f}));
 
-    // The old position is taken off mBefore the new is added: (1 - 1e8) rounds to -1e8 in a
+    // The old position is taken off before the new is added: (1 - 1e8) rounds to -1e8 in a
     // float, so the point lands on 0, not on 1.
     aq::DrifterRec& fe = far.drifters[0];
     fe.x = 1e8f;

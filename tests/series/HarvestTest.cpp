@@ -162,7 +162,7 @@ TEST(Harvest, ScoresAndListCases) {
     p.drifters[1].segmentCount = 0;
     EXPECT_FLOAT_EQ(aq::SuccessNorm(p), -1.0f);
     EXPECT_FLOAT_EQ(aq::SuccessNorm(poolOf({})), 1.0f);
-    // The list.
+    // The top list: what a pool of these candidates leaves in it.
     auto c = candidate;
     aq::DrifterRec fresh = c(1, 3, 9);
     fresh.age = 0;

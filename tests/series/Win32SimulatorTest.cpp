@@ -142,10 +142,10 @@ TEST(WineBroker, RequestsAndAnswersAndAWineThatIsNoProgram) {
     EXPECT_TRUE(requests.ends_with("send\t77\t16\t0\t0\n")) << requests;  // WM_CLOSE
     // A "wine" that is no program counts as no Wine, and closes no descriptor of ours.
     TempDir noWine;
-    writeBytes(noWine.file("fake"), "not a program");
-    EnvVar fake("WINE", noWine.file("fake"));
+    writeBytes(noWine.file("wine"), "not a program");
+    EnvVar fake("WINE", noWine.file("wine"));
     aq::WineSimulator none;
-    EXPECT_EQ(none.start("/none/Aquarium.exe", "/prog"), 0u);
+    EXPECT_EQ(none.start("/sim/Aquarium.exe", "/prog"), 0u);
     EXPECT_NE(none.startProblem().find("Wine was not found"), std::string::npos);
     EXPECT_EQ(none.findWindow(1), 0u);
     EXPECT_NE(::fcntl(STDOUT_FILENO, F_GETFD), -1);

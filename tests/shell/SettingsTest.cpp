@@ -62,19 +62,19 @@ TEST(Settings, StoreInOrderReadForgivingly) {
         "lstArchive.Selected(x) = False\n"
         "lstArchive.Selected(1) = maybe\n"
         "lstArchive.Selected(2) = 0\n"
-        "comboDrifterPath.Text = /read=b/c\n"
+        "comboDrifterPath.Text = /a=b/c\n"
         "comboPoolPath.ListItem = /P\n"
         "comboPoolPath.ListItem = /p \n"
         "= lonely\n";
     aq::ini(g.app, " GET ");  // the same as "Use"
-    const auto& read = g.app.archive;
-    EXPECT_EQ(std::vector<int>({read.chkAutoName, read.chkNowName, read.chkAutoBackup, read.chkDeleteOriginal}),
+    const auto& arch = g.app.archive;
+    EXPECT_EQ(std::vector<int>({arch.chkAutoName, arch.chkNowName, arch.chkAutoBackup, arch.chkDeleteOriginal}),
               std::vector<int>({1, 0, 0, 2}));
-    // 0 counts as False; read shorter file leaves the rest alone.
-    EXPECT_EQ(std::vector<bool>({read.lstArchive.checked(1), read.lstArchive.checked(2), read.lstArchive.checked(5),
-                                 read.lstArchive.checked(7)}),
+    // 0 counts as False; a shorter file leaves the rest alone.
+    EXPECT_EQ(std::vector<bool>({arch.lstArchive.checked(1), arch.lstArchive.checked(2), arch.lstArchive.checked(5),
+                                 arch.lstArchive.checked(7)}),
               std::vector<bool>({true, false, false, true}));
-    EXPECT_EQ(g.app.comboDrifterPath, "/read");  // "=" cuts read folder short
+    EXPECT_EQ(g.app.comboDrifterPath, "/a");  // "=" cuts a folder short
     EXPECT_EQ(g.app.comboPoolPathItems, std::vector<std::string>{"/P"});
     EXPECT_EQ(g.app.comboPoolPath, "/P");
 }
