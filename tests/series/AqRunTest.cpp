@@ -123,7 +123,6 @@ namespace {
 
 #ifdef _WIN32
 const std::string kStandin = AQ_BINARY_DIR "/standin/Aquarium.exe";
-void setenv(const char* name, const char* value, int) { _putenv_s(name, value); }
 #else
 const std::string kStandin = AQ_BINARY_DIR "/standin/Aquarium";
 #endif
