@@ -83,16 +83,17 @@ TEST(LoadDrifterFiles, AnyCaseInNameOrderAndWhatCannotBeRead) {
         .message("Nothing to load.  Try a different Drifter Archive path.");
     bad.run(aq::initiateLoadDrifterArchive);
     EXPECT_FALSE(bad.app.dnaLoaded);
-    if (geteuid() == 0) GTEST_SKIP() << "root reads any file";
-    // A file that can't be read is left out.
-    bad.writeDna("a.dna", genome(1));
-    bad.writeDna("b.dna", genome(2));
-    std::filesystem::permissions(bad.path("a.dna"), std::filesystem::perms::none);
-    bad.ui.message("Error opening a.dna, error: Permission denied", kLoadTitle);
-    bad.load();
-    EXPECT_TRUE(bad.ui.done()) << bad.ui.report();
-    EXPECT_EQ(bad.lines(), (std::vector<std::string>{"b.dna"}));
-    EXPECT_EQ(bad.app.dna.dnaGenes.size(), 1u);
+    // A file that can't be read is left out (root reads any file).
+    if (geteuid() != 0) {
+        bad.writeDna("a.dna", genome(1));
+        bad.writeDna("b.dna", genome(2));
+        std::filesystem::permissions(bad.path("a.dna"), std::filesystem::perms::none);
+        bad.ui.message("Error opening a.dna, error: Permission denied", kLoadTitle);
+        bad.load();
+        EXPECT_TRUE(bad.ui.done()) << bad.ui.report();
+        EXPECT_EQ(bad.lines(), (std::vector<std::string>{"b.dna"}));
+        EXPECT_EQ(bad.app.dna.dnaGenes.size(), 1u);
+    }
 }
 
 TEST(ImportDrifters, NamesAndQuickSpeciate) {
