@@ -22,6 +22,8 @@ void showMergedPool(App& app) {
     if (app.comboSpeciatePoolGroup0 == 2) app.lstSpeciatePool.setEnabled(false);
     populateSpeciatePoolList(app);
     populateFoodList(app);
+    // A pass begun on the rows before the merge would stop at their old last row.
+    app.poolPassRunning = false;
     app.poolSpeciesPending = true;
 }
 

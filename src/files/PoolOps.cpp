@@ -27,6 +27,8 @@ bool loadPoolFile(App& app, const std::string& path, bool intoOpen) {
     if (intoOpen) {
         if (!app.uiBusy) app.poolLoaded = true;
         app.openPool = app.workPool;
+        app.poolFiles.note(path, app.openPool);
+        ++app.poolReads;
     }
     return true;
 }
@@ -44,6 +46,10 @@ bool savePoolFile(App& app, const std::string& path, bool fromOpen) {
         app.ui.ShowMessage("Error saving " + path + ", error: " + error, "Aquarium File Manager - Save Pool File");
         return false;
     }
+    if (fromOpen)
+        app.poolFiles.note(path, app.workPool);
+    else
+        app.poolFiles.update(path, app.workPool);
     return true;
 }
 

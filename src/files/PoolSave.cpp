@@ -6,6 +6,9 @@
 
 namespace aq {
 
+const char* const kUnsavedPoolQuestion =
+    "The currently open pool file has been changed.  Changes will be lost if not saved now.  Save changes?";
+
 bool saveOpenPool(App& app) {
     std::string path;
     if (!app.openPoolPath.empty()) {

@@ -10,6 +10,9 @@ namespace aq {
 // the first question, so a caller that was closing stops too.
 bool saveOpenPool(App& app);
 
+// The question before a command replaces a changed pool with a new one.
+extern const char* const kUnsavedPoolQuestion;
+
 // Saves the changed open pool over its file before it is replaced, asking to retry
 // while the save fails. False when the user cancelled.
 bool saveChangesBeforeReplacing(App& app);

@@ -102,7 +102,7 @@ void MoveFoodBox(App& app, Axis axis, int position) {
     (axis == Axis::X ? app.SliderFoodX : app.SliderFoodY).setValue(position);
     if (app.uiBusy) return;
     FoodContents contents(app);
-    moveBox(contents, axis, position);
+    if (moveBox(contents, axis, position)) app.poolChanged = true;
     populateFoodList(app);
 }
 
@@ -110,7 +110,7 @@ void StretchFoodBox(App& app, Axis axis, int position) {
     (axis == Axis::X ? app.SliderFoodWidth : app.SliderFoodHeight).setValue(position);
     if (app.uiBusy) return;
     FoodContents contents(app);
-    stretchBox(contents, axis, position);
+    if (stretchBox(contents, axis, position)) app.poolChanged = true;
     setFoodSliders(app);
     populateFoodList(app);
 }

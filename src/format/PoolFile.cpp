@@ -182,4 +182,30 @@ std::string writePool(const std::string& path, const Pool& pool) {
     return writeFileAtomically(path, poolBytes(pool));
 }
 
+namespace {
+
+// The first `count` records, the ones a file holds; records kept beyond the count
+// (left by a delete) don't count.
+template <class T>
+bool sameRecords(const std::vector<T>& a, const std::vector<T>& b, std::int32_t count) {
+    const std::size_t n = count > 0 ? static_cast<std::size_t>(count) : 0;
+    if (a.size() < n || b.size() < n)
+        return a.size() == b.size() && (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(T)) == 0);
+    return n == 0 || std::memcmp(a.data(), b.data(), n * sizeof(T)) == 0;
+}
+
+bool sameFloat(float a, float b) { return std::memcmp(&a, &b, sizeof(float)) == 0; }
+
+}  // namespace
+
+bool samePool(const Pool& a, const Pool& b) {
+    return a.version == b.version && a.clock == b.clock && a.headerWord == b.headerWord &&
+           a.drifterCount == b.drifterCount && a.foodCount == b.foodCount && sameFloat(a.worldValueA, b.worldValueA) &&
+           sameFloat(a.worldValueB, b.worldValueB) && a.viewBlock == b.viewBlock && sameFloat(a.minX, b.minX) &&
+           sameFloat(a.minY, b.minY) && sameFloat(a.maxX, b.maxX) && sameFloat(a.maxY, b.maxY) &&
+           std::memcmp(a.walls, b.walls, sizeof(a.walls)) == 0 && a.lastWord == b.lastWord &&
+           sameRecords(a.drifters, b.drifters, a.drifterCount) && sameRecords(a.food, b.food, a.foodCount) &&
+           a.historyBlock == b.historyBlock;
+}
+
 }  // namespace aq

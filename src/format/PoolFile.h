@@ -28,4 +28,7 @@ std::string writePool(const std::string& path, const Pool& pool);
 // The bytes of a pool as a file.
 std::string poolBytes(const Pool& pool);
 
+// Whether two pools are the same to the byte, as far as a file holds them.
+bool samePool(const Pool& a, const Pool& b);
+
 }  // namespace aq

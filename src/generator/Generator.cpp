@@ -282,9 +282,7 @@ bool buildStartupPool(const Pool& base, const StartupSettings& s, Pool& out) {
 
 void generateStartupPool(App& app, const StartupSettings& s) {
     if (app.poolChanged) {
-        Answer a = app.ui.AskYesNoCancel(
-            "The currently open pool file has been changed.  Changes will be lost if not saved now.  Save changes?",
-            "File Has Changed");
+        Answer a = app.ui.AskYesNoCancel(kUnsavedPoolQuestion, "File Has Changed");
         if (a == Answer::Cancel) return;
         if (a == Answer::Yes) {
             if (!saveChangesBeforeReplacing(app)) return;

@@ -162,7 +162,7 @@ void MoveDrifterBox(App& app, Axis axis, int position) {
     slider(app, axis, false).setValue(position);
     if (app.uiBusy) return;
     DrifterContents contents(app);
-    moveBox(contents, axis, position);
+    if (moveBox(contents, axis, position)) app.poolChanged = true;
     populateSpeciatePoolList(app);
 }
 
@@ -170,7 +170,7 @@ void StretchDrifterBox(App& app, Axis axis, int position) {
     slider(app, axis, true).setValue(position);
     if (app.uiBusy) return;
     DrifterContents contents(app);
-    stretchBox(contents, axis, position);
+    if (stretchBox(contents, axis, position)) app.poolChanged = true;
     setSpeciatePoolSliders(app);
     populateSpeciatePoolList(app);
 }

@@ -92,6 +92,8 @@ void initiateLoadPoolFile(App& app, const std::string& chosen) {
                            ? chosen
                            : locateSourceFile(app, app.comboPoolPath, "", "aqp", "Aquarium Files", "Select Pool File");
     if (app.openPoolPath.empty()) {
+        // No file chosen: the pool on show still belongs to its own.
+        app.openPoolPath = previousPath;
         app.stateChanged();
         return;
     }

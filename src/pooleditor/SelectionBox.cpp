@@ -69,26 +69,32 @@ void setBoxSliders(const BoxContents& contents, BoxControls c) {
     c.y.visible = c.lblY = c.y.max - c.y.min >= 20;
 }
 
-void moveBox(BoxContents& contents, Axis axis, int position) {
+bool moveBox(BoxContents& contents, Axis axis, int position) {
     BoxLimits b = selectionLimits(contents);
     float low = axis == Axis::X ? b.minX : b.minY;
     float size = axis == Axis::X ? b.width() : b.height();
     float offset = static_cast<float>(position) - (size / 2 + low);
+    bool moved = false;
     for (int i = 0; i < contents.count(); ++i)
-        if (contents.selected(i)) contents.moveTo(i, axis, offset + contents.coordinate(i, axis));
+        if (contents.selected(i)) {
+            contents.moveTo(i, axis, offset + contents.coordinate(i, axis));
+            moved = true;
+        }
+    return moved;
 }
 
-void stretchBox(BoxContents& contents, Axis axis, int position) {
+bool stretchBox(BoxContents& contents, Axis axis, int position) {
     BoxLimits b = selectionLimits(contents);
     float low = axis == Axis::X ? b.minX : b.minY;
     float high = axis == Axis::X ? b.maxX : b.maxY;
     float size = high - low;
     // The size slider is hidden for such boxes; a stray call must not spread NaNs.
-    if (!(size > 0)) return;
+    if (!(size > 0)) return false;
     float centre = (low + high) / 2;
     float scale = static_cast<float>(position) / size;
     for (int i = 0; i < contents.count(); ++i)
         if (contents.selected(i)) contents.moveTo(i, axis, (contents.coordinate(i, axis) - centre) * scale + centre);
+    return true;
 }
 
 }  // namespace aq

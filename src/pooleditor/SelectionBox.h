@@ -47,10 +47,11 @@ BoxLimits selectionLimits(const BoxContents& contents);
 // Range, position and visibility of the sliders for the present selection.
 void setBoxSliders(const BoxContents& contents, BoxControls controls);
 
-// Puts the box's centre on `axis` at `position`.
-void moveBox(BoxContents& contents, Axis axis, int position);
+// Puts the box's centre on `axis` at `position`. Returns whether anything moved.
+bool moveBox(BoxContents& contents, Axis axis, int position);
 
 // Scales the distances from the box's centre so its size on `axis` becomes `position`.
-void stretchBox(BoxContents& contents, Axis axis, int position);
+// Returns whether anything moved.
+bool stretchBox(BoxContents& contents, Axis axis, int position);
 
 }  // namespace aq

@@ -109,6 +109,8 @@ void speciatePoolList(App& app) {
         bar.hide();
         list.setVisible(true);
         app.poolMaxGroup = -1;
+        app.poolTagsThreshold = app.poolThreshold;
+        app.poolTagsDepth = app.similarityDepth;
         app.uiBusy = false;
     }
 

@@ -12,6 +12,7 @@
 #include "series/Success.h"
 #include "base/Paths.h"
 #include "base/ThresholdText.h"
+#include "files/PoolSave.h"
 
 namespace aq {
 
@@ -286,6 +287,7 @@ bool HarvestSuccessful(App& app, const std::string& folder, int, int maxCount, b
         app.lstPoolFood.clear();
         populateSpeciatePoolList(app);
         populateFoodList(app);
+        app.poolPassRunning = false;
         app.poolSpeciesPending = true;
         app.poolLoaded = true;
         app.openPoolPath.clear();
@@ -302,6 +304,13 @@ void GetSuccessfulCommand(App& app) {
     if (v >= -32768 && v <= 32767) max = static_cast<int>(v);
     if (max < 1) return;
     if (max > 2000) max = 2000;
+    // The harvest replaces the pool on show, so its changes are offered a save first,
+    // as generating a pool does.
+    if (app.poolChanged) {
+        Answer a = app.ui.AskYesNoCancel(kUnsavedPoolQuestion, "File Has Changed");
+        if (a == Answer::Cancel) return;
+        if (a == Answer::Yes && !saveChangesBeforeReplacing(app)) return;
+    }
     HarvestSuccessful(app, app.comboPoolPath, 0, max, true, false);
 }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "format/PoolFile.h"
+
 namespace aq {
 
 namespace {
@@ -41,7 +43,8 @@ void captureLists(const App& app, PoolSnapshot& s) {
     s.foodListEnabled = app.lstPoolFood.enabled();
     s.speciesPending = app.poolSpeciesPending;
     s.path = app.openPoolPath;
-    s.changed = app.poolChanged;
+    s.tagsThreshold = app.poolTagsThreshold;
+    s.tagsDepth = app.poolTagsDepth;
     const SliderState* d[4] = {&app.SliderSpeciatePoolDrifterX, &app.SliderSpeciatePoolDrifterY,
                                &app.SliderSpeciatePoolDrifterWidth, &app.SliderSpeciatePoolDrifterHeight};
     const SliderState* f[4] = {&app.SliderFoodX, &app.SliderFoodY, &app.SliderFoodWidth, &app.SliderFoodHeight};
@@ -64,6 +67,16 @@ PoolSnapshot capturePool(const App& app) {
     return s;
 }
 
+// Species numbers worked out at another threshold or depth than the one now set are
+// worked out again.
+void restartStaleSpecies(App& app) {
+    const bool stale = std::memcmp(&app.poolTagsThreshold, &app.poolThreshold, sizeof(float)) != 0 ||
+                       app.poolTagsDepth != app.similarityDepth;
+    if (!stale || app.poolSpeciesPending || !app.poolLoaded || app.openPool.drifterCount < 1) return;
+    app.poolSpeciesPending = true;
+    if (app.comboSpeciatePoolGroup0 == 2) app.lstSpeciatePool.setEnabled(false);
+}
+
 std::size_t bytesOf(const PoolSnapshot& s) {
     return sizeof(PoolSnapshot) + s.path.capacity() + s.pool.drifters.size() * sizeof(DrifterRec) +
            s.pool.food.size() * sizeof(FoodBit) + s.pool.historyBlock.size() + rowBytes(s.drifterRows) +
@@ -73,6 +86,7 @@ std::size_t bytesOf(const PoolSnapshot& s) {
 void restorePool(App& app, const PoolSnapshot& s) {
     app.openPool = s.pool;
     app.poolLoaded = s.poolLoaded;
+    app.openPoolPath = s.path;
     restoreRows(app.lstSpeciatePool, s.drifterRows, s.drifterCurrent, s.drifterListEnabled);
     restoreRows(app.lstPoolFood, s.foodRows, s.foodCurrent, s.foodListEnabled);
     SliderState* d[4] = {&app.SliderSpeciatePoolDrifterX, &app.SliderSpeciatePoolDrifterY,
@@ -88,44 +102,37 @@ void restorePool(App& app, const PoolSnapshot& s) {
         *fl[k] = s.foodLabels[k];
     }
     // A species pass under way worked on the pool being replaced: it starts over if
-    // the restored lists were still waiting for their numbers.
+    // the restored lists were still waiting for their numbers, or if their numbers were
+    // worked out at another threshold or depth than the one now set.
     app.poolPassRunning = false;
     app.PoolProgressBar1.visible = false;
+    app.poolTagsThreshold = s.tagsThreshold;
+    app.poolTagsDepth = s.tagsDepth;
     app.poolSpeciesPending = s.speciesPending;
+    restartStaleSpecies(app);
 }
 
 }  // namespace
 
-bool samePool(const Pool& a, const Pool& b) {
-    return a.version == b.version && a.clock == b.clock && a.headerWord == b.headerWord &&
-           a.drifterCount == b.drifterCount && a.foodCount == b.foodCount &&
-           std::memcmp(&a.worldValueA, &b.worldValueA, sizeof(float)) == 0 &&
-           std::memcmp(&a.worldValueB, &b.worldValueB, sizeof(float)) == 0 && a.viewBlock == b.viewBlock &&
-           std::memcmp(&a.minX, &b.minX, sizeof(float)) == 0 && std::memcmp(&a.minY, &b.minY, sizeof(float)) == 0 &&
-           std::memcmp(&a.maxX, &b.maxX, sizeof(float)) == 0 && std::memcmp(&a.maxY, &b.maxY, sizeof(float)) == 0 &&
-           std::memcmp(a.walls, b.walls, sizeof(a.walls)) == 0 && a.lastWord == b.lastWord &&
-           sameBytes(a.drifters, b.drifters) && sameBytes(a.food, b.food) && a.historyBlock == b.historyBlock;
+void markPoolChanged(App& app) {
+    app.poolChanged =
+        app.poolLoaded && (app.openPoolPath.empty() || !app.poolFiles.holds(app.openPoolPath, app.openPool));
+}
+
+bool PoolHistory::sameState(const App& app) const {
+    return app.poolLoaded == current_.poolLoaded && samePool(app.openPool, current_.pool);
 }
 
 void PoolHistory::reset(App& app) {
     clearSteps();
     current_ = capturePool(app);
-    currentId_ = ++nextId_;
-    savedId_ = app.poolChanged ? 0 : currentId_;
     started_ = true;
-}
-
-// A save clears the changed flag of an unchanged pool: every other state now differs
-// from the file, even one that matched the file read before.
-void PoolHistory::noteSave(const App& app) {
-    if (!current_.changed || app.poolChanged) return;
-    savedId_ = currentId_;
-    forEachSnapshot([](PoolSnapshot& s) { s.changed = true; });
+    reads_ = app.poolReads;
+    markPoolChanged(app);
 }
 
 void PoolHistory::prepare(App& app) {
-    if (started_ && samePool(app.openPool, current_.pool) && app.poolLoaded == current_.poolLoaded) {
-        noteSave(app);
+    if (started_ && app.poolReads == reads_ && sameState(app)) {
         captureLists(app, current_);
         return;
     }
@@ -134,40 +141,31 @@ void PoolHistory::prepare(App& app) {
 }
 
 void PoolHistory::commit(App& app, const std::string& name) {
-    if (!started_) {
+    // Another file read into the editor starts a new history.
+    if (!started_ || app.poolReads != reads_) {
         reset(app);
         return;
     }
-    if (samePool(app.openPool, current_.pool) && app.poolLoaded == current_.poolLoaded) {
-        noteSave(app);
-        current_.changed = app.poolChanged;
+    if (sameState(app)) {
+        // A save or "save as" changes no records, only the file the pool belongs to.
         current_.path = app.openPoolPath;
-        return;
+    } else {
+        std::size_t size = bytesOf(current_);
+        pushStep(name, std::move(current_), size);
+        current_ = capturePool(app);
     }
-    // Another file read into the editor; moving drifters changes the pool and leaves
-    // the flag clear, so the flag alone doesn't tell a load.
-    if (!app.poolChanged && (app.openPoolPath != current_.path || app.poolLoaded != current_.poolLoaded)) {
-        reset(app);
-        return;
-    }
-    std::size_t size = bytesOf(current_);
-    pushStep(name, std::move(current_), currentId_, size);
-    currentId_ = ++nextId_;
-    current_ = capturePool(app);
+    markPoolChanged(app);
+    restartStaleSpecies(app);
 }
 
 bool PoolHistory::move(App& app, bool undo) {
     prepare(app);
     if (undo ? !canUndo() : !canRedo()) return false;
     std::size_t size = bytesOf(current_);
-    Step s = swapStep(undo, std::move(current_), currentId_, size);
+    Step s = swapStep(undo, std::move(current_), size);
     restorePool(app, s.snap);
     current_ = std::move(s.snap);
-    currentId_ = s.id;
-    // The file's own state is unchanged; others keep the flag they had.
-    app.poolChanged = currentId_ != savedId_ && current_.changed;
-    current_.changed = app.poolChanged;
-    current_.path = app.openPoolPath;
+    markPoolChanged(app);
     app.stateChanged();
     return true;
 }
@@ -245,7 +243,7 @@ void DnaHistory::commit(App& app, const std::string& name) {
     noteSaves(app);
     if (sameBytes(app.dna.dnaGenes, current_.genes)) return;
     std::size_t size = bytesOf(current_);
-    pushStep(name, std::move(current_), 0, size);
+    pushStep(name, std::move(current_), size);
     current_ = captureDna(app);
 }
 
@@ -253,7 +251,7 @@ bool DnaHistory::move(App& app, bool undo) {
     prepare(app);
     if (undo ? !canUndo() : !canRedo()) return false;
     std::size_t size = bytesOf(current_);
-    Step s = swapStep(undo, std::move(current_), 0, size);
+    Step s = swapStep(undo, std::move(current_), size);
     DnaFolder& d = app.dna;
     d.dnaGenes = s.snap.genes;
     for (std::size_t i = 0; i < d.dnaGenes.size() && i < d.dnaChanged.size(); ++i)

@@ -2,7 +2,8 @@
 // Undo and redo of the open pool's edits and of the gene edits of the loaded DNA files.
 // A history keeps the state as it was after its last step; a step that changed the
 // pool (or the genes) pushes that state, so undoing restores it whole: records, ticks,
-// species numbers, the list rows and the box sliders.
+// species numbers, the list rows, the box sliders and the file the pool belongs to.
+// The changed mark is never stored: it is worked out from what the files hold.
 #include <cstddef>
 #include <cstdint>
 #include <deque>
@@ -20,7 +21,6 @@ public:
     struct Step {
         std::string name;
         Snap snap;
-        std::uint64_t id = 0;  // which state the snapshot is, for the saved mark
         std::size_t bytes = 0;
     };
     static constexpr std::size_t kMaxSteps = 500;
@@ -34,22 +34,17 @@ public:
     std::size_t bytes() const { return bytes_; }
 
 protected:
-    template <class Fn>
-    void forEachSnapshot(Fn fn) {
-        for (Step& s : undo_) fn(s.snap);
-        for (Step& s : redo_) fn(s.snap);
-    }
     void clearSteps() {
         undo_.clear();
         redo_.clear();
         bytes_ = 0;
     }
     // A new step makes the steps undone before it unreachable.
-    void pushStep(std::string name, Snap before, std::uint64_t id, std::size_t size) {
+    void pushStep(std::string name, Snap before, std::size_t size) {
         for (const Step& s : redo_) bytes_ -= s.bytes;
         redo_.clear();
         bytes_ += size;
-        undo_.push_back({std::move(name), std::move(before), id, size});
+        undo_.push_back({std::move(name), std::move(before), size});
         while (undo_.size() > 1 && (undo_.size() > kMaxSteps || bytes_ > kMaxBytes)) {
             bytes_ -= undo_.front().bytes;
             undo_.pop_front();
@@ -57,13 +52,13 @@ protected:
     }
     // Moves the newest step of one stack to the other, holding `now` instead; gives back
     // the snapshot to restore.
-    Step swapStep(bool undo, Snap now, std::uint64_t nowId, std::size_t nowBytes) {
+    Step swapStep(bool undo, Snap now, std::size_t nowBytes) {
         auto& from = undo ? undo_ : redo_;
         auto& to = undo ? redo_ : undo_;
         Step s = std::move(from.back());
         from.pop_back();
         bytes_ = bytes_ - s.bytes + nowBytes;
-        to.push_back({s.name, std::move(now), nowId, nowBytes});
+        to.push_back({s.name, std::move(now), nowBytes});
         return s;
     }
 
@@ -77,11 +72,13 @@ struct PoolSnapshot {
     Pool pool;
     bool poolLoaded = false;
     std::string path;
-    bool changed = false;  // poolChanged while this was the state on show
     std::vector<CheckRow> drifterRows, foodRows;
     int drifterCurrent = -1, foodCurrent = -1;
     bool drifterListEnabled = true, foodListEnabled = true;
     bool speciesPending = false;
+    // What the rows' species numbers were worked out at.
+    float tagsThreshold = 44.4f;
+    std::int16_t tagsDepth = 100;
     SliderState drifterBox[4], foodBox[4];
     bool drifterLabels[4] = {}, foodLabels[4] = {};
 };
@@ -92,7 +89,7 @@ public:
     // from a file starts a new history) and the ticks as they are now.
     void prepare(App& app);
     // After a user's action: a changed pool becomes a step named `name`; another pool
-    // read from a file starts a new history; a save marks the state as the file's.
+    // read from a file starts a new history.
     void commit(App& app, const std::string& name);
     // Clears the steps; the state on show becomes the history's start.
     void reset(App& app);
@@ -101,11 +98,15 @@ public:
 
 private:
     bool move(App& app, bool undo);
-    void noteSave(const App& app);
+    bool sameState(const App& app) const;
     PoolSnapshot current_;
     bool started_ = false;
-    std::uint64_t currentId_ = 0, savedId_ = 0, nextId_ = 0;
+    std::uint64_t reads_ = 0;
 };
+
+// Sets poolChanged exactly while a pool is on show that its file does not hold (or
+// that has no file yet), as far as the files this run read or wrote tell.
+void markPoolChanged(App& app);
 
 // The genes of the loaded DNA files and what the drifter files tab shows of them.
 struct DnaSnapshot {
@@ -136,8 +137,5 @@ private:
     std::vector<Genome> disk_;
     std::vector<std::uint8_t> diskKnown_;
 };
-
-// Whole-record comparison of two pools, every byte a file would hold and more.
-bool samePool(const Pool& a, const Pool& b);
 
 }  // namespace aq

@@ -10,6 +10,7 @@
 #include "state/ArchiveOptions.h"
 #include "state/DnaFolder.h"
 #include "format/Records.h"
+#include "state/PoolFileImages.h"
 #include "state/SeriesState.h"
 #include "base/CheckList.h"
 #include "base/Clock.h"
@@ -46,6 +47,10 @@ struct App {
     std::string openPoolPath;
     bool poolChanged = false;
     bool poolLoaded = false;
+    // What the pool files read or written hold, and how many times a file was read
+    // into openPool: the undo history tells a load from an edit by it.
+    PoolFileImages poolFiles;
+    std::uint64_t poolReads = 0;
     bool uiBusy = false;
     bool poolSpeciesPending = false;
     bool speciesPending = false;
@@ -89,6 +94,9 @@ struct App {
     std::int32_t poolPassStart = 0;
     bool poolNoticeShown = false;
     std::int16_t poolPatience = 0;
+    // The threshold and depth the species numbers of lstSpeciatePool were worked out at.
+    float poolTagsThreshold = 44.4f;
+    std::int16_t poolTagsDepth = 100;
     int scrollPoolSpeciesThreshold = 444;
     std::string txtPoolSpeciesThreshold = "44.4";
     ProgressBarState PoolProgressBar1;

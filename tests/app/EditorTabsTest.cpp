@@ -15,6 +15,7 @@
 #include "app/WindowParts.h"
 #include "dnaeditor/DrifterFiles.h"
 #include "foodeditor/FoodList.h"
+#include "format/PoolFile.h"
 #include "generator/Generator.h"
 #include "generator/Placement.h"
 #include "pooleditor/DrifterList.h"

@@ -152,7 +152,7 @@ TEST(FoodBox, SlidersMovesAndStretches) {
     MoveFoodBox(one.app, Axis::Y, 1234);
     EXPECT_EQ(std::pair(one.f(0).carried1[0], one.f(1).x), std::pair(std::uint8_t{0xAB}, 5.0f));
     EXPECT_EQ(one.app.lstPoolFood.text(0), "{1} Food bit @ -2500X, 1234Y. ");
-    EXPECT_FALSE(one.app.poolChanged);
+    EXPECT_TRUE(one.app.poolChanged);
 
     FoodTab two({bit(1, -1000, 0), bit(1, 1000, 0)});
     two.tick({0, 1});

@@ -36,6 +36,8 @@ TEST(UndoHistory, RandomEditsUndoToTheLoadedFileAndRedoToTheLast) {
     aq::App app(ui, clock);
     app.openPool = aqtest::defaultPool();
     app.poolLoaded = true;
+    app.openPoolPath = "loaded.aqp";
+    app.poolFiles.note(app.openPoolPath, app.openPool);
     aq::showNewOpenPool(app);
     aq::setSpeciatePoolSliders(app);
     aq::setFoodSliders(app);
@@ -91,16 +93,6 @@ TEST(UndoHistory, RandomEditsUndoToTheLoadedFileAndRedoToTheLast) {
     EXPECT_TRUE(aq::poolBytes(app.openPool) == last);
     EXPECT_EQ(app.lstSpeciatePool.count(), lastRows);
     EXPECT_TRUE(app.poolChanged);
-
-    // Saved here: every other state differs from the file, the saved one again doesn't.
-    history.prepare(app);
-    app.poolChanged = false;
-    history.commit(app, "Save Pool File");
-    EXPECT_EQ(history.undoCount(), std::size_t(steps));
-    while (history.undo(app)) EXPECT_TRUE(app.poolChanged);
-    while (history.redo(app)) {
-    }
-    EXPECT_FALSE(app.poolChanged);
 }
 
 // The 256 MB cap weighs what a step really holds: records, the carried history block
