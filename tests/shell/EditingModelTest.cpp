@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <deque>
 #include <filesystem>
 #include <functional>
 #include <map>
@@ -91,6 +92,14 @@ aq::Pool cut(aq::Pool p, int first, int n) {
     return p;
 }
 
+// A state of the editor as the user sees it: the pool, its file, whether one is open.
+struct Shown {
+    std::size_t pool;
+    std::string path;
+    bool loaded;
+    bool operator==(const Shown&) const = default;
+};
+
 struct Walk {
     explicit Walk(unsigned seed) : rng(seed), ui(rng, dir.path()) {
         EXPECT_EQ(aq::writePool(dir.file("a.aqp"), cut(aqtest::defaultPool(), 0, 14)), "");
@@ -134,7 +143,12 @@ struct Walk {
     aq::PoolHistory history;
     std::map<std::string, std::string> seen;  // each pool file's bytes as last seen
     std::map<std::string, std::filesystem::file_time_type> stamps;
-    std::set<std::size_t> shown;  // every pool that was on show
+    std::set<std::size_t> shownPools;  // every pool that was on show
+    std::deque<Shown> undos, redos;
+    Shown shown() const {
+        return {app->poolLoaded ? std::hash<std::string>{}(aq::poolBytes(app->openPool)) : 0, app->openPoolPath,
+                app->poolLoaded};
+    }
 };
 
 TEST(EditingModel, RandomActionsKeepTheChangedMarkTheFilesAndTheSpeciesTrue) {
@@ -145,7 +159,7 @@ TEST(EditingModel, RandomActionsKeepTheChangedMarkTheFilesAndTheSpeciesTrue) {
     Walk w(seed);
     auto& app = w.app;
     aq::StartupSettings settings;
-    enum Kind { Edit, Replace, Close, Undo };
+    enum Kind { Edit, Replace, Close, Undo, Redo };
     const std::vector<std::pair<Kind, std::function<void()>>> actions = {
         {Replace, [&] { aq::initiateLoadPoolFile(*app); }},
         {Edit, [&] { aq::mSavePool(*app); }},
@@ -169,9 +183,9 @@ TEST(EditingModel, RandomActionsKeepTheChangedMarkTheFilesAndTheSpeciesTrue) {
         {Edit, [&] { aq::StretchFoodBox(*app, aq::Axis::X, w.slide(app->SliderFoodWidth)); }},
         {Edit, [&] { aq::setPoolSpeciesThresholdPosition(*app, w.pick(1001)); }},
         {Edit, [&] { aq::ToggleQuickSpeciate(*app); }},
-        {Undo, [&] { w.history.undo(*app); }},
-        {Undo, [&] { w.history.redo(*app); }},
-        {Undo, [&] { w.history.undo(*app); }},
+        {Undo, [] {}},
+        {Redo, [] {}},
+        {Undo, [] {}},
         {Close, [] {}},
     };
     for (int step = 0; step < 10000; ++step) {
@@ -184,17 +198,36 @@ TEST(EditingModel, RandomActionsKeepTheChangedMarkTheFilesAndTheSpeciesTrue) {
         const std::string before = watched ? aq::poolBytes(app->openPool) : std::string();
         const std::uint64_t readsBefore = app->poolReads;
         w.ui.askedAboutChanges = false;
+        // The model's own history: what was on show before each step, and after each undo.
+        const Shown was = w.shown();
         if (kind == Close) {
             if (aq::closeProgram(*app)) {
                 ASSERT_TRUE(heldBefore || w.ui.askedAboutChanges) << "closed on a pool its file does not hold";
                 w.start();
+                w.undos.clear();
+                w.redos.clear();
             }
-        } else if (kind == Undo) {
-            act();
+        } else if (kind == Undo || kind == Redo) {
+            auto& from = kind == Undo ? w.undos : w.redos;
+            auto& to = kind == Undo ? w.redos : w.undos;
+            ASSERT_EQ(kind == Undo ? w.history.undo(*app) : w.history.redo(*app), !from.empty());
+            if (!from.empty()) {
+                ASSERT_EQ(w.shown(), from.back()) << "undo or redo brought back another pool or file";
+                from.pop_back();
+                to.push_back(was);
+            }
         } else {
             w.history.prepare(*app);
             act();
             w.history.commit(*app, "step");
+            if (app->poolReads != readsBefore) {
+                w.undos.clear();
+                w.redos.clear();
+            } else if (w.shown().pool != was.pool || app->poolLoaded != was.loaded) {
+                w.undos.push_back(was);
+                if (w.undos.size() > aq::PoolHistory::kMaxSteps) w.undos.pop_front();
+                w.redos.clear();
+            }
         }
         if (kind == Replace && !w.ui.askedAboutChanges &&
             (app->poolReads != readsBefore || aq::poolBytes(app->openPool) != before)) {
@@ -209,7 +242,7 @@ TEST(EditingModel, RandomActionsKeepTheChangedMarkTheFilesAndTheSpeciesTrue) {
                             app->lstPoolFood.count() == app->openPool.foodCount;
         ASSERT_TRUE(listed || app->lstSpeciatePool.count() == 0 || app->lstPoolFood.count() == 0);
         // A file only ever gets a pool that was on show.
-        if (app->poolLoaded) w.shown.insert(std::hash<std::string>{}(aq::poolBytes(app->openPool)));
+        if (app->poolLoaded) w.shownPools.insert(std::hash<std::string>{}(aq::poolBytes(app->openPool)));
         for (const char* name : kPoolNames) {
             std::error_code ec;
             const auto stamp = std::filesystem::last_write_time(w.dir.file(name), ec);
@@ -217,7 +250,7 @@ TEST(EditingModel, RandomActionsKeepTheChangedMarkTheFilesAndTheSpeciesTrue) {
             w.stamps[name] = stamp;
             std::string bytes = fileBytes(w.dir.file(name));
             if (bytes == w.seen[name]) continue;
-            ASSERT_TRUE(w.shown.count(std::hash<std::string>{}(bytes))) << name << " got a pool never on show";
+            ASSERT_TRUE(w.shownPools.count(std::hash<std::string>{}(bytes))) << name << " got a pool never on show";
             w.seen[name] = std::move(bytes);
         }
         // The species numbers on show are worked out at the threshold and depth now set,
