@@ -18,7 +18,9 @@ int openRegularFile(const std::string& path, int& fd, std::size_t& size);
 
 // Writes `bytes` to `path` through a short-named temporary file in the same folder
 // and a rename, each flushed to the disk, so a failure or a power cut leaves the old
-// file or the new one. Returns "" on success, else the system's description.
+// file or the new one. A symbolic link stays, and the file it names is replaced; a
+// device, FIFO or socket is refused ("Not a regular file"). Returns "" on success,
+// else the system's description.
 std::string writeFileAtomically(const std::string& path, std::string_view bytes);
 
 // Copies a regular file the same way. Returns the error, or none.
