@@ -258,6 +258,11 @@ std::error_code copyFileAtomically(const std::string& from, const std::string& t
     return err ? std::error_code(err, std::generic_category()) : std::error_code();
 }
 
+bool sameFile(const std::string& a, const std::string& b) {
+    std::error_code ec;
+    return std::filesystem::equivalent(a, b, ec) && !ec;
+}
+
 std::string readWholeFile(const std::string& path, std::string& out, std::size_t maxSize) {
     const int err = readRegular(path, out, maxSize);
     return err ? systemErrorText(err) : std::string();

@@ -26,6 +26,10 @@ std::string writeFileAtomically(const std::string& path, std::string_view bytes)
 // Copies a regular file the same way. Returns the error, or none.
 std::error_code copyFileAtomically(const std::string& from, const std::string& to);
 
+// True when both names lead to one file (same device and inode): a symlinked folder,
+// "/a/./x", a hard link. A move between them must neither copy nor delete.
+bool sameFile(const std::string& a, const std::string& b);
+
 // Reads a whole regular file of at most `maxSize` bytes. Returns "" on success.
 std::string readWholeFile(const std::string& path, std::string& out, std::size_t maxSize);
 
