@@ -19,9 +19,15 @@ std::string gRefusingFolder;
 // The error an open or stat left, never 0 even where errno was not set.
 int lastError() { return errno != 0 ? errno : EIO; }
 
-// The folder part of `path` with its separator ("" for a bare name).
+// The folder part of `path` with its separator ("" for a bare name), the way this
+// system splits it: Windows also takes "\\" and a drive's "C:" before a relative name.
 std::string folderPart(const std::string& path) {
+#ifdef _WIN32
+    std::size_t cut = path.find_last_of("/\\");
+    if (cut == std::string::npos && path.size() >= 2 && path[1] == ':') cut = 1;
+#else
     std::size_t cut = path.rfind('/');
+#endif
     return cut == std::string::npos ? std::string() : path.substr(0, cut + 1);
 }
 

@@ -99,4 +99,23 @@ TEST(AtomicWrite, AKilledSaveLeavesNoTemporaryAfterTheNextSave) {
 }
 #endif
 
+#ifdef _WIN32
+TEST(AtomicWrite, TheTemporaryGoesBesideABackslashPath) {
+    TempDir dir, elsewhere;
+    const std::string path = dir.path() + "\\pool.aqp";
+    ASSERT_NE(path.find('\\'), std::string::npos);
+    // The current folder takes no files: a temporary put there would fail the save.
+    const fs::path before = fs::current_path();
+    fs::current_path(elsewhere.path());
+    aq::setRefusingFolder(elsewhere.path());
+    const std::string error = aq::writeFileAtomically(path, "saved");
+    aq::setRefusingFolder("");
+    fs::current_path(before);
+    EXPECT_EQ(error, "");
+    EXPECT_EQ(readBytes(path), "saved");
+    EXPECT_EQ(namesIn(dir.path()), std::set<std::string>{"pool.aqp"});
+    EXPECT_TRUE(namesIn(elsewhere.path()).empty());
+}
+#endif
+
 }  // namespace
