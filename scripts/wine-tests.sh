@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The Windows build under Wine: builds the core, aqfm, the Windows helpers and the
-# Windows core tests with mingw-w64, runs those tests under Wine, then a series driven
+# The Windows build under Wine: builds everything the Windows build makes with
+# mingw-w64, runs the Windows core tests below under Wine, then a series driven
 # from Linux with the Windows stand-in under Wine. One throwaway Wine folder for it all;
 # every Wine process is ended afterwards. Needs the Linux build in build/.
 set -euo pipefail
@@ -12,7 +12,7 @@ jobs=${JOBS:-$(nproc)}
 # build their paths and expected messages with "/" where Windows joins with "\\" (the
 # path helpers then split at the "\\" only), quote for a POSIX shell, or expect POSIX
 # error texts.
-win_tests=(tests_archive tests_foodeditor tests_pool tests_series tests_shell)
+win_tests=(tests_archive tests_base tests_foodeditor tests_pool tests_series tests_shell)
 declare -A skip=(
   [tests_archive]="CopyToArchive.NothingCheckedCancelledAutoNamesAndOverwrites:ReplaceFromArchive.*"
   [tests_series]="Harvest.CliScoresAndPrepare:EvolveSeries.PlagueAndHarvestHappenInTheCycle"
@@ -25,7 +25,7 @@ launcher=()
 command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 cmake -S . -B build-win -G Ninja --toolchain cmake/mingw-w64-x86_64.cmake -DCMAKE_BUILD_TYPE=Release \
   -DAQ_WERROR=ON "${launcher[@]}" >/dev/null
-cmake --build build-win -j "$jobs" --target aqfm aqwinctl Aquarium "${win_tests[@]}"
+cmake --build build-win -j "$jobs"
 
 work=$(mktemp -d)
 export WINEPREFIX="$work/prefix" WINEDEBUG=-all AQ_WIN_BUILD="$PWD/build-win"

@@ -3,10 +3,10 @@
 #include <filesystem>
 #include <system_error>
 
+#include "base/FileIo.h"
+#include "base/Paths.h"
 #include "files/FileNames.h"
 #include "files/PathBoxes.h"
-#include "base/Paths.h"
-#include "base/FileIo.h"
 
 namespace aq {
 
@@ -126,6 +126,8 @@ void cmdCopyToArchive(App& app) {
             if (destName.empty()) continue;
             std::string from = liveFilePath(sourceFolder, srcName);
             std::string to = joinPath(destFolder, destName);
+            // Already there under another name: a copy onto itself, then a delete, would lose it.
+            if (sameFile(from, to)) continue;
             std::error_code ec = copyFileSafely(from, to);
             if (isMissing(ec) && !fileExists(from)) {
                 ++notFound;

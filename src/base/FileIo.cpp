@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <random>
@@ -18,10 +19,16 @@ std::string gRefusingFolder;
 // The error an open or stat left, never 0 even where errno was not set.
 int lastError() { return errno != 0 ? errno : EIO; }
 
-std::string folderOf(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    if (slash == std::string::npos) return ".";
-    return slash == 0 ? "/" : path.substr(0, slash);
+// The folder part of `path` with its separator ("" for a bare name), the way this
+// system splits it: Windows also takes "\\" and a drive's "C:" before a relative name.
+std::string folderPart(const std::string& path) {
+#ifdef _WIN32
+    std::size_t cut = path.find_last_of("/\\");
+    if (cut == std::string::npos && path.size() >= 2 && path[1] == ':') cut = 1;
+#else
+    std::size_t cut = path.rfind('/');
+#endif
+    return cut == std::string::npos ? std::string() : path.substr(0, cut + 1);
 }
 
 bool refused(const std::string& folder) {
@@ -54,38 +61,134 @@ int writeAll(int fd, std::string_view bytes) {
     return failing ? ENOSPC : 0;
 }
 
-int replaceAtomically(const std::string& path, std::string_view bytes) {
-    static std::mt19937_64 names{std::random_device{}()};
-    const std::string folder = folderOf(path);
-    if (refused(folder)) return EACCES;
-    // The temporary name is short, so any name the folder allows still saves.
-    const std::string prefix = path.find('/') == std::string::npos ? std::string() : folder + "/";
-    std::string tmp;
+// Follows symbolic links to the file a save replaces, so a link stays a link. A device,
+// FIFO or socket is refused: replacing it would break whatever uses it.
+int resolveTarget(std::string& path) {
+    namespace fs = std::filesystem;
+    for (int hops = 0; hops < 40; ++hops) {
+        std::error_code ec;
+        const fs::file_status st = fs::symlink_status(path, ec);
+        // A name that isn't there yet, or can't be looked at: creating it tells why.
+        if (ec || st.type() == fs::file_type::not_found || st.type() == fs::file_type::regular) return 0;
+        if (st.type() == fs::file_type::directory) return EISDIR;
+        if (st.type() != fs::file_type::symlink) return kNotRegularFile;
+        const fs::path link = fs::read_symlink(path, ec);
+        if (ec) return ec.value();
+        path = link.is_absolute() ? link.string() : folderPart(path) + link.string();
+    }
+    return ELOOP;
+}
+
+// Temporary names carry the saver's process id, so a later save can tell a killed
+// save's leftover from one still being written.
+std::string temporaryName() {
+    static std::mt19937 names{std::random_device{}()};
+    char name[32];
+    std::snprintf(name, sizeof name, ".aq%lx-%04x", currentProcessId(), static_cast<unsigned>(names() & 0xffffu));
+    return name;
+}
+
+// Removes the temporaries of saves that were killed: their process is gone (or an
+// older version left them without an id) and a minute has passed.
+void removeStaleTemporaries(const std::string& folder, const std::string& prefix) {
+    namespace fs = std::filesystem;
+    std::error_code ec;
+    const auto old = fs::file_time_type::clock::now() - std::chrono::minutes(1);
+    for (fs::directory_iterator it(folder, ec), end; !ec && it != end; it.increment(ec)) {
+        const std::string name = it->path().filename().string();
+        const std::size_t dash = name.find('-');
+        const std::size_t hex = name.find_first_not_of("0123456789abcdef", 3);
+        const bool withId = dash != std::string::npos && dash > 3 && dash <= 11 && hex == dash &&
+                            name.find_first_not_of("0123456789abcdef", dash + 1) == std::string::npos;
+        const bool idless = hex == std::string::npos && name.size() == 11;
+        if (name.rfind(".aq", 0) != 0 || !(withId || idless)) continue;
+        if (withId && processAlive(std::stoul(name.substr(3, dash - 3), nullptr, 16))) continue;
+        std::error_code e;
+        if (it->is_regular_file(e) && it->last_write_time(e) < old && !e) fs::remove(prefix + name, e);
+    }
+}
+
+#ifdef O_TMPFILE
+constexpr int kUseNamed = -2;
+
+// A file with no name until it is whole: a save killed before the link leaves nothing.
+// Returns kUseNamed where the file system (or a missing /proc) cannot do it.
+int writeUnnamed(const std::string& prefix, std::string_view bytes, int mode, std::string& tmp) {
+    const int fd = ::open(prefix.empty() ? "." : prefix.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0644);
+    if (fd < 0) return errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL ? kUseNamed : lastError();
+    int err = writeAll(fd, bytes);
+    if (!err && mode >= 0 && ::fchmod(fd, static_cast<mode_t>(mode)) != 0) err = lastError();
+    if (!err && ::fsync(fd) != 0) err = lastError();
+    char self[48];
+    std::snprintf(self, sizeof self, "/proc/self/fd/%d", fd);
+    for (int attempt = 0; attempt < 16 && !err && tmp.empty(); ++attempt) {
+        const std::string name = prefix + temporaryName();
+        if (::linkat(AT_FDCWD, self, AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0)
+            tmp = name;
+        else if (errno != EEXIST)
+            break;
+    }
+    ::close(fd);
+    return err ? err : tmp.empty() ? kUseNamed : 0;
+}
+#endif
+
+// Writes a temporary file in `prefix`'s folder. Returns 0 with its name in `tmp`, else
+// the error. `mode` is the replaced file's, or -1 for a new file.
+int writeTemporary(const std::string& prefix, std::string_view bytes, int mode, std::string& tmp) {
+#ifdef O_TMPFILE
+    if (int err = writeUnnamed(prefix, bytes, mode, tmp); err != kUseNamed) return err;
+#endif
     int fd = -1;
     for (int attempt = 0; attempt < 16 && fd < 0; ++attempt) {
-        char name[16];
-        std::snprintf(name, sizeof name, ".aq%08llx", static_cast<unsigned long long>(names() & 0xffffffffu));
-        tmp = prefix + name;
+        tmp = prefix + temporaryName();
         fd = ::open(tmp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
         if (fd < 0 && errno != EEXIST) break;
     }
     if (fd < 0) return lastError();
-
     int err = writeAll(fd, bytes);
     if (!err && ::fsync(fd) != 0) err = lastError();
     if (::close(fd) != 0 && !err) err = lastError();
+    if (!err && mode >= 0) ::chmod(tmp.c_str(), static_cast<mode_t>(mode));
+    if (err) ::unlink(tmp.c_str());
+    return err;
+}
+
+int replaceAtomically(const std::string& target, std::string_view bytes) {
+    std::string path = target;
+    if (int err = resolveTarget(path)) return err;
+    // The temporary goes beside the file it replaces, so the rename stays in one folder.
+    const std::string prefix = folderPart(path);
+    const std::string folder = prefix.empty() ? "." : prefix;
+    if (refused(folder)) return EACCES;
+    struct stat st {};
+    // Keep the mode of the file being replaced.
+    const int mode = ::stat(path.c_str(), &st) == 0 ? static_cast<int>(st.st_mode & 07777) : -1;
+    std::string tmp;
+    int err = writeTemporary(prefix, bytes, mode, tmp);
     if (!err) {
-        // Keep the mode of the file being replaced.
-        struct stat st {};
-        if (::stat(path.c_str(), &st) == 0) ::chmod(tmp.c_str(), st.st_mode & 07777);
         syncFolder(folder);
         err = replaceFile(tmp.c_str(), path.c_str());
+        if (err)
+            ::unlink(tmp.c_str());
+        else
+            syncFolder(folder);
     }
-    if (err)
-        ::unlink(tmp.c_str());
-    else
-        syncFolder(folder);
+    removeStaleTemporaries(folder, prefix);
     return err;
+}
+
+// kNotRegularFile as an error code: EINVAL's number for the messages that show one,
+// and words that say what is wrong.
+const std::error_category& notRegularCategory() {
+    static const struct : std::error_category {
+        const char* name() const noexcept override { return "aq.file"; }
+        std::string message(int) const override { return systemErrorText(kNotRegularFile); }
+        bool equivalent(int, const std::error_condition& c) const noexcept override {
+            return c == std::errc::invalid_argument;
+        }
+    } category;
+    return category;
 }
 
 }  // namespace
@@ -157,8 +260,13 @@ std::error_code copyFileAtomically(const std::string& from, const std::string& t
     std::string bytes;
     int err = readRegular(from, bytes, static_cast<std::size_t>(-1));
     if (!err) err = replaceAtomically(to, bytes);
-    if (err == kNotRegularFile) return std::make_error_code(std::errc::invalid_argument);
+    if (err == kNotRegularFile) return {EINVAL, notRegularCategory()};
     return err ? std::error_code(err, std::generic_category()) : std::error_code();
+}
+
+bool sameFile(const std::string& a, const std::string& b) {
+    std::error_code ec;
+    return std::filesystem::equivalent(a, b, ec) && !ec;
 }
 
 std::string readWholeFile(const std::string& path, std::string& out, std::size_t maxSize) {

@@ -31,4 +31,8 @@ namespace aq {
 // Renames `from` over `to`, replacing it. Returns 0, or the errno value of the failure.
 int replaceFile(const char* from, const char* to);
 
+unsigned long currentProcessId();
+// False only when no process of that id runs: a process we may not signal is alive.
+bool processAlive(unsigned long pid);
+
 }  // namespace aq

@@ -4,10 +4,10 @@
 #include <filesystem>
 #include <system_error>
 
+#include "base/FileIo.h"
+#include "base/Paths.h"
 #include "dnaeditor/DrifterFiles.h"
 #include "dnaeditor/GenePanel.h"
-#include "base/Paths.h"
-#include "base/FileIo.h"
 
 namespace aq {
 
@@ -328,7 +328,10 @@ void moveSelectedDrifterFiles(App& app, bool removeEntries, bool touchFiles, boo
                     }
                     choose();
                 }
-                if (!dstName.empty()) copied = copyFile(app, source, joinPath(dstFolder, dstName), t);
+                // The source itself under another name: copying would gain nothing, and the
+                // delete below would lose the only copy.
+                const std::string dest = joinPath(dstFolder, dstName);
+                if (!dstName.empty() && !sameFile(source, dest)) copied = copyFile(app, source, dest, t);
             }
 
             // A source goes only when its copy is whole: a failed copy keeps both files.

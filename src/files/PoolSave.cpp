@@ -1,8 +1,8 @@
 #include "files/PoolSave.h"
 
-#include "files/PoolOps.h"
-#include "files/FileNames.h"
 #include "base/Paths.h"
+#include "files/FileNames.h"
+#include "files/PoolOps.h"
 
 namespace aq {
 
@@ -40,15 +40,17 @@ void mSavePool(App& app) {
 bool saveChangesBeforeReplacing(App& app) {
     // A pool with no file yet (generated, or merged into nothing) is given a name first,
     // or the save below could only fail, again at every Retry.
-    if (app.openPoolPath.empty()) {
-        std::string path = locateDestFile(app, app.comboPoolPath, "", "aqp", "Pool Files", "Save Pool As");
+    // The pool takes the name only once a file holds it.
+    std::string path = app.openPoolPath;
+    if (path.empty()) {
+        path = locateDestFile(app, app.comboPoolPath, "", "aqp", "Pool Files", "Save Pool As");
         if (path.empty()) return false;
-        app.openPoolPath = path;
     }
-    while (!savePoolFile(app, app.openPoolPath, true)) {
+    while (!savePoolFile(app, path, true)) {
         if (app.ui.AskRetryCancel("Error saving file.", "Aquarium File Manager - Species Load") == Answer::Cancel)
             return false;
     }
+    app.openPoolPath = path;
     app.poolChanged = false;
     return true;
 }

@@ -172,18 +172,20 @@ TEST(CopyToArchive, NumberedNamesThirdStateOwnFolderAndFailures) {
     g.ui.message("Moved 1 file. One of the selected source files was not found. ", "Done");
     g.run(aq::cmdCopyToArchive);
 #ifndef _WIN32  // the path is built with "/", where Windows joins with "\\"
-    // Into the simulator's own folder: nothing is deleted.
+    // Into the simulator's own folder, by its name or through a link: nothing is copied or deleted.
     Fixture o;
     o.only({4});
     o.app.archive.chkAutoName = 0;
     o.app.archive.chkDeleteOriginal = 1;
     o.put(o.sim, "Pool_1.AQP", "p1");
-    const std::string live = o.sim + "/Pool_1.AQP";
-    o.ui.file("save", "Move Pool_1.AQP to:", live, "*")
-        .ask("yesnocancel", live + kConflict, "Filename Conflict", Answer::Yes)
-        .message("Copied 1 file. ", "Done");
-    o.run(aq::cmdCopyToArchive);
-    EXPECT_EQ(o.get(o.sim, "Pool_1.AQP"), "p1");
+    fs::create_directory_symlink(o.sim, o.dir.file("link"));
+    for (const std::string& live : {o.sim + "/Pool_1.AQP", o.dir.file("link") + "/Pool_1.AQP"}) {
+        o.ui.file("save", "Move Pool_1.AQP to:", live, "*")
+            .ask("yesnocancel", live + kConflict, "Filename Conflict", Answer::Yes)
+            .message("No files moved or copied.", "Done");
+        o.run(aq::cmdCopyToArchive);
+        EXPECT_EQ(o.get(o.sim, "Pool_1.AQP"), "p1");
+    }
 #endif
     // A failed copy is shown and the command goes on.
     Fixture h;

@@ -83,6 +83,7 @@ TEST(LoadDrifterFiles, AnyCaseInNameOrderAndWhatCannotBeRead) {
         .message("Nothing to load.  Try a different Drifter Archive path.");
     bad.run(aq::initiateLoadDrifterArchive);
     EXPECT_FALSE(bad.app.dnaLoaded);
+#ifndef _WIN32  // POSIX permissions
     // A file that can't be read is left out (root reads any file).
     if (geteuid() != 0) {
         bad.writeDna("a.dna", genome(1));
@@ -94,6 +95,7 @@ TEST(LoadDrifterFiles, AnyCaseInNameOrderAndWhatCannotBeRead) {
         EXPECT_EQ(bad.lines(), (std::vector<std::string>{"b.dna"}));
         EXPECT_EQ(bad.app.dna.dnaGenes.size(), 1u);
     }
+#endif
 }
 
 TEST(ImportDrifters, NamesAndQuickSpeciate) {

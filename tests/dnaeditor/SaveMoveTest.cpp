@@ -199,6 +199,19 @@ TEST(MoveDrifterFiles, SameFolderMissingSourcesNothingLoadedAndFailedCopies) {
     f.move();
     EXPECT_EQ(f.firstBytes({"dst/first.dna", "dst/b.dna", "dst/c.dna", "src/a.dna"}), std::string("\x01\x02\x03\0", 4));
     EXPECT_EQ(std::pair(f.app.dnaLoaded, f.app.lstSpeciateDrifters.count()), std::pair(false, 0));  // every entry went
+    // The loaded folder named another way is the same folder: the file is neither copied onto
+    // itself nor deleted.
+    for (const char* other : {"link", "src/."}) {
+        Folder s(1);
+        fs::create_directory_symlink("src", s.path("link"));
+        s.tick({0});
+        s.app.comboDrifterPath = s.path(other);
+        s.ui.ask("yesnocancel", s.path(other) + "/a.dna already exists.  Overwrite existing file?", "Filename Conflict",
+                 Answer::Yes)
+            .message("No files moved, deleted, or copied.", "Done");
+        s.move();
+        EXPECT_EQ(s.firstByte(s.src(0)), '\x01') << other;
+    }
     Folder m(3);
     m.tick({0, 1});
     fs::remove(m.src(1));

@@ -130,7 +130,8 @@ TEST(DrifterSpecies, GroupTicksAndTheThresholdRange) {
     EXPECT_EQ(std::tuple(progress.visible, progress.value, progress.max), std::tuple(false, 2, 2));
 
     // Width 7: eight items one apart; width 20: eleven items two apart.
-    for (auto [head, items, first] : {std::tuple(9, 8ul, "99.1%"s), std::tuple(22, 11ul, "97.8%"s)}) {
+    for (auto [head, items, first] :
+         {std::tuple(9, std::size_t{8}, "99.1%"s), std::tuple(22, std::size_t{11}, "97.8%"s)}) {
         Species u({{"a.dna", genome(1)}, {"b.dna", genome(1, {5, 5})}, {"c.dna", genome(1, std::vector<int>(head, 4))}},
                   false);
         u.app.similarityDepth = 1000;
@@ -171,7 +172,7 @@ TEST(DrifterSpecies, SlowPassesShowTheNoticeWithGrowingPatience) {
             "the selected species boundary threshold."});
     app.speciesPending = true;
     runPass();
-    EXPECT_EQ(std::pair(recorder.shown.size(), app.dna.pass.patience), std::pair(2ul, std::int16_t{32}));
+    EXPECT_EQ(std::pair(recorder.shown.size(), app.dna.pass.patience), std::pair(std::size_t{2}, std::int16_t{32}));
 }
 
 }  // namespace

@@ -73,19 +73,21 @@ TEST(GenerateCommand, PublishesThePoolUnsavedOrSaysWhyNot) {
 }
 
 TEST(GenerateCommand, TheChangedPoolIsSavedFirstOrKept) {
-    // A pool without a file is asked a name for; a full disk is retried.
-    enum Case { Cancel, UnnamedCancelsTheName, Yes, YesOnAFullDisk, FullDiskCancelled };
-    for (Case c : {Cancel, UnnamedCancelsTheName, Yes, YesOnAFullDisk, FullDiskCancelled}) {
+    // A pool without a file is asked a name for, which it keeps once saved; a full disk is retried.
+    enum Case { Cancel, UnnamedCancelsTheName, Yes, YesOnAFullDisk, FullDiskCancelled, UnnamedFullDiskCancelled };
+    for (Case c : {Cancel, UnnamedCancelsTheName, Yes, YesOnAFullDisk, FullDiskCancelled, UnnamedFullDiskCancelled}) {
         SCOPED_TRACE(c);
         Fixture f;
-        std::string path = c == UnnamedCancelsTheName ? "" : f.dir.file("open.aqp");
+        const bool unnamed = c == UnnamedCancelsTheName || c == UnnamedFullDiskCancelled;
+        std::string path = unnamed ? "" : f.dir.file("open.aqp");
         f.openChangedPool(path);
         std::string before = aq::poolBytes(f.app.openPool);
         f.ui.ask("yesnocancel", kChanged, "File Has Changed", c == Cancel ? Answer::Cancel : Answer::Yes);
-        if (c == UnnamedCancelsTheName) f.ui.file("save", "Save Pool As", "");
-        if (c == YesOnAFullDisk || c == FullDiskCancelled) {
-            f.ui.message("Error saving " + path + ", error: No space left on device",
-                         "Aquarium File Manager - Save Pool File")
+        if (unnamed) f.ui.file("save", "Save Pool As", c == UnnamedCancelsTheName ? "" : f.dir.file("new.aqp"));
+        if (c == YesOnAFullDisk || c == FullDiskCancelled || c == UnnamedFullDiskCancelled) {
+            f.ui.message(
+                    "Error saving " + (unnamed ? f.dir.file("new.aqp") : path) + ", error: No space left on device",
+                    "Aquarium File Manager - Save Pool File")
                 .ask("retrycancel", "Error saving file.", "Aquarium File Manager - Species Load",
                      c == YesOnAFullDisk ? Answer::Retry : Answer::Cancel);
             aq::setWriteFailureAfter(10);
@@ -99,6 +101,7 @@ TEST(GenerateCommand, TheChangedPoolIsSavedFirstOrKept) {
         EXPECT_EQ(std::tuple(f.app.openPool.drifterCount, f.app.lstSpeciatePool.count()),
                   generated ? std::tuple(120, 120) : std::tuple(3, 3));
         EXPECT_EQ(std::tuple(f.app.poolChanged, f.ui.waitDepth), std::tuple(true, 0));  // a new pool is unsaved
+        EXPECT_EQ(f.app.openPoolPath, path);
     }
 }
 
