@@ -47,5 +47,8 @@ xvfb-run -a bash -c '
   cd ..
   echo "== a series from Linux with the Windows stand-in under Wine"
   build/tests/tests_series --gtest_filter="Standin.WindowsSeries*" || failed=1
+  echo "== a Windows simulator that never opens its window, ended at Finish"
+  # A process of its own, so the broker it launches passes the stand-in mode on.
+  build/tests/tests_series --gtest_filter="Standin.WindowsNeverReady*" || failed=1
   exit $failed
 ' wine-tests "${filters[@]}"

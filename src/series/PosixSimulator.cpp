@@ -71,8 +71,9 @@ public:
         poll(c);
         if (c.exited) return;
         ::kill(c.pid, SIGTERM);
-        // The simulator saves before it goes; give a large pool time, then make sure.
-        auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+        // The simulator saves before it goes; give a large pool time, then make sure. One that
+        // never said ready is stuck starting and has nothing to save: a short grace will do.
+        auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(c.ready ? 60 : 2);
         while (!c.exited && std::chrono::steady_clock::now() < deadline) {
             std::this_thread::sleep_for(std::chrono::milliseconds(5));
             poll(c);

@@ -38,7 +38,7 @@ Simulator& systemSimulator();
 
 // Child processes of a POSIX system. A started simulator counts as having a window once it
 // has written the line "ready" to its standard output; closing it sends SIGTERM and waits
-// for the process to end.
+// for the process to end, and kills it when it outstays its grace.
 Simulator& posixSimulator();
 
 }  // namespace aq

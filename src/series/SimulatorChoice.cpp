@@ -5,8 +5,8 @@ namespace aq {
 
 namespace {
 
-// Each start picks the way to run its program; finding and closing go to the one that
-// started the last simulator, since one runs at a time.
+// Each start picks the way to run its program; finding and closing, a window or a whole
+// process, go to the one that started the last simulator, since one runs at a time.
 class SystemSimulator : public Simulator {
 public:
     std::uint32_t start(const std::string& executable, const std::string& folder) override {
@@ -23,6 +23,7 @@ public:
     }
     std::uint32_t findWindow(std::uint32_t processId) override { return current_->findWindow(processId); }
     void close(std::uint32_t window) override { current_->close(window); }
+    void closeProcess(std::uint32_t processId) override { current_->closeProcess(processId); }
     std::string startProblem() const override { return problem_; }
 
 private:

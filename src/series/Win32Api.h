@@ -1,5 +1,5 @@
 #pragma once
-// The six window and process calls of Windows that running the simulator needs, as
+// The seven window and process calls of Windows that running the simulator needs, as
 // plain functions on 32-bit handles, so the lookup and close logic runs unchanged on
 // Windows, inside Wine through a broker, and against a fake in tests.
 #include <cstdint>
@@ -23,6 +23,10 @@ public:
     virtual void GetWindowThreadProcessId(std::uint32_t window, std::uint32_t& processId) = 0;
     virtual void SendMessageA(std::uint32_t window, std::uint32_t message, std::uintptr_t wParam,
                               std::intptr_t lParam) = 0;
+    // Gives process `processId` up to `graceMs` to end by itself, then ends it with
+    // TerminateProcess and returns once it has gone. Only a process this object created is
+    // ended, so a reused id never reaches a stranger; false when there was none to end.
+    virtual bool TerminateProcess(std::uint32_t processId, std::uint32_t graceMs) = 0;
 };
 
 inline constexpr std::uint32_t kGwHwndNext = 2;

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <map>
+#include <utility>
 #include <vector>
 
 #include "series/Win32Simulator.h"
@@ -27,7 +29,10 @@ public:
         if (!::CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, NORMAL_PRIORITY_CLASS, nullptr,
                               currentDirectory.empty() ? nullptr : currentDirectory.c_str(), &si, &pi))
             return false;
-        // The two handles are kept open, as the simulator's process record holds them.
+        // The process handle is kept, so the process can be ended even if it never shows a
+        // window, and its id cannot meanwhile pass to another process.
+        ::CloseHandle(pi.hThread);
+        if (HANDLE old = std::exchange(processes_[pi.dwProcessId], pi.hProcess)) ::CloseHandle(old);
         processId = pi.dwProcessId;
         return true;
     }
@@ -46,6 +51,21 @@ public:
                       std::intptr_t lParam) override {
         ::SendMessageA(toHandle(window), message, wParam, lParam);
     }
+    bool TerminateProcess(std::uint32_t processId, std::uint32_t graceMs) override {
+        auto it = processes_.find(processId);
+        if (it == processes_.end()) return false;
+        HANDLE process = it->second;
+        processes_.erase(it);
+        if (::WaitForSingleObject(process, graceMs) != WAIT_OBJECT_0) {
+            ::TerminateProcess(process, 1);
+            ::WaitForSingleObject(process, 10000);
+        }
+        ::CloseHandle(process);
+        return true;
+    }
+
+private:
+    std::map<std::uint32_t, HANDLE> processes_;
 };
 
 }  // namespace

@@ -1,5 +1,5 @@
 #pragma once
-// The six calls made directly on this system (a Windows build, or a program run by Wine).
+// The seven calls made directly on this system (a Windows build, or a program run by Wine).
 #include "series/Win32Api.h"
 
 namespace aq {

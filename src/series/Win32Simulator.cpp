@@ -32,4 +32,10 @@ std::uint32_t Win32Simulator::findWindow(std::uint32_t processId) {
 
 void Win32Simulator::close(std::uint32_t window) { api_.SendMessageA(window, kWmClose, 0, 0); }
 
+void Win32Simulator::closeProcess(std::uint32_t processId) {
+    // Its windows first, so the simulator saves; a closed simulator leaves within the grace.
+    Simulator::closeProcess(processId);
+    api_.TerminateProcess(processId, 2000);
+}
+
 }  // namespace aq

@@ -1,6 +1,7 @@
 #pragma once
 // The simulator as a Windows program: started with CreateProcessA, its window looked
-// up by the simulator's class names and a walk down the Z order, closed with WM_CLOSE.
+// up by the simulator's class names and a walk down the Z order, closed with WM_CLOSE;
+// a process that outlives its windows, or never had one, is terminated.
 #include <array>
 
 #include "format/WindowClasses.h"
@@ -15,6 +16,7 @@ public:
     std::uint32_t start(const std::string& executable, const std::string& folder) override;
     std::uint32_t findWindow(std::uint32_t processId) override;
     void close(std::uint32_t window) override;
+    void closeProcess(std::uint32_t processId) override;
 
 private:
     Win32Api& api_;

@@ -7,6 +7,7 @@
 //   next <window> <command>          -> window
 //   owner <window>                   -> process id, "-" when the window is unknown
 //   send <window> <message> <wParam> <lParam> -> "done" once the window has dealt with it
+//   end <process id> <grace in ms>   -> "1" once the process has gone, "0" when it is unknown
 // Paths that begin with "/" are this system's and are turned into Wine's names inside.
 namespace aq {
 inline constexpr const char* kBrokerHello = "aqwinctl ready";

@@ -184,7 +184,7 @@ std::uint32_t number(const std::optional<std::string>& s) {
     return *end == '\0' ? static_cast<std::uint32_t>(v) : 0;
 }
 
-// The six calls, each one request to the broker. A failed broker answers 0 throughout,
+// The seven calls, each one request to the broker. A failed broker answers 0 throughout,
 // which the series sees as a simulator without a window.
 class BrokerApi : public Win32Api {
 public:
@@ -213,6 +213,10 @@ public:
         b_.ask("send\t" + std::to_string(window) + "\t" + std::to_string(message) + "\t" + std::to_string(wParam) +
                    "\t" + std::to_string(lParam),
                120);
+    }
+    bool TerminateProcess(std::uint32_t processId, std::uint32_t graceMs) override {
+        return number(b_.ask("end\t" + std::to_string(processId) + "\t" + std::to_string(graceMs),
+                             static_cast<int>(graceMs / 1000) + 30)) == 1;
     }
 
 private:
@@ -270,6 +274,10 @@ std::uint32_t WineSimulator::findWindow(std::uint32_t processId) {
 
 void WineSimulator::close(std::uint32_t window) {
     if (impl_->broker.running()) impl_->simulator.close(window);
+}
+
+void WineSimulator::closeProcess(std::uint32_t processId) {
+    if (impl_->broker.running()) impl_->simulator.closeProcess(processId);
 }
 
 }  // namespace aq

@@ -1,5 +1,5 @@
 #pragma once
-// A Windows simulator run here through Wine. The six Windows calls are made inside Wine
+// A Windows simulator run here through Wine. The seven Windows calls are made inside Wine
 // by a small broker, aqwinctl.exe, which answers one request per line on its standard
 // input and output; the lookup and close logic on top of them is Win32Simulator's.
 #include <string>
@@ -18,6 +18,7 @@ public:
     std::uint32_t start(const std::string& executable, const std::string& folder) override;
     std::uint32_t findWindow(std::uint32_t processId) override;
     void close(std::uint32_t window) override;
+    void closeProcess(std::uint32_t processId) override;
     std::string startProblem() const override;
 
 private:

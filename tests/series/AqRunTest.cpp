@@ -3,7 +3,10 @@
 // series runs it.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cerrno>
 #include <chrono>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
@@ -214,5 +217,68 @@ TEST(Standin, ShortPlainSeriesLeavesEvolvedFilesOnDisk) {
     ASSERT_GE(pools[1].drifterCount, pools[0].drifterCount);
     for (int i = 0; i < pools[0].drifterCount; ++i) EXPECT_GT(pools[1].drifters[i].age, pools[0].drifters[i].age);
     for (const aq::Pool& p : pools) EXPECT_GT(p.drifterCount, 0);
+}
+
+namespace {
+
+// Processes whose command line names `text`; under Wine a Windows program's command line
+// is its Windows path.
+std::vector<std::string> processesNaming(const std::string& text) {
+    std::vector<std::string> found;
+    std::error_code ec;
+    for (auto it = std::filesystem::directory_iterator("/proc", ec); !ec && it != std::filesystem::directory_iterator();
+         it.increment(ec)) {
+        std::string line = readBytes(it->path().string() + "/cmdline");
+        std::replace(line.begin(), line.end(), '\0', ' ');
+        if (line.find(text) != std::string::npos) found.push_back(line);
+    }
+    return found;
+}
+
+// A copy of `standin` named `exe` that never shows a window (and lets SIGTERM pass) is
+// started as a series starts the simulator and ended as Finish ends it, through the
+// system's simulators: within a short grace no process of it is left. Returns its id.
+std::uint32_t finishNeverReady(const std::string& standin, const std::string& exe) {
+    TempDir dir;
+    const std::string name = std::filesystem::path(dir.path()).filename().string();
+    std::filesystem::create_directories(dir.file("sim"));
+    std::filesystem::copy_file(standin, dir.file("sim/" + exe));
+    EnvVar mode("AQUARIUM_STANDIN_NEVER_READY", "1");
+    UiRig r;
+    r.app.comboAquariumPath = dir.file("sim");
+    r.app.programFolder = dir.path();
+    const std::uint32_t pid = aq::startSimulator(r.app);
+    EXPECT_NE(pid, 0u);
+    std::this_thread::sleep_for(std::chrono::milliseconds(500));  // its SIGTERM handler is set by now
+    EXPECT_EQ(aq::findSimulatorWindow(r.app, pid), 0u) << "the never-ready mode did not reach the stand-in";
+    EXPECT_FALSE(processesNaming(name).empty());
+    const auto began = std::chrono::steady_clock::now();
+    aq::closeSimulator(r.app, 0);
+    aq::closeStartedProcesses(r.app);
+    EXPECT_LT(std::chrono::steady_clock::now() - began, std::chrono::seconds(10));
+    for (int i = 0; i < 60 && !processesNaming(name).empty(); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    EXPECT_EQ(processesNaming(name), std::vector<std::string>{});
+    EXPECT_TRUE(r.ui.done()) << r.ui.report();
+    return pid;
+}
+
+}  // namespace
+
+TEST(Standin, NeverReadyIsEndedAtFinish) {
+    const std::uint32_t pid = finishNeverReady(kStandin, "Aquarium");
+    // Reaped too: a zombie would still answer.
+    const bool gone = ::kill(static_cast<pid_t>(pid), 0) == -1 && errno == ESRCH;
+    EXPECT_TRUE(gone);
+    if (!gone) ::kill(static_cast<pid_t>(pid), SIGKILL);
+}
+
+// Under Wine the broker passes its environment on, so this runs in a process of its own
+// (as scripts/wine-tests.sh runs it), before any other start has launched the broker.
+TEST(Standin, WindowsNeverReadyIsEndedAtFinish) {
+    const char* win = std::getenv("AQ_WIN_BUILD");
+    if (!win || !std::getenv("DISPLAY")) GTEST_SKIP() << "needs AQ_WIN_BUILD and a display: test.sh runs it";
+    EnvVar broker("AQFM_WINCTL", std::string(win) + "/aqwinctl.exe");
+    finishNeverReady(std::string(win) + "/standin/Aquarium.exe", "Aquarium.exe");
 }
 #endif

@@ -1,6 +1,7 @@
 #pragma once
 // An in-process simulator and a Ui whose yields move a manual clock, so whole series
 // run in virtual time; small pools of given drifters.
+#include <cstdlib>
 #include <functional>
 #include <set>
 #include <string>
@@ -118,6 +119,15 @@ struct SimRig {
         app.series.pauseMs = 0;
     }
 };
+
+#ifndef _WIN32
+// An environment variable for the length of a test, inherited by the processes it starts.
+struct EnvVar {
+    std::string name;
+    EnvVar(const char* n, const std::string& value) : name(n) { ::setenv(n, value.c_str(), 1); }
+    ~EnvVar() { ::unsetenv(name.c_str()); }
+};
+#endif
 
 inline std::vector<int> idsOf(const aq::Pool& p) {
     std::vector<int> ids;

@@ -1,4 +1,4 @@
-// The simulator's window lookup and close over the six Windows calls, against a fake
+// The simulator's window lookup and close over the seven Windows calls, against a fake
 // window list in Z order; and the Wine path without Wine: a shell script plays wine
 // running the broker, so its requests, answers and a missing Wine are checked anywhere.
 #include <gtest/gtest.h>
@@ -61,6 +61,11 @@ public:
                       std::intptr_t lParam) override {
         log.push_back("send " + std::to_string(window) + " " + std::to_string(message) + " " + std::to_string(wParam) +
                       " " + std::to_string(lParam));
+        if (message == aq::kWmClose) std::erase_if(zOrder, [&](const FakeWindow& w) { return w.handle == window; });
+    }
+    bool TerminateProcess(std::uint32_t pid, std::uint32_t graceMs) override {
+        log.push_back("end " + std::to_string(pid) + " " + std::to_string(graceMs));
+        return true;
     }
 };
 
@@ -84,25 +89,21 @@ TEST(Win32Simulator, FindsTheWindowStartsAndCloses) {
         EXPECT_EQ(sim.findWindow(77), found) << what;
         EXPECT_EQ(api.getWindowCalls, steps) << what;
     }
-    // Starting takes the path as the command line; closing sends WM_CLOSE.
+    // Starting takes the path as the command line; closing sends WM_CLOSE. Ending a process
+    // closes its window first, so the simulator saves, then terminates what remains.
     FakeWin32 calls;
     aq::Win32Simulator simulator(calls);
     EXPECT_EQ(simulator.start("C:\\Sim\\Aquarium5.exe", "C:\\Prog"), 0u);
     EXPECT_EQ(simulator.start("C:\\Sim\\Aquarium.exe", "C:\\Prog"), 77u);
     simulator.close(20);
+    calls.zOrder = {{20, 77, 0}};
+    simulator.closeProcess(77);
     EXPECT_EQ(calls.log, (std::vector<std::string>{"create C:\\Sim\\Aquarium5.exe in C:\\Prog",
-                                                   "create C:\\Sim\\Aquarium.exe in C:\\Prog", "send 20 16 0 0"}));
+                                                   "create C:\\Sim\\Aquarium.exe in C:\\Prog", "send 20 16 0 0",
+                                                   "send 20 16 0 0", "end 77 2000"}));
 }
 
 #ifndef _WIN32
-namespace {
-struct EnvVar {
-    std::string name;
-    EnvVar(const char* n, const std::string& value) : name(n) { ::setenv(n, value.c_str(), 1); }
-    ~EnvVar() { ::unsetenv(name.c_str()); }
-};
-}  // namespace
-
 TEST(Win32Simulator, WindowsProgramWithoutWineSaysHowToGetIt) {
     TempDir dir;
     writeBytes(dir.file("Aquarium4.exe"), "MZ\x90");
@@ -127,7 +128,7 @@ TEST(WineBroker, RequestsAndAnswersAndAWineThatIsNoProgram) {
                    log +
                    "'\n"
                    "  case \"$line\" in create*) echo 4242;; find*) echo 77;; owner*) echo 4242;;"
-                   " send*) echo done;; *) echo 0;; esac\ndone\n");
+                   " send*) echo done;; end*) echo 1;; *) echo 0;; esac\ndone\n");
     ::chmod(dir.file("wine").c_str(), 0755);
     EnvVar wine("WINE", dir.file("wine")), broker("AQFM_WINCTL", "/opt/aqwinctl.exe");
     {
@@ -135,11 +136,13 @@ TEST(WineBroker, RequestsAndAnswersAndAWineThatIsNoProgram) {
         ASSERT_EQ(sim.start("/sim/Aquarium.exe", "/prog"), 4242u) << sim.startProblem();
         EXPECT_EQ(sim.findWindow(4242), 77u);
         sim.close(77);
+        sim.closeProcess(9);  // no window of its own: ended straight away
     }
     const std::string requests = readBytes(log);
     EXPECT_EQ(requests.substr(0, requests.find('\n')), "create\t/sim/Aquarium.exe\t/prog");
     EXPECT_NE(requests.find("owner\t77\n"), std::string::npos);
-    EXPECT_TRUE(requests.ends_with("send\t77\t16\t0\t0\n")) << requests;  // WM_CLOSE
+    EXPECT_NE(requests.find("send\t77\t16\t0\t0\n"), std::string::npos);  // WM_CLOSE
+    EXPECT_TRUE(requests.ends_with("\nend\t9\t2000\n")) << requests;
     // A "wine" that is no program counts as no Wine, and closes no descriptor of ours.
     TempDir noWine;
     writeBytes(noWine.file("wine"), "not a program");

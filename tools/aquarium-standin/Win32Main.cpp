@@ -2,11 +2,13 @@
 // top-level window registered under the simulator's first class name. It reads
 // recent_pool_version_4.aqp from its current folder, evolves it with the same toy
 // model as the Linux stand-in, draws it, and on WM_CLOSE writes the pool back
-// (temporary file and rename) before the window goes.
+// (temporary file and rename) before the window goes. AQUARIUM_STANDIN_NEVER_READY
+// makes it hang before it has a window.
 #include <windows.h>
 
 #include <algorithm>
 #include <cstdlib>
+#include <string>
 
 #include "HandOver.h"
 #include "ToyModel.h"
@@ -98,6 +100,8 @@ LRESULT CALLBACK windowProc(HWND window, UINT message, WPARAM wParam, LPARAM lPa
 }  // namespace
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
+    // A simulator stuck while it starts, which never opens its window.
+    if (const char* n = std::getenv("AQUARIUM_STANDIN_NEVER_READY"); n && *n && std::string(n) != "0") Sleep(INFINITE);
     if (!standin::loadHandOver(gPool)) return 1;
     standin::ToyModel model(gPool);
     gModel = &model;

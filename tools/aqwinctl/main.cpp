@@ -1,4 +1,4 @@
-// aqwinctl.exe: makes the six Windows calls of the simulator's control for the file
+// aqwinctl.exe: makes the seven Windows calls of the simulator's control for the file
 // manager on Linux, which starts it under Wine and talks to it over its standard input
 // and output (one request a line, see series/WineBroker.h). It ends when its input does.
 #include <windows.h>
@@ -65,6 +65,7 @@ std::string answer(aq::Win32Api& api, const std::vector<std::string>& f) {
                          std::strtoll(f[4].c_str(), nullptr, 10));
         return "done";
     }
+    if (op == "end" && f.size() == 3) return api.TerminateProcess(number(f[1]), number(f[2])) ? "1" : "0";
     return "?";
 }
 
