@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <random>
+#include <set>
 
 #include "base/SysIo.h"
 
@@ -89,7 +90,8 @@ std::string temporaryName() {
 }
 
 // Removes the temporaries of saves that were killed: their process is gone (or an
-// older version left them without an id) and a minute has passed.
+// older version left them without an id) and a minute has passed. The unnamed file of
+// a save on Linux leaves none; the named one elsewhere may.
 void removeStaleTemporaries(const std::string& folder, const std::string& prefix) {
     namespace fs = std::filesystem;
     std::error_code ec;
@@ -174,7 +176,9 @@ int replaceAtomically(const std::string& target, std::string_view bytes) {
         else
             syncFolder(folder);
     }
-    removeStaleTemporaries(folder, prefix);
+    // Once a run per folder is enough: a save killed since is this run's or a later one's.
+    static std::set<std::string> cleaned;
+    if (cleaned.insert(folder).second) removeStaleTemporaries(folder, prefix);
     return err;
 }
 

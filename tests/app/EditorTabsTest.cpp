@@ -83,6 +83,10 @@ private slots:
         h.menu("mUndo");
         width->setValue(4000);  // rows 0 and 1, at -1000 and 1000, spread apart
         QCOMPARE(QList<float>({app.openPool.drifters[0].x, app.openPool.drifters[1].x}), QList<float>({-2000, 2000}));
+        // A slider's move is an edit like the others: the pool is changed until it is undone.
+        QVERIFY(app.poolChanged && h.text("statusChanged") == "changed");
+        h.menu("mUndo");
+        QVERIFY(!app.poolChanged && app.openPool.drifters[0].x == -1000.0f);
     }
 
     void longWorkKeepsTheViewAndShowsItsBar() {
