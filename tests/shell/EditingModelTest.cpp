@@ -92,11 +92,13 @@ aq::Pool cut(aq::Pool p, int first, int n) {
     return p;
 }
 
-// A state of the editor as the user sees it: the pool, its file, whether one is open.
+// A state of the editor as the user sees it: the pool, its file, whether one is open,
+// the ticks of both lists.
 struct Shown {
     std::size_t pool;
     std::string path;
     bool loaded;
+    std::vector<bool> ticks;
     bool operator==(const Shown&) const = default;
 };
 
@@ -146,8 +148,13 @@ struct Walk {
     std::set<std::size_t> shownPools;  // every pool that was on show
     std::deque<Shown> undos, redos;
     Shown shown() const {
-        return {app->poolLoaded ? std::hash<std::string>{}(aq::poolBytes(app->openPool)) : 0, app->openPoolPath,
-                app->poolLoaded};
+        Shown s{app->poolLoaded ? std::hash<std::string>{}(aq::poolBytes(app->openPool)) : 0,
+                app->openPoolPath,
+                app->poolLoaded,
+                {}};
+        for (const aq::CheckList* l : {&app->lstSpeciatePool, &app->lstPoolFood})
+            for (int i = 0; i < l->count(); ++i) s.ticks.push_back(l->checked(i));
+        return s;
     }
 };
 
@@ -212,7 +219,7 @@ TEST(EditingModel, RandomActionsKeepTheChangedMarkTheFilesAndTheSpeciesTrue) {
             auto& to = kind == Undo ? w.redos : w.undos;
             ASSERT_EQ(kind == Undo ? w.history.undo(*app) : w.history.redo(*app), !from.empty());
             if (!from.empty()) {
-                ASSERT_EQ(w.shown(), from.back()) << "undo or redo brought back another pool or file";
+                ASSERT_EQ(w.shown(), from.back()) << "undo or redo brought back another pool, file or ticks";
                 from.pop_back();
                 to.push_back(was);
             }
