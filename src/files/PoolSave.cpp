@@ -37,10 +37,12 @@ void mSavePool(App& app) {
     app.stateChanged();
 }
 
+namespace {
+
 bool saveChangesBeforeReplacing(App& app) {
-    // A pool with no file yet (generated, or merged into nothing) is given a name first,
-    // or the save below could only fail, again at every Retry.
-    // The pool takes the name only once a file holds it.
+    // A pool with no file yet (generated, or merged into nothing) is asked a name first,
+    // or the save below could only fail, again at every Retry; it takes the name only
+    // once a file holds it.
     std::string path = app.openPoolPath;
     if (path.empty()) {
         path = locateDestFile(app, app.comboPoolPath, "", "aqp", "Pool Files", "Save Pool As");
@@ -53,6 +55,15 @@ bool saveChangesBeforeReplacing(App& app) {
     app.openPoolPath = path;
     app.poolChanged = false;
     return true;
+}
+
+}  // namespace
+
+bool saveChangesFirst(App& app, const std::string& question) {
+    if (!app.poolChanged) return true;
+    Answer a = app.ui.AskYesNoCancel(question, "File Has Changed");
+    if (a == Answer::Cancel) return false;
+    return a != Answer::Yes || saveChangesBeforeReplacing(app);
 }
 
 void saveUndoPoolAs(App& app, const std::string& title) {

@@ -13,9 +13,10 @@ bool saveOpenPool(App& app);
 // The question before a command replaces a changed pool with a new one.
 extern const char* const kUnsavedPoolQuestion;
 
-// Saves the changed open pool over its file before it is replaced, asking to retry
-// while the save fails. False when the user cancelled.
-bool saveChangesBeforeReplacing(App& app);
+// Before a command replaces the pool on show: a changed pool gets `question` (title
+// "File Has Changed"), and Yes saves it over its file, asking to retry while the save
+// fails. False when the command is to stop: the user cancelled.
+bool saveChangesFirst(App& app, const std::string& question);
 
 // Writes undoPool (a pool made from the selection) to a file the user names.
 void saveUndoPoolAs(App& app, const std::string& title);

@@ -3,11 +3,11 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "files/PoolOps.h"
+#include "files/PoolSave.h"
 #include "foodeditor/FoodList.h"
 #include "generator/Placement.h"
 #include "generator/Random.h"
-#include "files/PoolOps.h"
-#include "files/PoolSave.h"
 #include "pooleditor/DrifterList.h"
 
 namespace aq {
@@ -281,13 +281,7 @@ bool buildStartupPool(const Pool& base, const StartupSettings& s, Pool& out) {
 }
 
 void generateStartupPool(App& app, const StartupSettings& s) {
-    if (app.poolChanged) {
-        Answer a = app.ui.AskYesNoCancel(kUnsavedPoolQuestion, "File Has Changed");
-        if (a == Answer::Cancel) return;
-        if (a == Answer::Yes) {
-            if (!saveChangesBeforeReplacing(app)) return;
-        }
-    }
+    if (!saveChangesFirst(app, kUnsavedPoolQuestion)) return;
     WaitCursor wait(app.ui);
     if (!buildStartupPool(app.defaultPool, s, app.workPool)) {
         app.ui.ShowMessage("Error loading default pool. Not a Aquarium 4 data file");

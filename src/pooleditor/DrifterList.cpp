@@ -74,15 +74,9 @@ void populateSpeciatePoolList(App& app) {
 }
 
 void initiateLoadPoolFile(App& app, const std::string& chosen) {
-    if (app.poolChanged) {
-        Answer a = app.ui.AskYesNoCancel(
-            "The currently open pool file has been changed.  Save changes before opening another file?",
-            "File Has Changed");
-        if (a == Answer::Cancel) return;
-        if (a == Answer::Yes) {
-            if (!saveChangesBeforeReplacing(app)) return;
-        }
-    }
+    if (!saveChangesFirst(app,
+                          "The currently open pool file has been changed.  Save changes before opening another file?"))
+        return;
     app.lstSpeciatePool.clear();
     app.lstPoolFood.clear();
 

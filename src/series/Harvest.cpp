@@ -306,11 +306,7 @@ void GetSuccessfulCommand(App& app) {
     if (max > 2000) max = 2000;
     // The harvest replaces the pool on show, so its changes are offered a save first,
     // as generating a pool does.
-    if (app.poolChanged) {
-        Answer a = app.ui.AskYesNoCancel(kUnsavedPoolQuestion, "File Has Changed");
-        if (a == Answer::Cancel) return;
-        if (a == Answer::Yes && !saveChangesBeforeReplacing(app)) return;
-    }
+    if (!saveChangesFirst(app, kUnsavedPoolQuestion)) return;
     HarvestSuccessful(app, app.comboPoolPath, 0, max, true, false);
 }
 

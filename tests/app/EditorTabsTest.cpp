@@ -125,6 +125,7 @@ private slots:
         app.openPool = app.defaultPool;
         app.poolLoaded = true;
         app.openPoolPath = "/somewhere/else.aqp";
+        app.poolFiles.note(app.openPoolPath, app.openPool);  // as if read from there
         aq::populateSpeciatePoolList(app);
         aq::populateFoodList(app);
         h.w.refreshAll();

@@ -15,6 +15,7 @@
 #include <set>
 
 #include "base/FileIo.h"
+#include "base/QuietUi.h"
 #include "files/PoolMerge.h"
 #include "files/PoolSave.h"
 #include "foodeditor/FoodEdits.h"
@@ -39,14 +40,13 @@ const char* const kPoolNames[] = {"a.aqp", "b.aqp", "c.aqp"};
 
 // Answers every question and file dialog at random; notes whether the question about
 // the changed pool was asked.
-struct RandomUi : aq::Ui {
+struct RandomUi : aq::QuietUi {
     RandomUi(std::mt19937& rng, std::string folder) : rng(rng), folder(std::move(folder)) {}
     std::mt19937& rng;
     std::string folder;
     bool askedAboutChanges = false;
 
     int pick(int n) { return std::uniform_int_distribution<int>(0, n - 1)(rng); }
-    void ShowMessage(const std::string&, const std::string&) override {}
     Answer AskYesNo(const std::string&, const std::string&) override { return pick(2) ? Answer::Yes : Answer::No; }
     Answer AskYesNoCancel(const std::string&, const std::string& title) override {
         if (title == "File Has Changed" || title == "Pool File Has Changed") askedAboutChanges = true;
@@ -73,8 +73,6 @@ struct RandomUi : aq::Ui {
                                const std::string& title) override {
         return title == "Save Pool As" ? poolName() : folder + "/selection.aqp";
     }
-    void YieldToUi() override {}
-    void SetWaitCursor(bool) override {}
 };
 
 std::string fileBytes(const std::string& path) {
