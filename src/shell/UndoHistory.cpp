@@ -112,12 +112,14 @@ void restorePool(App& app, const PoolSnapshot& s) {
     restartStaleSpecies(app);
 }
 
-}  // namespace
-
+// poolChanged is true exactly while a pool is on show that its file does not hold (or
+// that has no file yet), as far as the files this run read or wrote tell.
 void markPoolChanged(App& app) {
     app.poolChanged =
         app.poolLoaded && (app.openPoolPath.empty() || !app.poolFiles.holds(app.openPoolPath, app.openPool));
 }
+
+}  // namespace
 
 bool PoolHistory::sameState(const App& app) const {
     return app.poolLoaded == current_.poolLoaded && samePool(app.openPool, current_.pool);

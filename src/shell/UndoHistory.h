@@ -104,10 +104,6 @@ private:
     std::uint64_t reads_ = 0;
 };
 
-// Sets poolChanged exactly while a pool is on show that its file does not hold (or
-// that has no file yet), as far as the files this run read or wrote tell.
-void markPoolChanged(App& app);
-
 // The genes of the loaded DNA files and what the drifter files tab shows of them.
 struct DnaSnapshot {
     std::vector<std::string> paths;
