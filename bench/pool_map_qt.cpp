@@ -6,8 +6,8 @@
 #include <QImage>
 #include <QPainter>
 
-#include "app/GenomePicture.h"
-#include "app/PoolMap.h"
+#include "app/pictures/GenomePicture.h"
+#include "app/pictures/PoolMap.h"
 #include "support/PoolFixtures.h"
 
 namespace {

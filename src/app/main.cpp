@@ -4,10 +4,10 @@
 #include <QStandardPaths>
 #include <QTimer>
 
-#include "app/MainWindow.h"
-#include "app/PictureCommand.h"
-#include "app/QtUi.h"
-#include "app/WindowParts.h"
+#include "app/window/MainWindow.h"
+#include "app/pictures/PictureCommand.h"
+#include "app/window/QtUi.h"
+#include "app/window/WindowParts.h"
 #include "base/Clock.h"
 
 namespace {

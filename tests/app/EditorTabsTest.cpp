@@ -11,8 +11,8 @@
 #include <filesystem>
 
 #include "Window.h"
-#include "app/MapPanel.h"
-#include "app/WindowParts.h"
+#include "app/pictures/MapPanel.h"
+#include "app/window/WindowParts.h"
 #include "dnaeditor/DrifterFiles.h"
 #include "foodeditor/FoodList.h"
 #include "format/PoolFile.h"

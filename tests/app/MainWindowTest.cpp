@@ -14,10 +14,10 @@
 #include <filesystem>
 
 #include "Window.h"
-#include "app/PictureCommand.h"
-#include "app/PoolMap.h"
-#include "app/QtUi.h"
-#include "app/WindowParts.h"
+#include "app/pictures/PictureCommand.h"
+#include "app/pictures/PoolMap.h"
+#include "app/window/QtUi.h"
+#include "app/window/WindowParts.h"
 #include "generator/Generator.h"
 #include "pooleditor/DrifterList.h"
 #include "series/SeriesFakes.h"

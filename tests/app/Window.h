@@ -12,7 +12,7 @@
 #include <type_traits>
 #include <utility>
 
-#include "app/MainWindow.h"
+#include "app/window/MainWindow.h"
 #include "format/PoolFile.h"
 #include "support/ManualClock.h"
 #include "support/ScriptedUi.h"

@@ -1,11 +1,11 @@
-#include "app/PictureCommand.h"
+#include "app/pictures/PictureCommand.h"
 
 #include <QApplication>
 #include <iostream>
 
-#include "app/GenomePicture.h"
-#include "app/PictureExport.h"
-#include "app/PoolMap.h"
+#include "app/pictures/GenomePicture.h"
+#include "app/pictures/PictureExport.h"
+#include "app/pictures/PoolMap.h"
 #include "format/PoolFile.h"
 
 namespace aqapp {

@@ -1,4 +1,4 @@
-#include "app/PathFrame.h"
+#include "app/widgets/PathFrame.h"
 
 #include <QComboBox>
 #include <QFileDialog>

@@ -14,12 +14,12 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include "app/CheckListModel.h"
-#include "app/ClickLabel.h"
-#include "app/LiveProgressBar.h"
-#include "app/LoadOnFocus.h"
-#include "app/MainWindow.h"
-#include "app/TabFrame.h"
+#include "app/widgets/CheckListModel.h"
+#include "app/widgets/ClickLabel.h"
+#include "app/widgets/LiveProgressBar.h"
+#include "app/widgets/LoadOnFocus.h"
+#include "app/window/MainWindow.h"
+#include "app/tabs/TabFrame.h"
 #include "dnaeditor/DrifterFiles.h"
 #include "dnaeditor/GenePanel.h"
 

@@ -15,13 +15,13 @@
 #include <QVBoxLayout>
 #include <memory>
 
-#include "app/BoxSliders.h"
-#include "app/CheckListModel.h"
-#include "app/ClickLabel.h"
-#include "app/LiveProgressBar.h"
-#include "app/LoadOnFocus.h"
-#include "app/MainWindow.h"
-#include "app/TabFrame.h"
+#include "app/widgets/BoxSliders.h"
+#include "app/widgets/CheckListModel.h"
+#include "app/widgets/ClickLabel.h"
+#include "app/widgets/LiveProgressBar.h"
+#include "app/widgets/LoadOnFocus.h"
+#include "app/window/MainWindow.h"
+#include "app/tabs/TabFrame.h"
 #include "files/PoolMerge.h"
 #include "files/PoolSave.h"
 #include "pooleditor/BulkEdits.h"

@@ -2,8 +2,8 @@
 #include <QAction>
 #include <QMenu>
 
-#include "app/MainWindow.h"
-#include "app/WindowParts.h"
+#include "app/window/MainWindow.h"
+#include "app/window/WindowParts.h"
 
 namespace aqapp {
 

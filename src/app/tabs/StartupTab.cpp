@@ -13,8 +13,8 @@
 #include <QVBoxLayout>
 #include <vector>
 
-#include "app/MainWindow.h"
-#include "app/TabFrame.h"
+#include "app/window/MainWindow.h"
+#include "app/tabs/TabFrame.h"
 #include "generator/Generator.h"
 #include "generator/StartupSettings.h"
 

@@ -1,4 +1,4 @@
-#include "app/PoolMap.h"
+#include "app/pictures/PoolMap.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

@@ -9,9 +9,9 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
-#include "app/CheckListModel.h"
-#include "app/MainWindow.h"
-#include "app/TabFrame.h"
+#include "app/widgets/CheckListModel.h"
+#include "app/window/MainWindow.h"
+#include "app/tabs/TabFrame.h"
 #include "archive/ArchiveChecks.h"
 #include "archive/ArchiveHelp.h"
 #include "archive/ArchiveTransfers.h"

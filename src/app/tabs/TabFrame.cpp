@@ -1,6 +1,6 @@
-#include "app/TabFrame.h"
+#include "app/tabs/TabFrame.h"
 
-#include "app/MainWindow.h"
+#include "app/window/MainWindow.h"
 
 namespace aqapp {
 

@@ -1,4 +1,4 @@
-#include "app/MenuTree.h"
+#include "app/window/MenuTree.h"
 
 #include <QMenuBar>
 

@@ -1,4 +1,4 @@
-#include "app/BoxSliders.h"
+#include "app/widgets/BoxSliders.h"
 
 #include <QSignalBlocker>
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "app/MapPanel.h"
+#include "app/pictures/MapPanel.h"
 
 #include <QAbstractItemModel>
 #include <QAbstractSlider>
@@ -13,8 +13,8 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "app/MainWindow.h"
-#include "app/PictureExport.h"
+#include "app/window/MainWindow.h"
+#include "app/pictures/PictureExport.h"
 #include "dnaeditor/GenePanel.h"
 
 namespace aqapp {

@@ -7,8 +7,8 @@
 #include <QWidget>
 #include <string>
 
-#include "app/GenomePicture.h"
-#include "app/PoolMap.h"
+#include "app/pictures/GenomePicture.h"
+#include "app/pictures/PoolMap.h"
 
 class QListView;
 class QStackedWidget;

@@ -1,4 +1,4 @@
-#include "app/CheckListModel.h"
+#include "app/widgets/CheckListModel.h"
 
 #include <QStyledItemDelegate>
 #include <QTimer>

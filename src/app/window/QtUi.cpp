@@ -1,4 +1,4 @@
-#include "app/QtUi.h"
+#include "app/window/QtUi.h"
 
 #include <QApplication>
 #include <QDir>

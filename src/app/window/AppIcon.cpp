@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <QPixmap>
 
-#include "app/WindowParts.h"
+#include "app/window/WindowParts.h"
 
 namespace aqapp {
 

@@ -1,4 +1,4 @@
-#include "app/EditMenu.h"
+#include "app/window/EditMenu.h"
 
 #include <QAbstractButton>
 #include <QAbstractSlider>
@@ -10,7 +10,7 @@
 #include <QTabWidget>
 #include <QTimer>
 
-#include "app/MainWindow.h"
+#include "app/window/MainWindow.h"
 
 namespace aqapp {
 

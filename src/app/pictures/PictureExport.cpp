@@ -1,4 +1,4 @@
-#include "app/PictureExport.h"
+#include "app/pictures/PictureExport.h"
 
 #include <QBuffer>
 #include <QImage>

@@ -4,9 +4,9 @@
 #include <QStatusBar>
 #include <QTimer>
 
-#include "app/EditMenu.h"
-#include "app/MainWindow.h"
-#include "app/WindowParts.h"
+#include "app/window/EditMenu.h"
+#include "app/window/MainWindow.h"
+#include "app/window/WindowParts.h"
 #include "base/Paths.h"
 
 namespace aqapp {

@@ -9,9 +9,9 @@
 #include <QSettings>
 #include <QUrl>
 
-#include "app/EditMenu.h"
-#include "app/MainWindow.h"
-#include "app/WindowParts.h"
+#include "app/window/EditMenu.h"
+#include "app/window/MainWindow.h"
+#include "app/window/WindowParts.h"
 #include "dnaeditor/DrifterFiles.h"
 #include "pooleditor/DrifterList.h"
 #include "files/PathBoxes.h"

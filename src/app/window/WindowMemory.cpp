@@ -7,8 +7,8 @@
 #include <QTabWidget>
 #include <QToolButton>
 
-#include "app/MainWindow.h"
-#include "app/WindowParts.h"
+#include "app/window/MainWindow.h"
+#include "app/window/WindowParts.h"
 
 namespace aqapp {
 

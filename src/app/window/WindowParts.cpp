@@ -1,8 +1,8 @@
-#include "app/WindowParts.h"
+#include "app/window/WindowParts.h"
 
 #include <QApplication>
 
-#include "app/MainWindow.h"
+#include "app/window/MainWindow.h"
 
 namespace aqapp {
 

@@ -1,4 +1,4 @@
-#include "app/GenomePicture.h"
+#include "app/pictures/GenomePicture.h"
 
 #include <QHelpEvent>
 #include <QImage>

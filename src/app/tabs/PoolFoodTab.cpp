@@ -11,11 +11,11 @@
 #include <QVBoxLayout>
 #include <memory>
 
-#include "app/BoxSliders.h"
-#include "app/CheckListModel.h"
-#include "app/LoadOnFocus.h"
-#include "app/MainWindow.h"
-#include "app/TabFrame.h"
+#include "app/widgets/BoxSliders.h"
+#include "app/widgets/CheckListModel.h"
+#include "app/widgets/LoadOnFocus.h"
+#include "app/window/MainWindow.h"
+#include "app/tabs/TabFrame.h"
 #include "foodeditor/FoodEdits.h"
 #include "foodeditor/FoodThreshold.h"
 #include "pooleditor/DrifterList.h"

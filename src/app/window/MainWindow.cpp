@@ -1,4 +1,4 @@
-#include "app/MainWindow.h"
+#include "app/window/MainWindow.h"
 
 #include <QCloseEvent>
 #include <QComboBox>
@@ -13,13 +13,13 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include "app/EditMenu.h"
-#include "app/HelpWindows.h"
-#include "app/MapPanel.h"
-#include "app/MenuTree.h"
-#include "app/PathFrame.h"
-#include "app/TabFrame.h"
-#include "app/WindowParts.h"
+#include "app/window/EditMenu.h"
+#include "app/window/HelpWindows.h"
+#include "app/pictures/MapPanel.h"
+#include "app/window/MenuTree.h"
+#include "app/widgets/PathFrame.h"
+#include "app/tabs/TabFrame.h"
+#include "app/window/WindowParts.h"
 #include "files/PathBoxes.h"
 #include "shell/FolderDiscovery.h"
 #include "files/PoolOps.h"

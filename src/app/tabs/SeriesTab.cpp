@@ -15,8 +15,8 @@
 #include <QSlider>
 #include <QVBoxLayout>
 
-#include "app/MainWindow.h"
-#include "app/TabFrame.h"
+#include "app/window/MainWindow.h"
+#include "app/tabs/TabFrame.h"
 #include "series/EvolveSeries.h"
 #include "series/Feeding.h"
 #include "series/Grouping.h"

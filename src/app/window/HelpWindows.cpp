@@ -1,4 +1,4 @@
-#include "app/HelpWindows.h"
+#include "app/window/HelpWindows.h"
 
 #include <QAction>
 #include <QEvent>
@@ -9,8 +9,8 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
-#include "app/MainWindow.h"
-#include "app/WindowParts.h"
+#include "app/window/MainWindow.h"
+#include "app/window/WindowParts.h"
 #include "shell/MultiTask.h"
 #include "state/App.h"
 
