@@ -277,6 +277,7 @@ private slots:
         drag(value, {17, 20, 15});
         QCOMPARE(app.dna.dnaChanged, (std::vector<std::uint8_t>{0, 0, 0}));
         value->setValue(16);  // shift both up by one
+        QCOMPARE(h.get<QLabel>("lblVsGeneValueNumber")->text(), QString("16"));  // the number beside the bar
         QCOMPARE(QList<int>({app.dna.dnaGenes[0][0], app.dna.dnaGenes[1][0]}), QList<int>({11, 21}));
         QCOMPARE(h.w.menuItem("mUndo")->text(), QString("&Undo Change Gene Value"));
         h.w.selectTab(3);  // the pool's history has nothing to undo

@@ -3,7 +3,9 @@
 // program's own controls: the menu bar, the icon, captions, whole rows, what a restart
 // keeps, the map's framing and the pictures written from the command line. The rules
 // behind them are the core tests'.
+#include <QEnterEvent>
 #include <QFileDialog>
+#include <QLabel>
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QPushButton>
@@ -100,7 +102,11 @@ private slots:
         auto* bar = h.get<QProgressBar>("sliderTimeDelaySelection");
         int shown = 0;
         bool nowWasDisabled = false, stopped = false, clickedAgain = false;
+        QCOMPARE(h.get<QLabel>("lblTimeDelayValue")->text(), QString("30 s (0:30)"));
+        auto* help = h.get<QLabel>("lblCreateSeriesHelp");
         h.ui.onYield = [&] {
+            QEnterEvent hover({}, {}, {});
+            if (stop->isEnabled()) QCoreApplication::sendEvent(stop, &hover);
             shown = std::max(shown, bar->isVisible() ? bar->value() : 0);
             nowWasDisabled = nowWasDisabled || !now->isEnabled();
             if (stopped && !clickedAgain) {
@@ -117,6 +123,7 @@ private slots:
         QVERIFY(nowWasDisabled && clickedAgain && h.sim.starts == 2 && !h.sim.overlap);
         QCOMPARE(shown, 30);  // seconds of the run
         QVERIFY(now->isEnabled() && !stop->isEnabled() && !bar->isVisible());
+        QVERIFY(!help->text().contains("Stop button"));  // the ended series drops the Stop hint
         QVERIFY(std::filesystem::exists(h.file("pool0.aqp")) && !std::filesystem::exists(h.file("pool00.aqp")));
     }
 

@@ -138,8 +138,12 @@ public:
         if (geneText_->text() != geneText) geneText_->setText(geneText);
         showBar(value_, g.VsGeneValue);
         showBar(range_, g.VsGeneRange);
-        barCaptions_[0]->setVisible(g.VsGeneValue.visible);
-        barCaptions_[1]->setVisible(g.VsGeneRange.visible);
+        const aq::ScrollBarState* states[2] = {&g.VsGeneValue, &g.VsGeneRange};
+        for (int k = 0; k < 2; ++k) {
+            barCaptions_[k]->setVisible(states[k]->visible);
+            barNumbers_[k]->setVisible(states[k]->visible);
+            showBarNumber(k);
+        }
         geneRange_->setText(QString::fromStdString(g.lblGeneRange).replace("\r\n", "\n"));
         zeroGene_->setEnabled(g.cmdZeroGeneEnabled);
     }
@@ -243,6 +247,13 @@ private:
             l->setBuddy(both[k]);
             bars->addWidget(l, 0, k, Qt::AlignHCenter);
             barCaptions_[k] = l;
+            // The bar's position as a number under it, live while the thumb is dragged.
+            barNumbers_[k] = new QLabel(this);
+            barNumbers_[k]->setObjectName(QString(barNames[k][0]) + "Number");
+            barNumbers_[k]->setAlignment(Qt::AlignHCenter);
+            bars->addWidget(barNumbers_[k], 2, k, Qt::AlignHCenter);
+            connect(both[k], &QScrollBar::sliderMoved, this, [this, k](int v) { showBarNumber(k, v); });
+            connect(both[k], &QScrollBar::valueChanged, this, [this, k] { showBarNumber(k); });
         }
         connect(value_, &QScrollBar::valueChanged, this, [this](int v) {
             app_.dna.gene.VsGeneValue.pos = v;
@@ -283,6 +294,11 @@ private:
         return bar;
     }
 
+    void showBarNumber(int k, int value = -1) {
+        QScrollBar* bar = k == 0 ? value_ : range_;
+        barNumbers_[k]->setNum(value < 0 ? bar->value() : value);
+    }
+
     static void showBar(QScrollBar* bar, const aq::ScrollBarState& s) {
         bar->setVisible(s.visible);
         if (bar->isSliderDown()) return;  // the user's drag is not undone under the pointer
@@ -301,6 +317,7 @@ private:
     QScrollBar *value_ = nullptr, *range_ = nullptr;
     QLabel* geneRange_ = nullptr;
     QLabel* barCaptions_[2] = {};
+    QLabel* barNumbers_[2] = {};
 };
 
 }  // namespace

@@ -72,6 +72,11 @@ const MenuOption kMenuOptions[] = {
     {"mSeriesExtinction", &aq::SeriesOptions::mSeriesExtinction},
 };
 
+// "500 s (8:20)": seconds as the series counts them, minutes for reading.
+QString runLengthText(int seconds) {
+    return QString("%1 s (%2:%3)").arg(seconds).arg(seconds / 60).arg(seconds % 60, 2, 10, QChar('0'));
+}
+
 class SeriesTab : public TabFrame {
 public:
     explicit SeriesTab(MainWindow& w) : TabFrame(w, 6, "Evolve a Series of Pools") {
@@ -90,6 +95,9 @@ public:
         layout->addLayout(buttons);
 
         auto* timing = new QHBoxLayout;
+        auto* caption = new QLabel("Run length:", this);
+        caption->setObjectName("lblTimeDelayCaption");
+        timing->addWidget(caption);
         slider_ = new QSlider(Qt::Horizontal, this);
         slider_->setObjectName("sliderTimeDelay");
         slider_->setRange(aq::SeriesControls::kSliderMin, aq::SeriesControls::kSliderMax);
@@ -99,7 +107,13 @@ public:
         slider_->setTickInterval(60);
         slider_->setTickPosition(QSlider::TicksBelow);
         slider_->setToolTip("Number of seconds to run each pool in the series.");
+        caption->setBuddy(slider_);
         timing->addWidget(slider_, 3);
+        seconds_ = new QLabel(this);
+        seconds_->setObjectName("lblTimeDelayValue");
+        // Wide enough for the longest run, so the slider does not jump as the text grows.
+        seconds_->setMinimumWidth(seconds_->fontMetrics().horizontalAdvance(runLengthText(1200)));
+        timing->addWidget(seconds_);
         progress_ = new QProgressBar(this);
         progress_->setObjectName("sliderTimeDelaySelection");
         progress_->setFormat("%v s");
@@ -139,6 +153,7 @@ public:
         connect(stop_, &QPushButton::clicked, this, [this] { aq::cmdCreateSeriesStopClick(app_); });
         connect(restart_, &QPushButton::clicked, this, [this] { aq::cmdCreateSeriesRestartClick(app_); });
         connect(next_, &QPushButton::clicked, this, [this] { aq::cmdCreateSeriesNextClick(app_); });
+        connect(slider_, &QSlider::sliderMoved, this, [this](int v) { seconds_->setText(runLengthText(v)); });
         connect(slider_, &QSlider::valueChanged, this, [this](int v) {
             app_.series.controls.sliderTimeDelay = v;
             showControls();
@@ -253,6 +268,9 @@ private:
             if (auto* target = findChild<QWidget*>(QString::fromStdString(c.focus))) target->setFocus();
         }
         if (slider_->value() != c.sliderTimeDelay) slider_->setValue(c.sliderTimeDelay);
+        seconds_->setText(runLengthText(c.sliderTimeDelay));
+        // Once the series has ended, the Stop button's hint no longer applies.
+        if (!c.stopEnabled && help_->text() == kHelpStop) help_->setText(kHelpStart);
         progress_->setVisible(c.selectRange);
         // The run's own seconds, not the slider's selection, which starts at its minimum.
         progress_->setRange(0, std::max(1, c.sliderTimeDelay));
@@ -261,6 +279,7 @@ private:
 
     QPushButton *now_, *stop_, *restart_, *next_;
     QSlider* slider_;
+    QLabel* seconds_;
     QProgressBar* progress_;
     QCheckBox *plague_, *getSuc_, *branching_;
     QRadioButton *prompt_, *continue_, *overwrite_;
