@@ -263,6 +263,10 @@ private slots:
         aqapp::openFiles(h.w, {a});  // what the drop then does
         SCRIPT_DONE(h);
         QCOMPARE(h.w.selectedTab(), 5);
+        // While the pass runs the rows refuse ticks, but the view stays enabled: a disabled
+        // view hands the focus on to the threshold box, whose leaving restarts the pass.
+        auto* list = h.get<QListView>("lstSpeciateDrifters");
+        QVERIFY(list->isEnabled() && list->model()->flags(list->model()->index(0, 0)) == Qt::NoItemFlags);
         aq::speciateDrifterList(app);  // what the timer's next phase does
         h.w.refreshAll();
         QCOMPARE(h.row("lstSpeciateDrifters", 0) + "|" + h.row("lstSpeciateDrifters", 2),

@@ -27,13 +27,18 @@ QVariant CheckListModel::data(const QModelIndex& index, int role) const {
 }
 
 bool CheckListModel::setData(const QModelIndex& index, const QVariant& value, int role) {
-    if (role != Qt::CheckStateRole || !index.isValid() || index.row() >= list_.count()) return false;
+    if (role != Qt::CheckStateRole || !index.isValid() || index.row() >= list_.count() || !list_.enabled())
+        return false;
     list_.userCheck(index.row(), value.toInt() == Qt::Checked);
     return true;
 }
 
 Qt::ItemFlags CheckListModel::flags(const QModelIndex& index) const {
     if (!index.isValid()) return Qt::NoItemFlags;
+    // A disabled list greys and refuses its rows but keeps the view itself enabled: a
+    // disabled view would hand the keyboard focus on, and the click that took it away
+    // from a text box would be lost.
+    if (!list_.enabled()) return Qt::NoItemFlags;
     return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable;
 }
 
@@ -98,9 +103,13 @@ CheckListModel* bindCheckList(QListView* view, aq::CheckList& list) {
     view->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     view->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     view->setSelectionMode(QAbstractItemView::SingleSelection);
-    auto sync = [view, model] {
+    auto enabled = std::make_shared<bool>(list.enabled());
+    auto sync = [view, model, enabled] {
         aq::CheckList& l = model->list();
-        view->setEnabled(l.enabled());
+        if (*enabled != l.enabled()) {
+            *enabled = l.enabled();
+            if (model->rowCount() > 0) emit model->dataChanged(model->index(0), model->index(model->rowCount() - 1));
+        }
         int cur = l.currentIndex();
         QModelIndex want = cur >= 0 && cur < model->rowCount() ? model->index(cur) : QModelIndex();
         if (view->currentIndex() == want) return;
