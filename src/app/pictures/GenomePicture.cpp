@@ -24,7 +24,6 @@ constexpr int kMargin = 4;
 constexpr int kDiffHeight = 8;
 constexpr int kLeastStrip = 2;  // pixels a strip keeps before the picture scrolls
 constexpr int kMostStrip = 64;
-const QColor kBackground(250, 250, 250);
 const QColor kDiffer(215, 25, 28);
 
 // Viridis, from its usual polynomial fit: even steps in value look like even steps in colour.
@@ -119,11 +118,15 @@ void GenomePicture::refresh() {
 }
 
 void GenomePicture::paintPicture(QPainter& painter, QSize size, bool all) const {
-    painter.fillRect(QRect(QPoint(0, 0), size), kBackground);
+    paintPicture(painter, size, all, PictureColors::of(palette()));
+}
+
+void GenomePicture::paintPicture(QPainter& painter, QSize size, bool all, const PictureColors& colors) const {
+    painter.fillRect(QRect(QPoint(0, 0), size), colors.background);
     std::vector<GenomeStrip> strips = source_ ? source_() : std::vector<GenomeStrip>{};
     const int count = static_cast<int>(strips.size());
     if (count == 0) {
-        painter.setPen(QColor(110, 110, 110));
+        painter.setPen(colors.hint);
         painter.drawText(QRect(QPoint(0, 0), size), Qt::AlignCenter | Qt::TextWordWrap, hint_);
         return;
     }
@@ -140,7 +143,7 @@ void GenomePicture::paintPicture(QPainter& painter, QSize size, bool all) const 
     const auto& scale = colorScale();
     const int usedHeight = std::min(area.height(), static_cast<int>(std::ceil(l.shown * l.stripHeight)));
     QImage image(w, std::max(1, usedHeight), QImage::Format_RGB32);
-    image.fill(kBackground);
+    image.fill(colors.background);
     const bool gaps = l.stripHeight >= 6;
     int lastStrip = -1;
     for (int y = 0; y < usedHeight; ++y) {
@@ -164,7 +167,7 @@ void GenomePicture::paintPicture(QPainter& painter, QSize size, bool all) const 
 
     // The row of differing genes: a column is marked when any gene it covers differs.
     std::vector<std::uint8_t> differ = differingGenes(strips);
-    painter.fillRect(l.diffRow, QColor(232, 232, 232));
+    painter.fillRect(l.diffRow, colors.band);
     std::vector<char> marked(std::size_t(w), 0);
     for (int x = 0; x < w; ++x) {
         int from = firstGene[std::size_t(x)], to = std::max(from + 1, firstGene[std::size_t(x) + 1]);
@@ -187,8 +190,10 @@ void GenomePicture::paintPicture(QPainter& painter, QSize size, bool all) const 
             const QString& name = strips[std::size_t(l.first + i)].name;
             QRect box(area.left() + 2, area.top() + static_cast<int>(i * l.stripHeight) + 1,
                       std::min(fm.horizontalAdvance(name) + 6, area.width() - 4), fm.height());
-            painter.fillRect(box, QColor(255, 255, 255, 190));
-            painter.setPen(Qt::black);
+            QColor backdrop = colors.backdrop;
+            backdrop.setAlpha(190);
+            painter.fillRect(box, backdrop);
+            painter.setPen(colors.ink);
             painter.drawText(box.adjusted(3, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, name);
         }
     }
@@ -200,14 +205,14 @@ void GenomePicture::paintPicture(QPainter& painter, QSize size, bool all) const 
         double mid = (left + right) / 2, half = std::max(1.5, (right - left) / 2);
         QRectF box(mid - half - 1, l.diffRow.top() - 1, 2 * half + 2, area.top() + usedHeight - l.diffRow.top() + 2);
         painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(Qt::black, 1));
+        painter.setPen(QPen(colors.ink, 1));
         painter.drawRect(box);
-        painter.setPen(QPen(Qt::white, 1));
+        painter.setPen(QPen(colors.backdrop, 1));
         painter.drawRect(box.adjusted(-1, -1, 1, 1));
     }
 
     // Gene numbers under the strips, then the legend.
-    painter.setPen(QColor(60, 60, 60));
+    painter.setPen(colors.text);
     int numbersTop = area.top() + usedHeight + 2;
     for (int gene : {0, 250, 500, 750, 999}) {
         int x = area.left() + gene * w / kGenes;

@@ -8,6 +8,8 @@
 #include <functional>
 #include <vector>
 
+#include "app/pictures/PictureColors.h"
+
 class QScrollBar;
 
 namespace aqapp {
@@ -33,8 +35,9 @@ public:
     void refresh();
 
     // Draws on any painter: the strips from the scrollbar's on (`all`: every strip,
-    // squeezed to fit, for export).
+    // squeezed to fit, for export), in the widget's palette or in the colours given.
     void paintPicture(QPainter& painter, QSize size, bool all) const;
+    void paintPicture(QPainter& painter, QSize size, bool all, const PictureColors& colors) const;
     int geneAt(QPoint p) const;   // -1 outside the genes
     int stripAt(QPoint p) const;  // -1 outside the strips
     QString tipAt(QPoint p) const;

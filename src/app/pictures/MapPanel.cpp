@@ -2,6 +2,7 @@
 
 #include <QAbstractItemModel>
 #include <QAbstractSlider>
+#include <QAction>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QListView>
@@ -13,8 +14,8 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "app/window/MainWindow.h"
 #include "app/pictures/PictureExport.h"
+#include "app/window/MainWindow.h"
 #include "dnaeditor/GenePanel.h"
 
 namespace aqapp {
@@ -198,22 +199,26 @@ void MapPanel::keepBoxInView() {
     if (tab_ != 3 && tab_ != 4) return;
     aq::App& a = window_.app();
     auto box = tab_ == 3 ? tickedBox(a.openPool, a.lstSpeciatePool, true) : tickedBox(a.openPool, a.lstPoolFood, false);
-    if (box) map_->ensureVisible(*box);
+    if (box) map_->keepInView(*box);
 }
 
 void MapPanel::savePicture(const std::string& extension) {
     aq::App& app = window_.app();
     bool genes = showsGenes();
-    std::string base = app.openPoolPath.empty() ? "pool" : std::filesystem::path(app.openPoolPath).stem().string();
-    if (tab_ == 5) base = "drifters";
-    std::string folder = tab_ == 5 ? app.comboDrifterPath : app.comboPoolPath;
+    const std::filesystem::path pool(app.openPoolPath);
+    std::string base = pool.empty() ? "pool" : pool.stem().string();
+    // A picture of the pool goes beside it by default; the DNA files' genes to their folder.
+    std::error_code ec;
+    std::string folder = pool.empty() ? app.comboPoolPath : std::filesystem::absolute(pool, ec).parent_path().string();
+    if (tab_ == 5) base = "drifters", folder = app.comboDrifterPath;
     QWidget* shown = genes ? static_cast<QWidget*>(genes_) : map_;
     savePictureAs(app.ui, folder, base + (genes ? "-genes." : "-map.") + extension, extension, shown->size(),
                   [this, genes](QPainter& p) {
+                      // Files keep one light look, whatever the desktop's colours.
                       if (genes)
-                          genes_->paintPicture(p, genes_->size(), false);
+                          genes_->paintPicture(p, genes_->size(), false, PictureColors::light());
                       else
-                          map_->paintPool(p);
+                          map_->paintPool(p, PictureColors::light());
                   });
 }
 
@@ -239,8 +244,8 @@ void MapPanel::watchControls() {
         connect(m, &QAbstractItemModel::rowsInserted, this, refresh);
         connect(m, &QAbstractItemModel::rowsRemoved, this, refresh);
     }
-    // Moving or stretching with the sliders redraws the map live and keeps the box in
-    // view; the gene scrollbars change genes the picture shows.
+    // Moving or stretching with the sliders redraws the map live, its view still unless
+    // the box would leave it; the gene scrollbars change genes the picture shows.
     for (auto* slider : window_.findChildren<QAbstractSlider*>()) {
         bool box = slider->objectName().startsWith("Slider");
         connect(slider, &QAbstractSlider::valueChanged, this, [this, box] {
@@ -249,6 +254,10 @@ void MapPanel::watchControls() {
             genes_->update();
         });
     }
+    // An undone or redone move puts the box back where the view may not reach.
+    for (const char* name : {"mUndo", "mRedo"})
+        if (auto* item = window_.findChild<QAction*>(name))
+            connect(item, &QAction::triggered, this, &MapPanel::keepBoxInView);
     if (auto* gene = window_.findChild<QLineEdit*>("txtGene"))
         connect(gene, &QLineEdit::textChanged, genes_, [this] { genes_->update(); });
 }

@@ -12,7 +12,7 @@ namespace aqapp {
 
 namespace {
 
-const char* const kUsage = "usage: AqFileManager --picture map|genes POOL OUT.png|OUT.svg [--size WxH]";
+const char* const kUsage = "usage: AqFileManager --picture map|genes POOL OUT [--size WxH]";
 
 struct Usage {
     std::string text;
@@ -57,8 +57,9 @@ int pictureCommand(const std::vector<std::string>& args, std::string& message) {
             const std::string& a = args[i];
             if (options && (a == "--help" || a == "-h")) {
                 message = std::string(kUsage) +
-                          "\n\nWrites the pool map (map) or every drifter's genes, one strip each (genes), as a PNG "
-                          "or SVG picture.\n";
+                          "\n\nWrites the pool map (map) or every drifter's genes, one strip each (genes), as a "
+                          "picture in the format of OUT's extension: " +
+                          pictureExtensions() + ".\n";
                 return 0;
             }
             if (options && a == "--") {
@@ -77,6 +78,7 @@ int pictureCommand(const std::vector<std::string>& args, std::string& message) {
         if (positional.size() != 3) throw Usage{"expected 3 arguments, got " + std::to_string(positional.size())};
         if (positional[0] != "map" && positional[0] != "genes")
             throw Usage{"the picture is map or genes, got \"" + positional[0] + "\""};
+        if (pictureFormat(positional[2]).empty()) throw Usage{unknownPictureFormat(positional[2])};
     } catch (const Usage& u) {
         message = "AqFileManager --picture: " + u.text + "\n" + kUsage + "\n";
         return 2;
@@ -92,7 +94,7 @@ int pictureCommand(const std::vector<std::string>& args, std::string& message) {
         PoolMap map;
         map.resize(size);
         map.setPool(&pool);
-        error = writePicture(out, size, [&](QPainter& p) { map.paintPool(p); });
+        error = writePicture(out, size, [&](QPainter& p) { map.paintPool(p, PictureColors::light()); });
     } else {
         GenomePicture picture;
         picture.resize(size);
@@ -104,7 +106,8 @@ int pictureCommand(const std::vector<std::string>& args, std::string& message) {
                 strips.push_back({QString("Drifter %1").arg(i), pool.drifters[std::size_t(i)].genes, i});
             return strips;
         });
-        error = writePicture(out, size, [&](QPainter& p) { picture.paintPicture(p, size, true); });
+        error =
+            writePicture(out, size, [&](QPainter& p) { picture.paintPicture(p, size, true, PictureColors::light()); });
     }
     if (!error.empty()) {
         message = "AqFileManager: Error saving " + out + ", error: " + error + "\n";

@@ -2,9 +2,12 @@
 
 #include <QBuffer>
 #include <QImage>
+#include <QImageWriter>
 #include <QPainter>
 #include <QSvgGenerator>
+#include <algorithm>
 #include <filesystem>
+#include <vector>
 
 #include "base/FileIo.h"
 #include "base/Ui.h"
@@ -13,22 +16,56 @@ namespace aqapp {
 
 namespace {
 
-bool endsWithSvg(const std::string& path) {
-    if (path.size() < 4) return false;
-    std::string tail = path.substr(path.size() - 4);
-    for (char& c : tail) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return tail == ".svg";
+std::string lower(std::string s) {
+    for (char& c : s) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    return s;
+}
+
+std::string extensionOf(const std::string& path) {
+    std::string ext = std::filesystem::path(path).extension().string();
+    return ext.empty() ? ext : lower(ext.substr(1));
+}
+
+// SVG and whatever image writers this Qt has; the plugins can differ between machines.
+const std::vector<std::string>& writableFormats() {
+    static const std::vector<std::string> formats = [] {
+        std::vector<std::string> f{"svg"};
+        for (const QByteArray& name : QImageWriter::supportedImageFormats()) f.push_back(lower(name.toStdString()));
+        std::sort(f.begin(), f.end());
+        f.erase(std::unique(f.begin(), f.end()), f.end());
+        return f;
+    }();
+    return formats;
 }
 
 }  // namespace
 
+std::string pictureFormat(const std::string& path) {
+    std::string ext = extensionOf(path);
+    const auto& formats = writableFormats();
+    return std::find(formats.begin(), formats.end(), ext) != formats.end() ? ext : std::string();
+}
+
+std::string pictureExtensions() {
+    std::string known;
+    for (const std::string& f : writableFormats()) known += (known.empty() ? "." : ", .") + f;
+    return known;
+}
+
+std::string unknownPictureFormat(const std::string& path) {
+    return "cannot tell a picture format from the name \"" + std::filesystem::path(path).filename().string() +
+           "\"; it must end in one of " + pictureExtensions();
+}
+
 std::string writePicture(const std::string& path, QSize size, const PaintFn& paint) {
+    const std::string format = pictureFormat(path);
+    if (format.empty()) return unknownPictureFormat(path);
     if (size.width() < 1 || size.height() < 1 || size.width() > 8000 || size.height() > 8000)
         return "a picture must be 1 to 8000 pixels each way";
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    if (endsWithSvg(path)) {
+    if (format == "svg") {
         QSvgGenerator svg;
         svg.setOutputDevice(&buffer);
         svg.setSize(size);
@@ -40,12 +77,14 @@ std::string writePicture(const std::string& path, QSize size, const PaintFn& pai
         paint(painter);
         painter.end();
     } else {
-        QImage image(size, QImage::Format_ARGB32_Premultiplied);
+        // Both pictures paint every pixel, so no format needs an alpha channel.
+        QImage image(size, QImage::Format_RGB32);
         if (image.isNull()) return "not enough memory for the picture";
         QPainter painter(&image);
         paint(painter);
         painter.end();
-        if (!image.save(&buffer, "PNG")) return "the PNG picture could not be encoded";
+        if (!image.save(&buffer, format.c_str()))
+            return "the " + QString::fromStdString(format).toUpper().toStdString() + " picture could not be encoded";
     }
     buffer.close();
     return aq::writeFileAtomically(path, std::string_view(bytes.constData(), std::size_t(bytes.size())));
@@ -57,8 +96,13 @@ bool savePictureAs(aq::Ui& ui, const std::string& folder, const std::string& nam
     std::string description = extension == "svg" ? "SVG pictures" : "PNG pictures";
     std::string path = ui.ChooseSaveFile(folder, name, extension, description, title);
     if (path.empty()) return false;
-    // A name typed without an extension gets the one of the format asked for.
+    // A name typed without an extension gets the one of the format asked for; one typed
+    // with another extension is written in that format, or refused.
     if (std::filesystem::path(path).extension().empty()) path += "." + extension;
+    if (pictureFormat(path).empty()) {
+        ui.ShowMessage("Error saving " + path + ", error: " + unknownPictureFormat(path), title);
+        return false;
+    }
     std::error_code ec;
     if (std::filesystem::exists(path, ec) &&
         ui.AskYesNo(path + " already exists.  Overwrite existing file?", "Filename Conflict") != aq::Answer::Yes)

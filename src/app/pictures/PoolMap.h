@@ -1,6 +1,7 @@
 #pragma once
 // A map of a pool: its bounds, walls, food bits and drifter bodies. Zoom with the
 // wheel, pan by dragging, double click or Home to fit. A click picks a drifter or food bit.
+// The view and the pointer are PoolMap.cpp's, the drawing PoolMapDrawing.cpp's.
 #include <QImage>
 #include <QWidget>
 #include <cstdint>
@@ -8,6 +9,7 @@
 #include <optional>
 #include <unordered_map>
 
+#include "app/pictures/PictureColors.h"
 #include "format/PoolGeometry.h"
 #include "format/Records.h"
 
@@ -34,19 +36,23 @@ public:
     // Asked at every drawing for the selection box to outline (overrides setSelectionBox).
     void setBoxProvider(std::function<std::optional<aq::WorldRect>()> provider) { boxProvider_ = std::move(provider); }
     void setPicks(Picks p) { picks_ = p; }
-    // Frames the drifters and food (the walls only when there is nothing else); the map
-    // then follows resizes until the user zooms or pans.
+    // Frames the drifters and food (the walls only when there is nothing else), with room
+    // for a food bit's ring at the edge; the map then follows resizes until the user zooms or pans.
     void fit();
-    // Pans (or zooms out) just enough that `r` is on show.
-    void ensureVisible(const aq::WorldRect& r);
+    // Leaves the view as it is while `r` is on show, so what moves on screen is what
+    // moved in the pool. Only when `r` would leave it does the view change: a fitted map
+    // then takes in the whole world at once, a map the user framed centres on `r`.
+    void keepInView(const aq::WorldRect& r);
     bool userFramed() const { return userFramed_; }
 
     QPointF toScreen(double x, double y) const;
     QPointF toWorld(QPointF p) const;
     double scale() const { return scale_; }
 
-    // Draws the pool on any painter of the widget's size (used by paintEvent, export and benchmarks).
+    // Draws the pool on any painter of the widget's size (used by paintEvent, export and
+    // benchmarks), in the widget's palette or in the colours given.
     void paintPool(QPainter& painter) const;
+    void paintPool(QPainter& painter, const PictureColors& colors) const;
 
     static const char* const kHint;
 
@@ -65,7 +71,11 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* e) override;
 
 private:
-    void paintDrifters(QPainter& painter) const;
+    // Centres and scales the view on a world rectangle, keeping a margin around it.
+    void frame(aq::WorldRect r);
+    // What fit() frames: the drifters' bodies and the food (or the walls, or the world).
+    aq::WorldRect contents() const;
+    void paintDrifters(QPainter& painter, const PictureColors& colors) const;
     void stamp(QPainter& painter, std::uint64_t key, double radius, QPointF at,
                const std::function<void(QPainter&, const QRectF&)>& draw) const;
     const aq::Pool* pool_ = nullptr;
@@ -80,6 +90,7 @@ private:
     bool dragging_ = false;
     mutable bool rasterPainting_ = true;
     mutable std::unordered_map<std::uint64_t, QImage> sprites_;
+    mutable QRgb spriteInk_ = 0, spriteRim_ = 0;  // the colours the sprites were drawn in
 };
 
 }  // namespace aqapp
