@@ -37,6 +37,21 @@ void mSavePool(App& app) {
     app.stateChanged();
 }
 
+bool saveOpenPoolAs(App& app) {
+    const std::string suggested = app.openPoolPath.empty() ? "" : fileNameOfPath(app.openPoolPath);
+    std::string path = locateDestFile(app, app.comboPoolPath, suggested, "aqp", "Pool Files", "Save Pool As");
+    if (path.empty() || !savePoolFile(app, path, true)) return false;
+    app.poolChanged = false;
+    app.openPoolPath = path;
+    return true;
+}
+
+void mSavePoolAs(App& app) {
+    if (!app.poolLoaded) return;
+    saveOpenPoolAs(app);
+    app.stateChanged();
+}
+
 namespace {
 
 bool saveChangesBeforeReplacing(App& app) {

@@ -24,4 +24,12 @@ void saveUndoPoolAs(App& app, const std::string& title);
 // The menu command "Save Pool File": does nothing while no pool is loaded.
 void mSavePool(App& app);
 
+// "Save Pool As" with the open file's name suggested: the pool is saved there and
+// belongs to that file from then on. A cancelled dialog or a failed save leaves the
+// pool's file and its changed mark as they were. True when the pool was saved.
+bool saveOpenPoolAs(App& app);
+
+// The menu command "Save Pool File As...": does nothing while no pool is loaded.
+void mSavePoolAs(App& app);
+
 }  // namespace aq

@@ -53,7 +53,7 @@ private slots:
         aqtest::Window<> h;
         QString keys;
         for (const char* n :
-             {"mLoadPool", "mSavePool", "mSaveDrifter", "mUndo", "mRedo", "mExit", "keyHelp", "keyTab6"})
+             {"mLoadPool", "mSavePool", "mSaveDrifter", "mUndo", "mRedo", "mExit", "keyHelp", "mCreateSeries"})
             keys += QKeySequence::listToString(h.w.menuItem(n)->shortcuts(), QKeySequence::PortableText) + "|";
         QCOMPARE(keys, QString("Ctrl+O|Ctrl+S|Ctrl+Shift+S|Ctrl+Z|Ctrl+Shift+Z; Ctrl+Y|Ctrl+Q|F1|Ctrl+6|"));
         // The Selection menu follows the tab (the core tests hold which items).
@@ -62,7 +62,7 @@ private slots:
         QVERIFY(h.w.selectedTab() == 3 && h.w.menuItem("mSelectKill")->isEnabled());
         h.menu("mSelectSwitchFood");
         QCOMPARE(h.w.selectedTab(), 4);
-        h.menu("keyTab6");
+        h.menu("mCreateSeries");
         QCOMPARE(h.w.selectedTab(), 6);
     }
 

@@ -65,10 +65,10 @@ struct Window {
         menu("mLoadPool");
     }
 
-    // The text a user reads on a control.
+    // The text a user reads on a control: an Alt letter's '&' is not read.
     QString text(const QString& name) {
         QObject* c = get<QObject>(name);
-        if (auto* b = qobject_cast<QAbstractButton*>(c)) return b->text();
+        if (auto* b = qobject_cast<QAbstractButton*>(c)) return QString(b->text()).remove('&');
         if (auto* l = qobject_cast<QLabel*>(c)) return l->text();
         if (auto* e = qobject_cast<QLineEdit*>(c)) return e->text();
         if (auto* x = qobject_cast<QComboBox*>(c)) return x->currentText();

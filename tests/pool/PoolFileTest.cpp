@@ -14,6 +14,7 @@
 #include "format/PoolFile.h"
 #include "format/PoolGeometry.h"
 #include "pooleditor/DrifterList.h"
+#include "shell/UndoHistory.h"
 #include "support/PoolFixtures.h"
 #include "support/RunCli.h"
 #include "support/ScriptedSession.h"
@@ -297,6 +298,53 @@ TEST(PoolSave, QuestionsOfTheMenuCommand) {
     Open s(markedPool(2, 2, 0));
     s.app.poolLoaded = false;
     mSavePool(s.app);
+    EXPECT_SCRIPT_DONE(s.ui);
+}
+
+TEST(PoolSave, SaveAsGivesThePoolItsNewFile) {
+    // The pool was read from open.aqp and then edited; the history watches as the menu's step does.
+    enum Case { Cancel, Saved, DiskFull };
+    for (Case c : {Cancel, Saved, DiskFull}) {
+        SCOPED_TRACE(c);
+        Open s(markedPool(2, 2, 0));
+        writePool(s.app.openPoolPath, s.app.openPool);
+        ASSERT_TRUE(loadPoolFile(s.app, s.app.openPoolPath, true));
+        PoolHistory history;
+        history.reset(s.app);
+        history.prepare(s.app);
+        s.app.openPool.drifters[0].age += 1;
+        history.commit(s.app, "Edit");
+        ASSERT_TRUE(s.app.poolChanged);
+        const std::string before = poolBytes(s.app.openPool), newPath = s.dir.file("new.aqp");
+
+        history.prepare(s.app);
+        s.ui.file("save", "Save Pool As", c == Cancel ? "" : newPath, s.dir.path() + "|open.aqp|aqp|Pool Files");
+        if (c == DiskFull) {
+            s.ui.message("Error saving " + newPath + ", error: No space left on device",
+                         "Aquarium File Manager - Save Pool File");
+            setWriteFailureAfter(10);
+        }
+        mSavePoolAs(s.app);
+        setWriteFailureAfter(-1);
+        history.commit(s.app, "Save Pool File As...");
+        EXPECT_SCRIPT_DONE(s.ui);
+        EXPECT_EQ(poolBytes(s.app.openPool), before);
+        EXPECT_EQ(s.app.openPoolPath, s.dir.file(c == Saved ? "new.aqp" : "open.aqp"));
+        EXPECT_EQ(s.app.poolChanged, c != Saved);
+        EXPECT_EQ(std::filesystem::exists(newPath), c == Saved);
+        if (c == Saved) {
+            EXPECT_EQ(readBytes(newPath), before);
+        }
+        // Undoing the edit brings back the pool open.aqp holds, and the mark follows the files.
+        ASSERT_TRUE(history.undo(s.app));
+        EXPECT_EQ(std::pair(s.app.openPoolPath, s.app.poolChanged), std::pair(s.dir.file("open.aqp"), false));
+        ASSERT_TRUE(history.redo(s.app));
+        EXPECT_EQ(s.app.poolChanged, c != Saved);
+    }
+    // Nothing loaded: nothing asked.
+    Open s(markedPool(2, 2, 0));
+    s.app.poolLoaded = false;
+    mSavePoolAs(s.app);
     EXPECT_SCRIPT_DONE(s.ui);
 }
 

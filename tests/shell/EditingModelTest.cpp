@@ -192,6 +192,7 @@ TEST(EditingModel, RandomActionsKeepTheChangedMarkTheFilesAndTheSpeciesTrue) {
         {Redo, [] {}},
         {Undo, [] {}},
         {Close, [] {}},
+        {Edit, [&] { aq::mSavePoolAs(*app); }},
     };
     for (int step = 0; step < 10000; ++step) {
         const std::size_t which = static_cast<std::size_t>(w.pick(static_cast<int>(actions.size())));

@@ -11,6 +11,7 @@
 
 #include "app/widgets/CheckListModel.h"
 #include "app/window/MainWindow.h"
+#include "app/window/WindowParts.h"
 #include "app/tabs/TabFrame.h"
 #include "archive/ArchiveChecks.h"
 #include "archive/ArchiveHelp.h"
@@ -119,7 +120,7 @@ public:
         chkAutoName_->setCheckState(state(o.chkAutoName));
         chkNowName_->setCheckState(state(o.chkNowName));
         chkAutoBackup_->setCheckState(state(o.chkAutoBackup));
-        copy_->setText(QString::fromStdString(aq::copyToArchiveCaption(o)));
+        copy_->setText(withMnemonic(copy_->objectName(), QString::fromStdString(aq::copyToArchiveCaption(o))));
         help_->setText(QString::fromStdString(o.lblArchiveInstruct).replace("\r\n", "\n"));
         syncing_ = false;
     }

@@ -62,6 +62,7 @@ public:
         w.onMenu("mMergePool", [this] { run(aq::mMergePool); });
         w.onMenu("mMergeFood", [this] { run(aq::mMergeFood); });
         w.onMenu("mSavePool", [this] { run(aq::mSavePool); });
+        w.onMenu("mSavePoolAs", [this] { run(aq::mSavePoolAs); });
         w.onMenu("mSelectKill", [this] { run(aq::mSelectKill); });
         w.onMenu("mSelectRevive", [this] { run(aq::mSelectRevive); });
         w.onMenu("mSelectPoolFeed", [this] { run(aq::mSelectPoolFeed); });

@@ -1,5 +1,6 @@
 #include "app/window/MainWindow.h"
 
+#include <QActionGroup>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QGridLayout>
@@ -8,10 +9,12 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QTabWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "app/window/EditMenu.h"
 #include "app/window/HelpWindows.h"
@@ -35,7 +38,22 @@ namespace {
 const char* const kTabCaptions[6] = {
     "Archive",      "Startup Pool", "Edit Drifters in Pool File", "Edit Food in Pool File", "Edit Drifter Files",
     "Create Series"};
-}
+const char* const kModeItems[6] = {"mArchive",  "mStartup",          "mSpeciatePool",
+                                   "mEditFood", "mSpeciateDrifters", "mCreateSeries"};
+
+// A tab's page scrolls up and down, but is never narrower than its controls: the
+// splitter and the window stop there instead of cutting them or scrolling sideways.
+class TabPage : public QScrollArea {
+public:
+    QSize minimumSizeHint() const override {
+        QSize s = QScrollArea::minimumSizeHint();
+        if (widget())
+            s.setWidth(std::max(s.width(), widget()->minimumSizeHint().width() +
+                                               verticalScrollBar()->sizeHint().width() + 2 * frameWidth()));
+        return s;
+    }
+};
+}  // namespace
 
 MainWindow::MainWindow(aq::Ui& ui, aq::Clock& clock, const QString& programFolder, QWidget* parent,
                        const QString& homeFolder)
@@ -64,14 +82,18 @@ MainWindow::MainWindow(aq::Ui& ui, aq::Clock& clock, const QString& programFolde
     auto* layout = new QVBoxLayout(central);
     tabs_ = new QTabWidget(central);
     tabs_->setObjectName("TabStrip1");
+    // Whole captions; a tab bar wider than the tabs' side scrolls.
+    tabs_->setElideMode(Qt::ElideNone);
+    tabs_->setUsesScrollButtons(true);
     TabFrame* (*makers[6])(MainWindow&) = {makeArchiveTab,  makeStartupTab,      makePoolDriftersTab,
                                            makePoolFoodTab, makeDrifterFilesTab, makeSeriesTab};
     for (int k = 0; k < 6; ++k) {
         TabFrame* f = makers[k](*this);
         frames_.push_back(f);
         // A scroll area lets the window shrink well below its design size.
-        auto* scroll = new QScrollArea;
+        auto* scroll = new TabPage;
         scroll->setWidgetResizable(true);
+        scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         scroll->setFrameShape(QFrame::NoFrame);
         scroll->setWidget(f);
         tabs_->addTab(scroll, kTabCaptions[k]);
@@ -80,7 +102,11 @@ MainWindow::MainWindow(aq::Ui& ui, aq::Clock& clock, const QString& programFolde
     auto* splitter = new QSplitter(Qt::Horizontal, central);
     splitter->addWidget(tabs_);
     mapPanel_ = new MapPanel(*this);
+    // The map yields first: where the window is narrow the tabs keep their width and the
+    // map has what is left (its button hides it).
+    mapPanel_->setMinimumWidth(1);
     splitter->addWidget(mapPanel_);
+    splitter->setCollapsible(0, false);
     splitter->setStretchFactor(0, 3);
     splitter->setStretchFactor(1, 2);
     splitter->setSizes({760, 500});
@@ -98,16 +124,28 @@ MainWindow::MainWindow(aq::Ui& ui, aq::Clock& clock, const QString& programFolde
     setCentralWidget(central);
     setWindowTitle(kCaption);
     resize(1280, 760);
-    setMinimumSize(static_cast<int>(1280 * 0.4), static_cast<int>(760 * 0.4));
+    // No narrower than the tabs' controls (the layout's minimum, well above 0.4 of the
+    // design width); no lower than 0.4 of the design height.
+    setMinimumHeight(static_cast<int>(760 * 0.4));
 
-    connect(tabs_, &QTabWidget::currentChanged, this, [this] {
+    // The Mode menu ticks the tab on show, however it was chosen; Ctrl+1..6 are its keys.
+    auto* modes = new QActionGroup(this);
+    for (int k = 0; k < 6; ++k) {
+        QAction* item = menuItem(kModeItems[k]);
+        item->setCheckable(true);
+        item->setShortcut(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + k)));
+        modes->addAction(item);
+        onMenu(kModeItems[k], [this, k] { selectTab(k + 1); });
+    }
+    auto showMode = [this] { menuItem(kModeItems[selectedTab() - 1])->setChecked(true); };
+    connect(tabs_, &QTabWidget::currentChanged, this, [this, showMode] {
+        showMode();
         updateMenuState();
         mapPanel_->followTab(selectedTab());
     });
+    showMode();
     mapPanel_->watchControls();
     mapPanel_->followTab(selectedTab());
-    const char* modeItems[6] = {"mArchive", "mStartup", "mSpeciatePool", "mEditFood", "mSpeciateDrifters", nullptr};
-    for (int k = 0; k < 5; ++k) onMenu(modeItems[k], [this, k] { selectTab(k + 1); });
     onMenu("mSelectSwitchPool", [this] { selectTab(3); });
     onMenu("mSelectSwitchFood", [this] { selectTab(4); });
     onMenu("mSelectSwitchDrifter", [this] { selectTab(5); });

@@ -80,18 +80,38 @@ private:
     }
 
     void showRecent() {
-        menu_->clear();
+        // The entries go; the separator and "Clear List" under them stay.
+        if (!clear_) {
+            separator_ = menu_->addSeparator();
+            clear_ = menu_->addAction("&Clear List");
+            clear_->setObjectName("mRecentPoolsClear");
+            connect(clear_, &QAction::triggered, this, [this] {
+                recent_.clear();
+                windowSettings()->remove("recentPoolFiles");
+                showRecent();
+            });
+        }
+        // Later, as the entry chosen may be the one whose signal runs this.
+        for (QAction* a : menu_->actions())
+            if (a != separator_ && a != clear_) {
+                menu_->removeAction(a);
+                a->setParent(nullptr);
+                a->deleteLater();
+            }
         for (int k = 0; k < recent_.size(); ++k) {
             QString path = recent_[k];
-            QAction* a = menu_->addAction(QString("&%1 %2").arg(k + 1).arg(path));
+            auto* a = new QAction(QString("&%1 %2").arg(k + 1).arg(path), menu_);
             a->setObjectName(QString("mRecentPool%1").arg(k + 1));
             connect(a, &QAction::triggered, this, [this, path] { openFiles(w_, {path}); });
+            menu_->insertAction(separator_, a);
         }
-        menu_->setEnabled(!recent_.isEmpty());
+        clear_->setEnabled(!recent_.isEmpty());
     }
 
     MainWindow& w_;
     QMenu* menu_;
+    QAction* separator_ = nullptr;
+    QAction* clear_ = nullptr;
     QStringList recent_;
 };
 

@@ -4,8 +4,15 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QInputDialog>
+#include <QLocale>
 #include <QMessageBox>
+#include <QScreen>
+#include <QStyle>
+#include <QTimer>
+#include <QTreeView>
+#include <algorithm>
 
 #include "files/FileNames.h"
 
@@ -81,6 +88,28 @@ std::string QtUi::AskText(const std::string& prompt, const std::string& title, c
 }
 
 namespace {
+// Qt's own dialog (where there is no native one) makes its size and date columns too
+// narrow for their text: they get the width of theirs, the name the rest.
+void widenColumns(QFileDialog& dlg) {
+    auto* tree = dlg.findChild<QTreeView*>("treeView");
+    if (!tree) return;
+    QHeaderView* head = tree->header();
+    const QFontMetrics fm(tree->font());
+    // The header's margins and its sort arrow.
+    const int pad = 2 * head->style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, head) + fm.height() + 8;
+    const QString date =
+        QLocale::system().toString(QDateTime(QDate(2000, 12, 28), QTime(23, 59, 59)), QLocale::ShortFormat);
+    const int widths[3] = {fm.horizontalAdvance(QLocale::system().formattedDataSize(888888888)),
+                           std::max(fm.horizontalAdvance("unknown"), fm.horizontalAdvance("Folder")),
+                           fm.horizontalAdvance(date)};
+    int others = 0;
+    for (int k = 0; k < 3; ++k) {
+        head->resizeSection(k + 1, std::max(head->sectionSize(k + 1), widths[k] + pad));
+        others += head->sectionSize(k + 1);
+    }
+    head->resizeSection(0, std::max(head->sectionSize(0), tree->viewport()->width() - others));
+}
+
 std::string chooseFile(QWidget* parent, bool save, const std::string& folder, const std::string& name,
                        const std::string& extension, const std::string& description, const std::string& title) {
     QFileDialog dlg(parent, QString::fromStdString(title));
@@ -95,6 +124,11 @@ std::string chooseFile(QWidget* parent, bool save, const std::string& folder, co
     if (!folder.empty() && QDir(QString::fromStdString(folder)).exists())
         dlg.setDirectory(QString::fromStdString(folder));
     if (!name.empty()) dlg.selectFile(QString::fromStdString(name));
+    // Qt's own dialog opens big enough for the name, size and date of each file.
+    dlg.setViewMode(QFileDialog::Detail);
+    if (QScreen* screen = parent ? parent->screen() : QGuiApplication::primaryScreen())
+        dlg.resize(QSize(960, 600).boundedTo(screen->availableGeometry().size() * 0.9));
+    QTimer::singleShot(0, &dlg, [&dlg] { widenColumns(dlg); });  // once it is laid out
     if (dlg.exec() != QDialog::Accepted || dlg.selectedFiles().isEmpty()) return {};
     return QDir::toNativeSeparators(dlg.selectedFiles().first()).toStdString();
 }

@@ -1,4 +1,4 @@
-// The keyboard of a desktop editor: open, save, help, the tabs and quitting.
+// The keyboard of a desktop editor: open, save, save as, delete, help and quitting.
 #include <QAction>
 #include <QMenu>
 
@@ -22,6 +22,17 @@ void installShortcuts(MainWindow& w) {
     w.menuItem("mLoadPool")->setShortcut(QKeySequence::Open);
     w.menuItem("mSavePool")->setShortcut(QKeySequence::Save);
     w.menuItem("mSaveDrifter")->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
+    // The desktop's "Save As" key, Ctrl+Shift+S, saves the changed drifter files here.
+    w.menuItem("mSavePoolAs")->setShortcut(QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_S));
+    // Delete deletes the ticks of the list in hand, with the menu item's question; a text
+    // box keeps the key for its own text.
+    const char* deletes[2][2] = {{"mSelectPoolDelete", "FrmTa(3)"}, {"mSelectFoodDelete", "FrmTa(4)"}};
+    for (const auto& [item, frame] : deletes) {
+        QAction* a = w.menuItem(item);
+        a->setShortcut(QKeySequence::Delete);
+        a->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        w.findChild<QWidget*>(frame)->addAction(a);
+    }
 
     // Closing by the menu asks the same questions as the window's close button.
     auto* file = w.findChild<QMenu*>("mFile");
@@ -38,13 +49,6 @@ void installShortcuts(MainWindow& w) {
         if (QAction* a = w.menuItem(helpOfTab(w.selectedTab()))) a->trigger();
     });
     w.addAction(help);
-    for (int tab = 1; tab <= 6; ++tab) {
-        auto* a = new QAction(&w);
-        a->setObjectName(QString("keyTab%1").arg(tab));
-        a->setShortcut(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_0 + tab)));
-        QObject::connect(a, &QAction::triggered, &w, [&w, tab] { w.selectTab(tab); });
-        w.addAction(a);
-    }
 }
 
 }  // namespace aqapp

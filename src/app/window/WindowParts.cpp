@@ -10,6 +10,7 @@ void installWindowParts(MainWindow& w) {
     QApplication::setWindowIcon(appIcon());
     w.setWindowIcon(appIcon());
     installShortcuts(w);
+    installMnemonics(w);
     installFileOpening(w);
     installStatusLine(w);
     installWindowMemory(w);

@@ -2,6 +2,7 @@
 // What the main window has around the program's own controls: keyboard shortcuts,
 // the status bar, files opened from outside, the remembered geometry and the icon.
 #include <QIcon>
+#include <QString>
 #include <QStringList>
 #include <memory>
 
@@ -14,8 +15,13 @@ class MainWindow;
 // Installs all of the parts below; the window calls it once its tabs exist.
 void installWindowParts(MainWindow& w);
 
-// Ctrl+O, Ctrl+S, Ctrl+Shift+S, F1, Ctrl+1..6 and "E&xit" (Ctrl+Q) in "&File".
+// Ctrl+O, Ctrl+S, Ctrl+Shift+S, Ctrl+Alt+S, Delete on the pool's two tabs, F1 and "E&xit"
+// (Ctrl+Q) in "&File". (Ctrl+1..6 are the Mode menu's, set with it.)
 void installShortcuts(MainWindow& w);
+// Alt letters for the tabs' buttons, check boxes and option frames, clear of the menu bar's.
+void installMnemonics(MainWindow& w);
+// The caption of a control with its Alt letter marked, for a caption set after installMnemonics.
+QString withMnemonic(const QString& name, const QString& caption);
 // The bar under the window: file, changed mark, counts, ticks, species progress.
 void installStatusLine(MainWindow& w);
 // Dropped files and the "&Recent Pool Files" menu.
