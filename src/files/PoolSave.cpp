@@ -1,5 +1,7 @@
 #include "files/PoolSave.h"
 
+#include <filesystem>
+
 #include "base/Paths.h"
 #include "files/FileNames.h"
 #include "files/PoolOps.h"
@@ -40,6 +42,15 @@ void mSavePool(App& app) {
 bool saveOpenPoolAs(App& app) {
     const std::string suggested = app.openPoolPath.empty() ? "" : fileNameOfPath(app.openPoolPath);
     std::string path = locateDestFile(app, app.comboPoolPath, suggested, "aqp", "Pool Files", "Save Pool As");
+    // A new name that another file already has is asked about: No picks another name.
+    std::error_code ec;
+    while (!path.empty() && path != app.openPoolPath && std::filesystem::exists(path, ec)) {
+        Answer a = app.ui.AskYesNoCancel(path + " already exists.  Overwrite existing file?", "Filename Conflict");
+        if (a == Answer::Yes) break;
+        path = a == Answer::No ? locateDestFile(app, folderOfPath(path), fileNameOfPath(path), "aqp", "Pool Files",
+                                                "Save Pool As")
+                               : "";
+    }
     if (path.empty() || !savePoolFile(app, path, true)) return false;
     app.poolChanged = false;
     app.openPoolPath = path;

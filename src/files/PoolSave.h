@@ -25,7 +25,8 @@ void saveUndoPoolAs(App& app, const std::string& title);
 void mSavePool(App& app);
 
 // "Save Pool As" with the open file's name suggested: the pool is saved there and
-// belongs to that file from then on. A cancelled dialog or a failed save leaves the
+// belongs to that file from then on. Another file of the chosen name is replaced only
+// after a "Filename Conflict" question. A cancelled dialog or a failed save leaves the
 // pool's file and its changed mark as they were. True when the pool was saved.
 bool saveOpenPoolAs(App& app);
 

@@ -303,8 +303,10 @@ TEST(PoolSave, QuestionsOfTheMenuCommand) {
 
 TEST(PoolSave, SaveAsGivesThePoolItsNewFile) {
     // The pool was read from open.aqp and then edited; the history watches as the menu's step does.
-    enum Case { Cancel, Saved, DiskFull };
-    for (Case c : {Cancel, Saved, DiskFull}) {
+    // Taken: new.aqp is another pool's file; the first question is answered No, the second
+    // dialog cancelled. Replaced: the question is answered Yes.
+    enum Case { Cancel, Saved, DiskFull, Taken, Replaced };
+    for (Case c : {Cancel, Saved, DiskFull, Taken, Replaced}) {
         SCOPED_TRACE(c);
         Open s(markedPool(2, 2, 0));
         writePool(s.app.openPoolPath, s.app.openPool);
@@ -319,6 +321,13 @@ TEST(PoolSave, SaveAsGivesThePoolItsNewFile) {
 
         history.prepare(s.app);
         s.ui.file("save", "Save Pool As", c == Cancel ? "" : newPath, s.dir.path() + "|open.aqp|aqp|Pool Files");
+        const std::string other = "another pool's bytes";
+        if (c == Taken || c == Replaced) {
+            writeBytes(newPath, other);
+            s.ui.ask("yesnocancel", newPath + " already exists.  Overwrite existing file?", "Filename Conflict",
+                     c == Taken ? Answer::No : Answer::Yes);
+        }
+        if (c == Taken) s.ui.file("save", "Save Pool As", "", s.dir.path() + "|new.aqp|aqp|Pool Files");
         if (c == DiskFull) {
             s.ui.message("Error saving " + newPath + ", error: No space left on device",
                          "Aquarium File Manager - Save Pool File");
@@ -329,17 +338,18 @@ TEST(PoolSave, SaveAsGivesThePoolItsNewFile) {
         history.commit(s.app, "Save Pool File As...");
         EXPECT_SCRIPT_DONE(s.ui);
         EXPECT_EQ(poolBytes(s.app.openPool), before);
-        EXPECT_EQ(s.app.openPoolPath, s.dir.file(c == Saved ? "new.aqp" : "open.aqp"));
-        EXPECT_EQ(s.app.poolChanged, c != Saved);
-        EXPECT_EQ(std::filesystem::exists(newPath), c == Saved);
-        if (c == Saved) {
-            EXPECT_EQ(readBytes(newPath), before);
+        const bool saved = c == Saved || c == Replaced;
+        EXPECT_EQ(s.app.openPoolPath, s.dir.file(saved ? "new.aqp" : "open.aqp"));
+        EXPECT_EQ(s.app.poolChanged, !saved);
+        EXPECT_EQ(std::filesystem::exists(newPath), c != Cancel && c != DiskFull);
+        if (std::filesystem::exists(newPath)) {
+            EXPECT_EQ(readBytes(newPath), saved ? before : other);
         }
         // Undoing the edit brings back the pool open.aqp holds, and the mark follows the files.
         ASSERT_TRUE(history.undo(s.app));
         EXPECT_EQ(std::pair(s.app.openPoolPath, s.app.poolChanged), std::pair(s.dir.file("open.aqp"), false));
         ASSERT_TRUE(history.redo(s.app));
-        EXPECT_EQ(s.app.poolChanged, c != Saved);
+        EXPECT_EQ(s.app.poolChanged, !saved);
     }
     // Nothing loaded: nothing asked.
     Open s(markedPool(2, 2, 0));
