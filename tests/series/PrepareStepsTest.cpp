@@ -91,36 +91,19 @@ TEST(PrepareSteps, PrepareHarvestShrinksTheCircleForSmallPools) {
     EXPECT_FLOAT_EQ(q.drifters[0].x, 3000);
     EXPECT_EQ(aq::randomState(), before);
 
-    // Small circles in wide pools take millions of draws and still place every drifter
-    // as drawing one by one would; the draws come round after 2^23, and a circle no draw
-    // of a round meets keeps the first point drawn.
-    const std::tuple<float, int, std::uint32_t> cases[] = {
-        {16000, 1, 1}, {40000, 2, 0x123456}, {40000, 2, 1}, {-100, 2, 1}};
-    for (auto [edge, drifters, state] : cases) {
+    // Small circles in wide pools take millions of draws, one by one; the draws come round
+    // after 2^23, and a circle no draw of a round meets (the last two) keeps the first point drawn.
+    // The edge, the drifters, the state before; the places drawn and the state after.
+    const std::tuple<float, int, std::uint32_t, std::vector<float>, std::uint32_t> cases[] = {
+        {16000, 1, 1, {0x1.b38p-1f, 0x1.12p+3f}, 0x801189},
+        {40000, 2, 0x123456, {-0x1.5a4p+3f, 0x1.a2p+2f, 0x1.6ccp+2f, -0x1.fa8p+1f}, 0x7FFCC2},
+        {40000, 2, 1, {0x1.3cd32cp+14f, -0x1.3b654p+10f, -0x1.3109b6p+14f, -0x1.49dfd8p+14f}, 0x3C7115},
+        {-100, 2, 1, {0x1.5eb126p+7f, 0x1.28d896p+7f, 0x1.f6634ap+6f, 0x1.ee70bp+6f}, 0x3C7115}};
+    for (const auto& [edge, drifters, state, want, wantState] : cases) {
         SCOPED_TRACE(std::to_string(edge) + " " + std::to_string(state));
-        const float low = edge < 0 ? 100 : -edge, high = edge < 0 ? 200 : edge;
         aq::Pool pool = numbered(std::vector<aq::DrifterRec>(std::size_t(drifters), at(3000, 3000)));
-        pool.minX = pool.minY = low;
-        pool.maxX = pool.maxY = high;
-        aq::setRandomState(state);
-        std::vector<float> want;
-        for (int i = 0; i < drifters; ++i) {
-            const std::uint32_t start = aq::randomState();
-            float x = 0, y = 0;
-            auto inside = [&] {
-                x = aq::RandomNext() * (high - low) + low;
-                y = aq::RandomNext() * (high - low) + low;
-                return std::sqrt(double(x) * x + double(y) * y) <= 10.0 * drifters;
-            };
-            long k = 0;
-            while (k < (1L << 23) && !inside()) ++k;
-            if (k == (1L << 23)) {  // back to the first point
-                aq::setRandomState(start);
-                inside();
-            }
-            want.insert(want.end(), {x, y});
-        }
-        const std::uint32_t wantState = aq::randomState();
+        pool.minX = pool.minY = edge < 0 ? 100 : -edge;  // the last: a box of 100 to 200
+        pool.maxX = pool.maxY = edge < 0 ? 200 : edge;
         aq::setRandomState(state);
         aq::prepareHarvest(pool, 2500.0f);
         std::vector<float> got;
