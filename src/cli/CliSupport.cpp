@@ -14,8 +14,7 @@ namespace aqcli {
 int readPoolOrFail(const std::string& path, aq::Pool& pool) {
     aq::PoolReadResult r = aq::readPool(path, pool);
     if (r.status == aq::PoolReadStatus::Ok) return 0;
-    if (r.status == aq::PoolReadStatus::BadVersion) return fail("Not a Aquarium 4 or 5 data file: " + path);
-    return fail("Error opening " + path + ", error: " + r.error);
+    return fail(aq::poolReadMessage(path, r));
 }
 
 void CliUi::ShowMessage(const std::string& text, const std::string& title) {

@@ -14,6 +14,12 @@ std::size_t Pool::fileSize() const {
     return 20 + n * sizeof(DrifterRec) + m * sizeof(FoodBit) + kPoolTrailerSize;
 }
 
+std::string poolReadMessage(const std::string& path, const PoolReadResult& r) {
+    if (r.status == PoolReadStatus::Ok) return {};
+    if (r.status == PoolReadStatus::BadVersion) return "Not a Aquarium 4 or 5 data file: " + path;
+    return "Error opening " + path + ", error: " + r.error;
+}
+
 namespace {
 
 // A byte source that knows how much remains, over memory or an open file.

@@ -20,6 +20,9 @@ struct PoolReadResult {
 // anything is allocated; on an error `pool` may hold a partly read pool.
 PoolReadResult readPool(const std::string& path, Pool& pool);
 PoolReadResult parsePool(std::span<const std::uint8_t> bytes, Pool& pool);
+// What a tool says about a file that could not be read: "Not a Aquarium 4 or 5 data
+// file: PATH" or "Error opening PATH, error: ..."; "" when it was read.
+std::string poolReadMessage(const std::string& path, const PoolReadResult& r);
 
 // Writes through a temporary file in the same folder and a rename, so a failed
 // write leaves the old file whole. Returns "" on success, else the error text.

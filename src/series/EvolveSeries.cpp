@@ -33,6 +33,7 @@ public:
             currentFile =
                 series::locateSourceFile(app_, app_.comboPoolPath, "", "aqp", "Aquarium Files", "Select Pool File");
         seriesFile_ = currentFile;
+        if (!seriesFile_.empty()) app_.series.run.seriesFile = seriesFile_;
         c_.selectRange = true;
         c_.selStart = SeriesControls::kSliderMin;
         app_.series.changed();
@@ -60,6 +61,7 @@ private:
         const bool keptBusy = app_.uiBusy;
         app_.uiBusy = true;
         currentFile = seriesFileName(seriesFile_, suffix_);
+        app_.series.run.runningSuffix = suffix_;
         loadPoolFile(app_, currentFile, false);
         if (o_.chkPlague && w_.drifterCount > 100) series::applyPlague(app_);
         if (lastDrifterCount_ == 0 && o_.chkGetSuc) {

@@ -74,6 +74,8 @@ struct AqRunState {
     // showed its window has no window to close it by.
     std::vector<std::uint32_t> startedProcesses;
     bool seriesRunning = false;  // a series is on, until its Finish has run
+    std::string seriesFile;      // the file the present or the last series started from
+    std::string runningSuffix;   // the pool the present series works on
 };
 
 struct SeriesState {

@@ -32,20 +32,6 @@ QSize parseSize(const std::string& text) {
     return {w, h};
 }
 
-std::string readError(const std::string& path, const aq::PoolReadResult& r) {
-    switch (r.status) {
-        case aq::PoolReadStatus::Ok:
-            return {};
-        case aq::PoolReadStatus::NotFound:
-            return "Error opening " + path + ", error: No such file or directory";
-        case aq::PoolReadStatus::BadVersion:
-            return "Not a Aquarium 4 or 5 data file: " + path;
-        case aq::PoolReadStatus::Error:
-            break;
-    }
-    return "Error opening " + path + ", error: " + r.error;
-}
-
 }  // namespace
 
 int pictureCommand(const std::vector<std::string>& args, std::string& message) {
@@ -85,7 +71,7 @@ int pictureCommand(const std::vector<std::string>& args, std::string& message) {
     }
     const std::string &kind = positional[0], &poolPath = positional[1], &out = positional[2];
     aq::Pool pool;
-    if (std::string error = readError(poolPath, aq::readPool(poolPath, pool)); !error.empty()) {
+    if (std::string error = aq::poolReadMessage(poolPath, aq::readPool(poolPath, pool)); !error.empty()) {
         message = "AqFileManager: " + error + "\n";
         return 1;
     }
