@@ -80,7 +80,7 @@ std::vector<SeriesMember> listSeries(const std::string& seriesFile, bool branchi
             continue;
         std::string suffix = name.substr(base.size(), name.size() - base.size() - ext.size());
         std::error_code e;
-        if (!allDigits(suffix) || !it->is_regular_file(e)) continue;
+        if (!allDigits(suffix) || it->is_directory(e)) continue;  // a FIFO or device is listed, and its read refused
         SeriesMember m;
         m.suffix = suffix;
         m.size = it->file_size(e);
