@@ -241,7 +241,7 @@ private slots:
             {{"map", dir.file("none.aqp"), dir.file("x.png")}, 1, "Error opening"},
             {{"map", pool, dir.file("no/such/folder/x.png")}, 1, "Error saving"},
             {{"map", pool, dir.file("x.png"), "--size", "3x2"}, 2, "option --size"},
-            {{"maps", pool, dir.file("x.png")}, 2, "map or genes"},
+            {{"maps", pool, dir.file("x.png")}, 2, "map, genes or series"},
             {{"map", pool, dir.file("x.gif")}, 2, "picture format from the name \"x.gif\"; it must end in one of"},
             {{"map", pool, dir.file("x")}, 2, "picture format"},
         };

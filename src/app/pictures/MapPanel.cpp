@@ -63,10 +63,12 @@ MapPanel::MapPanel(MainWindow& window)
     genesToggle_->setCheckable(true);
     bar->addWidget(fit_);
     bar->addWidget(genesToggle_);
+    buildSeries(bar);
     bar->addStretch(1);
     layout->addLayout(bar);
     stack_->addWidget(map_);
     stack_->addWidget(genes_);
+    stack_->addWidget(series_);
     layout->addWidget(stack_, 1);
 
     aq::App& app = window_.app();
@@ -85,7 +87,7 @@ MapPanel::MapPanel(MainWindow& window)
         return app.dna.gene.txtGene.empty() ? -1 : aq::chosenGene(app.dna.gene.txtGene);
     });
     connect(genes_, &GenomePicture::geneClicked, this, &MapPanel::geneClicked);
-    for (QWidget* w : {static_cast<QWidget*>(map_), static_cast<QWidget*>(genes_)}) {
+    for (QWidget* w : {static_cast<QWidget*>(map_), static_cast<QWidget*>(genes_), static_cast<QWidget*>(series_)}) {
         w->setContextMenuPolicy(Qt::CustomContextMenu);
         connect(w, &QWidget::customContextMenuRequested, this, [this, w](QPoint at) {
             QMenu menu(this);
@@ -146,14 +148,17 @@ void MapPanel::geneClicked(int strip, int gene) {
 void MapPanel::followTab(int tab) {
     tab_ = tab;
     aq::App& app = window_.app();
-    bool shows = tab >= 2 && tab <= 5;
-    setVisible(wanted_ && shows);
+    bool shows = tab >= 2 && tab <= 6;
     if (auto* toggle = window_.findChild<QToolButton*>("cmdShowMap")) toggle->setText(tab == 5 ? "Genes" : "Map");
     genesToggle_->setVisible(tab == 3);
-    fit_->setVisible(!showsGenes());
+    fit_->setVisible(!showsGenes() && tab != 6);
+    seriesTools_->setVisible(tab == 6);
     genes_->setEmptyHint(tab == 5 ? "Tick drifter files in the list to see their genes here"
                                   : "Tick drifters in the list to see their genes here");
-    stack_->setCurrentWidget(showsGenes() ? static_cast<QWidget*>(genes_) : map_);
+    stack_->setCurrentWidget(tab == 6       ? static_cast<QWidget*>(series_)
+                             : showsGenes() ? static_cast<QWidget*>(genes_)
+                                            : map_);
+    setVisible(wanted_ && shows);
     map_->setTicks(tab == 3 ? &app.lstSpeciatePool : nullptr, tab == 4 ? &app.lstPoolFood : nullptr);
     map_->setPicks(tab == 3 ? PoolMap::Picks::Drifters : tab == 4 ? PoolMap::Picks::Food : PoolMap::Picks::None);
     map_->setBoxProvider([this, tab]() -> std::optional<aq::WorldRect> {
@@ -204,6 +209,15 @@ void MapPanel::keepBoxInView() {
 
 void MapPanel::savePicture(const std::string& extension) {
     aq::App& app = window_.app();
+    if (tab_ == 6) {
+        // Beside the series' files, named after its first.
+        const std::filesystem::path first(seriesSource().file);
+        std::error_code ec;
+        savePictureAs(app.ui, std::filesystem::absolute(first, ec).parent_path().string(),
+                      (first.empty() ? std::string("pool") : first.stem().string()) + "-series." + extension, extension,
+                      series_->size(), [this](QPainter& p) { series_->paintSeries(p, PictureColors::light()); });
+        return;
+    }
     bool genes = showsGenes();
     const std::filesystem::path pool(app.openPoolPath);
     std::string base = pool.empty() ? "pool" : pool.stem().string();

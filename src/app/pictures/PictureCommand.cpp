@@ -1,18 +1,22 @@
 #include "app/pictures/PictureCommand.h"
 
 #include <QApplication>
+#include <filesystem>
 #include <iostream>
 
 #include "app/pictures/GenomePicture.h"
 #include "app/pictures/PictureExport.h"
 #include "app/pictures/PoolMap.h"
+#include "app/pictures/SeriesDrawing.h"
 #include "format/PoolFile.h"
 
 namespace aqapp {
 
 namespace {
 
-const char* const kUsage = "usage: AqFileManager --picture map|genes POOL OUT [--size WxH]";
+const char* const kUsage =
+    "usage: AqFileManager --picture map|genes POOL OUT [--size WxH]\n"
+    "       AqFileManager --picture series FIRST OUT [--size WxH] [--plain]";
 
 struct Usage {
     std::string text;
@@ -32,18 +36,44 @@ QSize parseSize(const std::string& text) {
     return {w, h};
 }
 
+// Every file of the series read here and now, with its species.
+int seriesPicture(const std::string& first, bool branching, const std::string& out, QSize size, std::string& message) {
+    std::error_code ec;
+    const std::string file = std::filesystem::absolute(first, ec).string();
+    SeriesScene scene;
+    scene.setMembers(aq::listSeries(file, branching));
+    aq::Pool scratch;
+    if (scene.members.empty()) {
+        std::string error = aq::poolReadMessage(file, aq::readPool(file, scratch));
+        message = "AqFileManager: " + (error.empty() ? file + " is not a series' first file" : error) + "\n";
+        return 1;
+    }
+    for (std::size_t i = 0; i < scene.members.size(); ++i)
+        scene.figures[i] = aq::readPoolFigures(scene.members[i].path, aq::SpeciesRule{44.4f, 100}, scratch);
+    std::string error =
+        writePicture(out, size, [&](QPainter& p) { paintSeries(p, size, scene, PictureColors::light()); });
+    if (!error.empty()) {
+        message = "AqFileManager: Error saving " + out + ", error: " + error + "\n";
+        return 1;
+    }
+    return 0;
+}
+
 }  // namespace
 
 int pictureCommand(const std::vector<std::string>& args, std::string& message) {
     std::vector<std::string> positional;
     QSize size(1200, 900);
+    bool plain = false;
     try {
         bool options = true;
         for (std::size_t i = 0; i < args.size(); ++i) {
             const std::string& a = args[i];
             if (options && (a == "--help" || a == "-h")) {
                 message = std::string(kUsage) +
-                          "\n\nWrites the pool map (map) or every drifter's genes, one strip each (genes), as a "
+                          "\n\nWrites the pool map (map), every drifter's genes, one strip each (genes), or the "
+                          "tree of a series' pools from its first file with a chart of its first row (series; "
+                          "--plain for a series that does not branch, species at 44.4% and depth 100) as a "
                           "picture in the format of OUT's extension: " +
                           pictureExtensions() + ".\n";
                 return 0;
@@ -55,6 +85,8 @@ int pictureCommand(const std::vector<std::string>& args, std::string& message) {
                 size = parseSize(args[++i]);
             } else if (options && a.rfind("--size=", 0) == 0) {
                 size = parseSize(a.substr(7));
+            } else if (options && a == "--plain") {
+                plain = true;
             } else if (options && a.size() > 1 && a[0] == '-') {
                 throw Usage{"unknown option " + a};
             } else {
@@ -62,14 +94,16 @@ int pictureCommand(const std::vector<std::string>& args, std::string& message) {
             }
         }
         if (positional.size() != 3) throw Usage{"expected 3 arguments, got " + std::to_string(positional.size())};
-        if (positional[0] != "map" && positional[0] != "genes")
-            throw Usage{"the picture is map or genes, got \"" + positional[0] + "\""};
+        if (positional[0] != "map" && positional[0] != "genes" && positional[0] != "series")
+            throw Usage{"the picture is map, genes or series, got \"" + positional[0] + "\""};
+        if (plain && positional[0] != "series") throw Usage{"option --plain is for series pictures"};
         if (pictureFormat(positional[2]).empty()) throw Usage{unknownPictureFormat(positional[2])};
     } catch (const Usage& u) {
         message = "AqFileManager --picture: " + u.text + "\n" + kUsage + "\n";
         return 2;
     }
     const std::string &kind = positional[0], &poolPath = positional[1], &out = positional[2];
+    if (kind == "series") return seriesPicture(poolPath, !plain, out, size, message);
     aq::Pool pool;
     if (std::string error = aq::poolReadMessage(poolPath, aq::readPool(poolPath, pool)); !error.empty()) {
         message = "AqFileManager: " + error + "\n";

@@ -1,7 +1,8 @@
 #pragma once
 // `AqFileManager --picture map|genes POOL OUT [--size WxH]`: writes the pool map or the
 // picture of all drifters' genomes in the format of OUT's extension (PNG, JPEG, SVG ...)
-// without a window, for scripts. Exit status as aqfm's: 0 done, 1 file or data error, 2
+// without a window, for scripts; `--picture series FIRST OUT [--size WxH] [--plain]` the
+// series that starts from FIRST. Exit status as aqfm's: 0 done, 1 file or data error, 2
 // usage error, an extension no writer knows among them.
 #include <optional>
 #include <string>

@@ -31,6 +31,7 @@ public:
         connect(&timer_, &QTimer::timeout, this, &StatusLine::update);
         timer_.start();
         connect(&w.editMenu(), &EditMenu::stepped, this, &StatusLine::update);
+        connect(bar, &QStatusBar::messageChanged, this, &StatusLine::update);
         update();
     }
 
@@ -58,7 +59,8 @@ public:
 private:
     void set(int k, const QString& text, const QString& tip = {}) {
         if (labels_[k]->text() != text) labels_[k]->setText(text);
-        labels_[k]->setVisible(!text.isEmpty());
+        // A passing message has the bar to itself while it shows.
+        labels_[k]->setVisible(!text.isEmpty() && w_.statusBar()->currentMessage().isEmpty());
         if (!tip.isEmpty()) labels_[k]->setToolTip(tip);
     }
 
