@@ -2,12 +2,12 @@
 // only reading those files; with the species count of each pool as well.
 #include <benchmark/benchmark.h>
 
+#include "EvolvedPool.h"
 #include "format/PoolFile.h"
 #include "series/SeriesFigures.h"
 #include "series/SeriesNames.h"
 #include "series/SeriesTree.h"
 #include "support/TempDir.h"
-#include "EvolvedPool.h"
 
 namespace {
 

@@ -2,12 +2,12 @@
 #include <filesystem>
 #include <iostream>
 
+#include "base/NumberText.h"
 #include "cli/Cli.h"
 #include "cli/CliSupport.h"
 #include "series/SeriesFigures.h"
 #include "series/SeriesNames.h"
 #include "series/SeriesTree.h"
-#include "base/NumberText.h"
 
 using namespace aqcli;
 
@@ -66,8 +66,8 @@ int runSeries(const Args& a) {
     int unreadable = 0;
     for (const aq::SeriesMember& m : members) {
         aq::PoolFigures f = aq::readPoolFigures(m.path, rule, scratch);
-        std::vector<std::string> row{std::filesystem::path(m.path).filename().string(), m.suffix, m.suffix.empty() ? "" : m.parent,
-                                     std::to_string(m.generation)};
+        std::vector<std::string> row{std::filesystem::path(m.path).filename().string(), m.suffix,
+                                     m.suffix.empty() ? "" : m.parent, std::to_string(m.generation)};
         if (f.error.empty()) {
             for (int v : {f.drifters, f.alive, f.food, static_cast<int>(f.clock)}) row.push_back(std::to_string(v));
             row.push_back(f.bestScore ? aq::NumberText(*f.bestScore) : "");
@@ -84,13 +84,15 @@ int runSeries(const Args& a) {
         for (auto& row : rows) row.resize(rows[0].size());
     }
     printTable(rows, a.flag("--csv"));
-    if (unreadable > 0)
-        std::cerr << unreadable << (unreadable == 1 ? " file" : " files") << " could not be read.\n";
+    if (unreadable > 0) std::cerr << unreadable << (unreadable == 1 ? " file" : " files") << " could not be read.\n";
     return 0;
 }
 
-Register regSeries({"series", "list the files of a series with how each pool did",
-                    "aqfm series FILE [--plain] [--species T [--depth D]] [--csv]", runSeries,
-                    {"--species", "--depth"}, {"--plain", "--csv"}});
+Register regSeries({"series",
+                    "list the files of a series with how each pool did",
+                    "aqfm series FILE [--plain] [--species T [--depth D]] [--csv]",
+                    runSeries,
+                    {"--species", "--depth"},
+                    {"--plain", "--csv"}});
 
 }  // namespace

@@ -84,8 +84,8 @@ std::vector<SeriesMember> listSeries(const std::string& seriesFile, bool branchi
         SeriesMember m;
         m.suffix = suffix;
         m.size = it->file_size(e);
-        m.modified = std::chrono::duration_cast<std::chrono::nanoseconds>(it->last_write_time(e).time_since_epoch())
-                         .count();
+        m.modified =
+            std::chrono::duration_cast<std::chrono::nanoseconds>(it->last_write_time(e).time_since_epoch()).count();
         found.emplace(suffix, std::move(m));
     }
 

@@ -86,7 +86,7 @@ private slots:
         const aq::Pool first = seriesPool(5), second = seriesPool(4, 1);
         QVERIFY(aq::writePool(series.file("pool.aqp"), first).empty());
         QVERIFY(aq::writePool(series.file("pool0.aqp"), second).empty());
-        const std::string expected = row("pool0.aqp", "0", "", 1, second);
+        const std::string expected = row("pool0.aqp", "0", "pool.aqp", 1, second);
         {
             aqtest::Window<> h;
             h.w.show();
@@ -100,7 +100,7 @@ private slots:
 
             QVERIFY(aq::writePool(series.file("pool1.aqp"), first).empty());
             QVERIFY(QTest::qWaitFor([&] { return view.poolCentre("1").x() >= 0; }, 1500));
-            QVERIFY(QTest::qWaitFor([&] { return tip(view, "1") == row("pool1.aqp", "1", "0", 2, first); }, 10000));
+            QVERIFY(QTest::qWaitFor([&] { return tip(view, "1") == row("pool1.aqp", "1", "0 (pool0.aqp)", 2, first); }, 10000));
 
             h.app().series.run.seriesRunning = true;
             h.app().series.run.seriesFile = series.file("pool.aqp");

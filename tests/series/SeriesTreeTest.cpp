@@ -18,10 +18,9 @@ using namespace aqtest;
 TEST(SeriesTree, ParentAndGenerationOfEverySuffix) {
     // suffix, parent and generation in a branching series, then in a plain one ("-" none).
     const std::tuple<std::string, std::string, int, std::string, int> cases[] = {
-        {"", "-", 0, "-", 0},       {"0", "", 1, "-", -1},       {"9", "8", 10, "8", 9},
-        {"00", "0", 2, "-", -1},    {"99", "98", 20, "98", 99},  {"230", "23", 8, "229", 230},
-        {"24", "23", 8, "23", 24},  {"1", "0", 2, "", 1},        {"10", "1", 3, "9", 10},
-        {"007", "006", 10, "-", -1}, {"x1", "-", -1, "-", -1},
+        {"", "-", 0, "-", 0},       {"0", "", 1, "-", -1},        {"9", "8", 10, "8", 9},    {"00", "0", 2, "-", -1},
+        {"99", "98", 20, "98", 99}, {"230", "23", 8, "229", 230}, {"24", "23", 8, "23", 24}, {"1", "0", 2, "", 1},
+        {"10", "1", 3, "9", 10},    {"007", "006", 10, "-", -1},  {"x1", "-", -1, "-", -1},
     };
     for (const auto& [suffix, branchParent, branchGen, plainParent, plainGen] : cases) {
         EXPECT_EQ(aq::seriesParent(suffix, true).value_or("-"), branchParent) << suffix;
@@ -73,7 +72,8 @@ std::vector<std::string> linesOf(const std::string& text) {
 std::map<std::string, std::string> infoOf(const std::string& path) {
     std::map<std::string, std::string> fields;
     for (const std::string& line : linesOf(runCli("info \"" + path + "\"").out))
-        if (auto colon = line.find(": "); colon != std::string::npos) fields[line.substr(0, colon)] = line.substr(colon + 2);
+        if (auto colon = line.find(": "); colon != std::string::npos)
+            fields[line.substr(0, colon)] = line.substr(colon + 2);
     return fields;
 }
 
@@ -83,9 +83,12 @@ std::vector<std::vector<std::string>> csvRows(const std::string& text) {
         std::vector<std::string> row(1);
         bool quoted = false;
         for (char c : line) {
-            if (c == '"') quoted = !quoted;
-            else if (c == ',' && !quoted) row.emplace_back();
-            else row.back() += c;
+            if (c == '"')
+                quoted = !quoted;
+            else if (c == ',' && !quoted)
+                row.emplace_back();
+            else
+                row.back() += c;
         }
         rows.push_back(row);
     }
@@ -114,8 +117,8 @@ TEST(SeriesTree, TableListsTheFilesAsTheyStand) {
     EXPECT_EQ(std::count(rows.begin(), rows.end(), note), 1) << r.out;
     rows.erase(std::remove(rows.begin(), rows.end(), note), rows.end());
     ASSERT_FALSE(rows.empty());
-    const std::vector<std::string> header = {"file",  "suffix", "parent", "generation", "drifters", "alive",
-                                             "food",  "clock",  "best_score", "error"};
+    const std::vector<std::string> header = {"file",  "suffix", "parent", "generation", "drifters",
+                                             "alive", "food",   "clock",  "best_score", "error"};
     ASSERT_EQ(rows.front(), header);
     const std::vector<std::string> order = {"", "0", "1", "2", "00", "01", "10", "11", "20", "000"};
     ASSERT_EQ(rows.size(), order.size() + 1) << r.out;
@@ -153,7 +156,8 @@ TEST(SeriesTree, TableListsTheFilesAsTheyStand) {
 
     // Plain: 1, 2, 3 follow the chosen file; "0" and "00" are not its pools. Species on request.
     std::filesystem::remove(dir.file("pool3.aqp"));
-    for (const char* s : {"3", "002"}) ASSERT_EQ(aq::writePool(dir.file(std::string("pool") + s + ".aqp"), distinctPool(2)), "");
+    for (const char* s : {"3", "002"})
+        ASSERT_EQ(aq::writePool(dir.file(std::string("pool") + s + ".aqp"), distinctPool(2)), "");
     r = runCli("series --plain --species 44.4 \"" + dir.file("pool.aqp") + "\"");
     EXPECT_EQ(r.status, 0);
     std::vector<std::string> lines = linesOf(r.out);

@@ -313,12 +313,27 @@ void paintSeries(QPainter& p, QSize size, const SeriesScene& s, const PictureCol
     p.restore();
 }
 
+namespace {
+
+// The parent's suffix and file: the first file's child has the parent "" as the first file
+// has none, and the file name tells them apart.
+QString parentText(const SeriesScene& s, const aq::SeriesMember& m) {
+    if (m.suffix.empty()) return "none";
+    for (const aq::SeriesMember& p : s.members)
+        if (p.suffix == m.parent) {
+            const std::string name = std::filesystem::path(p.path).filename().string();
+            return QString::fromStdString(m.parent.empty() ? name : m.parent + " (" + name + ")");
+        }
+    return QString::fromStdString(m.parent);
+}
+
+}  // namespace
+
 QString seriesTip(const SeriesScene& s, int i) {
     if (i < 0 || i >= int(s.members.size())) return {};
     const aq::SeriesMember& m = s.members[std::size_t(i)];
     QStringList lines{"file: " + QString::fromStdString(std::filesystem::path(m.path).filename().string()),
-                      "suffix: " + QString::fromStdString(m.suffix),
-                      "parent: " + QString::fromStdString(m.suffix.empty() ? "" : m.parent),
+                      "suffix: " + QString::fromStdString(m.suffix), "parent: " + parentText(s, m),
                       "generation: " + QString::number(m.generation)};
     const auto& f = s.figures[std::size_t(i)];
     if (!f) {
