@@ -1,18 +1,17 @@
 #include "app/pictures/GenomePicture.h"
 
-#include <QHelpEvent>
 #include <QImage>
 #include <QLinearGradient>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
-#include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstring>
 
+#include "app/widgets/PointTips.h"
 #include "format/Records.h"
 
 namespace aqapp {
@@ -282,16 +281,7 @@ void GenomePicture::wheelEvent(QWheelEvent* e) {
 }
 
 bool GenomePicture::event(QEvent* e) {
-    if (e->type() == QEvent::ToolTip) {
-        auto* help = static_cast<QHelpEvent*>(e);
-        QString tip = tipAt(help->pos());
-        if (tip.isEmpty())
-            QToolTip::hideText();
-        else
-            QToolTip::showText(help->globalPos(), tip, this);
-        return true;
-    }
-    return QWidget::event(e);
+    return showPointTip(this, e, [this](QPoint p) { return tipAt(p); }) || QWidget::event(e);
 }
 
 }  // namespace aqapp

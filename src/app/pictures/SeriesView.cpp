@@ -2,13 +2,13 @@
 
 #include <QCursor>
 #include <QFontMetricsF>
-#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QToolTip>
 #include <algorithm>
 #include <atomic>
 #include <filesystem>
+
+#include "app/widgets/PointTips.h"
 
 namespace aqapp {
 
@@ -214,16 +214,7 @@ void SeriesView::mousePressEvent(QMouseEvent* e) {
 }
 
 bool SeriesView::event(QEvent* e) {
-    if (e->type() == QEvent::ToolTip) {
-        auto* help = static_cast<QHelpEvent*>(e);
-        const QString tip = tipAt(help->pos());
-        if (tip.isEmpty())
-            QToolTip::hideText();
-        else
-            QToolTip::showText(help->globalPos(), tip, this);
-        return true;
-    }
-    return QWidget::event(e);
+    return showPointTip(this, e, [this](QPoint p) { return tipAt(p); }) || QWidget::event(e);
 }
 
 }  // namespace aqapp
