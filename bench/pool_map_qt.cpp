@@ -2,7 +2,6 @@
 // 2000 genomes, offscreen, next to filling the same canvas once.
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
 #include <QImage>
 #include <QPainter>
 
@@ -91,10 +90,4 @@ BENCHMARK(DrawGenes2000)->ArgName("all")->Arg(0)->Arg(1)->Unit(benchmark::kMilli
 BENCHMARK(FillCanvas1000x800)->Unit(benchmark::kMillisecond);
 BENCHMARK(DrawMap2000)->ArgName("newborn")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
-int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}
+#include "QtBenchMain.h"

@@ -2,7 +2,6 @@
 // offscreen at 1000x800, from figures made in memory. One frame is 16 ms.
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
 #include <QImage>
 #include <QPainter>
 
@@ -60,10 +59,4 @@ void DrawSeries500(benchmark::State& state) {
 
 BENCHMARK(DrawSeries500)->Unit(benchmark::kMillisecond);
 
-int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}
+#include "QtBenchMain.h"
