@@ -4,20 +4,24 @@
 #include <QStandardPaths>
 #include <QTimer>
 
-#include "app/window/MainWindow.h"
 #include "app/pictures/PictureCommand.h"
+#include "app/window/MainWindow.h"
+#include "app/window/ProgramHelp.h"
 #include "app/window/QtUi.h"
 #include "app/window/WindowParts.h"
 #include "base/Clock.h"
 
 namespace {
 
-// The settings and the hand-over file live beside the program when that folder is
-// writable (a portable install), otherwise in the user's application data folder.
+// The settings and the hand-over file live beside the program when that folder is the
+// user's to write (a portable install), otherwise in the user's application data folder.
+// A system folder never counts, even for root: a package's files must stay its own.
 QString programFolder() {
     QString dir = QCoreApplication::applicationDirPath();
-    QFileInfo info(dir);
-    if (info.isWritable()) return dir;
+    bool system = false;
+    for (const char* root : {"/usr", "/bin", "/sbin", "/opt"})
+        system = system || dir == root || dir.startsWith(QString(root) + "/");
+    if (!system && QFileInfo(dir).isWritable()) return dir;
     QString data = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
     QDir().mkpath(data);
     return data;
@@ -26,6 +30,7 @@ QString programFolder() {
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (auto status = aqapp::runProgramHelp(argc, argv)) return *status;
     if (auto status = aqapp::runPictureCommand(argc, argv)) return *status;
     QApplication qapp(argc, argv);
     QCoreApplication::setApplicationName("AqFileManager");

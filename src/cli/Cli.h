@@ -41,6 +41,9 @@ struct Command {
     std::function<int(const Args&)> run;
     std::vector<std::string> valuedOptions;
     std::vector<std::string> flagOptions;
+    // What the command prints or writes and what its options mean, for
+    // "aqfm COMMAND --help", "aqfm --help-all" and the manual page made from it.
+    std::string details;
 };
 
 // Adds a command at static-initialisation time.

@@ -33,6 +33,12 @@ int runDna(const Args& a) {
 }
 
 Register regDna(
-    {"dna", "write one drifter's genome as a 1000-byte DNA file", "aqfm dna FILE INDEX -o OUT", runDna, {"-o"}, {}});
+    {"dna",
+     "write one drifter's genome as a 1000-byte DNA file",
+     "aqfm dna FILE INDEX -o OUT",
+     runDna,
+     {"-o"},
+     {},
+     "Writes the genome of drifter INDEX (counted from 0) of the pool FILE to OUT as a 1000-byte DNA file."});
 
 }  // namespace

@@ -3,11 +3,11 @@
 
 #include "cli/Cli.h"
 #include "cli/CliSupport.h"
+#include "files/PoolOps.h"
 #include "foodeditor/FoodList.h"
+#include "format/PoolFile.h"
 #include "generator/Generator.h"
 #include "generator/Random.h"
-#include "format/PoolFile.h"
-#include "files/PoolOps.h"
 
 using namespace aqcli;
 
@@ -55,13 +55,27 @@ int runFood(const Args& a) {
     return 0;
 }
 
-Register regGenerate({"generate",
-                      "write a new startup pool made from a seed and the generator's settings",
-                      "aqfm generate [--seed TEXT] [--type 0-2] [--food 0-4] [--placement 0-2] [--walls 0-2] [--split] "
-                      "[--extra-food | --no-extra-food] [--extra-drifters] [--state HEX] -o OUT",
-                      runGenerate,
-                      {"-o", "--seed", "--type", "--food", "--placement", "--walls", "--state"},
-                      {"--split", "--extra-food", "--no-extra-food", "--extra-drifters"}});
-Register regFood({"food", "print one list line per food bit", "aqfm food FILE", runFood, {}, {}});
+Register regGenerate(
+    {"generate",
+     "write a new startup pool made from a seed and the generator's settings",
+     "aqfm generate [--seed TEXT] [--type 0-2] [--food 0-4] [--placement 0-2] [--walls 0-2] [--split] "
+     "[--extra-food | --no-extra-food] [--extra-drifters] [--state HEX] -o OUT",
+     runGenerate,
+     {"-o", "--seed", "--type", "--food", "--placement", "--walls", "--state"},
+     {"--split", "--extra-food", "--no-extra-food", "--extra-drifters"},
+     "Writes a new startup pool to OUT, as \"Generate Pool Now\" makes it. --type: 0 test, 1 ordered (default), 2 "
+     "chaotic. --food: 0 gathered, 1 centrally scattered, 2 spiral (default), 3 evenly distributed, 4 peripheral. "
+     "--placement (of the drifters): 0 random, 1 central ring (default), 2 peripheral. --walls: 0 double vertical, 1 "
+     "default (default), 2 double horizontal. --split splits the pool; extra food is on unless --no-extra-food; "
+     "--extra-drifters adds drifters. --seed (default 1) is read like the seed box: its leading number, rounded half "
+     "to even, 0 beyond 32 bits. --state sets the 24-bit random state first (default 50000, the state at the program's "
+     "start)."});
+Register regFood({"food",
+                  "print one list line per food bit",
+                  "aqfm food FILE",
+                  runFood,
+                  {},
+                  {},
+                  "Prints one line per food bit, as the food tab lists it (each line ends in a blank)."});
 
 }  // namespace

@@ -6,18 +6,18 @@
 #include <iostream>
 #include <sstream>
 
+#include "base/Clock.h"
+#include "base/NumberText.h"
 #include "cli/Cli.h"
 #include "cli/CliSupport.h"
-#include "generator/Random.h"
-#include "format/PoolFile.h"
 #include "files/PoolOps.h"
+#include "format/PoolFile.h"
+#include "generator/Random.h"
 #include "series/Feeding.h"
 #include "series/Grouping.h"
 #include "series/Harvest.h"
 #include "series/PrepareSteps.h"
 #include "series/Success.h"
-#include "base/Clock.h"
-#include "base/NumberText.h"
 
 using namespace aqcli;
 
@@ -192,18 +192,29 @@ Register regScores({"scores",
                     "aqfm scores FILE",
                     runScores,
                     {},
-                    {}});
-Register regHarvest({"harvest",
-                     "gather the best drifter of each body shape from a folder of pool files",
-                     "aqfm harvest FOLDER [--open POOL] [--max N] -o OUT",
-                     runHarvest,
-                     {"--open", "--max", "-o"},
-                     {}});
-Register regPrepare({"prepare",
-                     "run the series' preparation steps on a pool file, in the order given",
-                     "aqfm prepare FILE STEP... [--state HEX] -o OUT",
-                     runPrepare,
-                     {"--state", "-o"},
-                     {}});
+                    {},
+                    "Prints \"norm: X\", the pool's success norm, then each drifter's success score, one a line."});
+Register regHarvest(
+    {"harvest",
+     "gather the best drifter of each body shape from a folder of pool files",
+     "aqfm harvest FOLDER [--open POOL] [--max N] -o OUT",
+     runHarvest,
+     {"--open", "--max", "-o"},
+     {},
+     "Writes to OUT the best drifter of each body shape from POOL (when given) and from every *.aqp file in FOLDER, at "
+     "most N of them (1 to 2000, default 2000), in POOL's world and food (the default pool's without --open)."});
+Register regPrepare(
+    {"prepare",
+     "run the series' preparation steps on a pool file, in the order given",
+     "aqfm prepare FILE STEP... [--state HEX] -o OUT",
+     runPrepare,
+     {"--state", "-o"},
+     {},
+     "Runs the series' preparation steps on FILE in the order given and writes the result to OUT. The steps: "
+     "markStillborns, ensureMinimumDrifters:N, limitLiveDrifters:N, deleteDeadDrifters, sortDrifters, restoreYouth, "
+     "resetCounters:LIST (meals, offspring), drainEdgeEnergy, gravitateToCenter:P, halveAges, prepareHarvest:R, "
+     "deleteStarters:LIMIT, applyPlague, feedPool:LIST (hungry, fed, addFood, graded), feedByColor:COLOR:MODE, "
+     "group:MODE[:feedAll][:gather][:retries=N][:gravity] (MODE -1 to 3, -1 places nobody). --state sets the random "
+     "state first."});
 
 }  // namespace

@@ -62,17 +62,23 @@ int runMinorities(const Args& a) {
     return 0;
 }
 
-Register regKeys({"keys",
-                  "print the morphology key of each drifter",
-                  "aqfm keys FILE [--short] [--compressed] [--detailed] | --pair",
-                  runKeys,
-                  {},
-                  {"--short", "--compressed", "--detailed", "--pair"}});
+Register regKeys(
+    {"keys",
+     "print the morphology key of each drifter",
+     "aqfm keys FILE [--short] [--compressed] [--detailed] | --pair",
+     runKeys,
+     {},
+     {"--short", "--compressed", "--detailed", "--pair"},
+     "Prints the morphology key of each drifter, one a line, in the long form or as --short, --compressed or "
+     "--detailed asks; --pair prints the compressed key and the compressed detailed key separated by a TAB."});
 Register regMinorities({"minorities",
                         "print the indices of the drifters whose body plan is a minority",
                         "aqfm minorities FILE --by LIST [--count-still]",
                         runMinorities,
                         {"--by"},
-                        {"--count-still"}});
+                        {"--count-still"},
+                        "Prints the indices (from 0, ascending) of the drifters whose body plan is a minority. LIST is "
+                        "a comma list of segments, branching, colororder and colors, always applied in that order; "
+                        "--count-still counts the living drifters that no longer move in the population too."});
 
 }  // namespace

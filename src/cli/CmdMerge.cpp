@@ -3,8 +3,8 @@
 
 #include "cli/Cli.h"
 #include "cli/CliSupport.h"
-#include "format/PoolFile.h"
 #include "files/PoolMerge.h"
+#include "format/PoolFile.h"
 #include "state/App.h"
 
 using namespace aqcli;
@@ -38,6 +38,8 @@ Register regMerge({"merge",
                    "aqfm merge BASE OTHER [--drifters] [--food] -o OUT",
                    runMerge,
                    {"-o"},
-                   {"--drifters", "--food"}});
+                   {"--drifters", "--food"},
+                   "Writes BASE to OUT with the drifters and/or the food of OTHER appended (both when neither option "
+                   "is given), at most 2000 of each, the drifters' ids renumbered."});
 
 }  // namespace

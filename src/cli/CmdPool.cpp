@@ -1,14 +1,14 @@
 // aqfm default, info, drifters: the pool file itself.
 #include <iostream>
 
-#include "cli/Cli.h"
-#include "cli/CliSupport.h"
-#include "format/PoolFile.h"
-#include "files/PoolOps.h"
-#include "pooleditor/DrifterList.h"
-#include "pooleditor/SpeciesPass.h"
 #include "base/FileIo.h"
 #include "base/NumberText.h"
+#include "cli/Cli.h"
+#include "cli/CliSupport.h"
+#include "files/PoolOps.h"
+#include "format/PoolFile.h"
+#include "pooleditor/DrifterList.h"
+#include "pooleditor/SpeciesPass.h"
 
 using namespace aqcli;
 
@@ -56,16 +56,37 @@ int runDrifters(const Args& a) {
         throw UsageError{"option --depth needs --species"};
     std::string out;
     for (int i = 0; i < pool.drifterCount; ++i) {
-        if (static_cast<std::size_t>(i) < tags.size()) out += "{" + aq::NumberText(tags[static_cast<std::size_t>(i)]) + "} ";
+        if (static_cast<std::size_t>(i) < tags.size())
+            out += "{" + aq::NumberText(tags[static_cast<std::size_t>(i)]) + "} ";
         (out += aq::DrifterLineText(pool.drifters[static_cast<std::size_t>(i)])) += '\n';
     }
     std::cout << out;
     return 0;
 }
 
-Register regDefault({"default", "write the embedded default pool", "aqfm default -o OUT", runDefault, {"-o"}, {}});
-Register regInfo({"info", "print a pool file's header and world fields", "aqfm info FILE", runInfo, {}, {}});
-Register regDrifters({"drifters", "print one list line per drifter",
-                      "aqfm drifters FILE [--species T] [--depth D]", runDrifters, {"--species", "--depth"}, {}});
+Register regDefault({"default",
+                     "write the embedded default pool",
+                     "aqfm default -o OUT",
+                     runDefault,
+                     {"-o"},
+                     {},
+                     "Writes the default pool the program carries to OUT, byte for byte."});
+Register regInfo({"info",
+                  "print a pool file's header and world fields",
+                  "aqfm info FILE",
+                  runInfo,
+                  {},
+                  {},
+                  "Prints name: value lines: version, clock, headerWord, drifterCount, foodCount, worldValueA, "
+                  "worldValueB, minX, minY, maxX, maxY, lastWord and fileSize."});
+Register regDrifters({"drifters",
+                      "print one list line per drifter",
+                      "aqfm drifters FILE [--species T] [--depth D]",
+                      runDrifters,
+                      {"--species", "--depth"},
+                      {},
+                      "Prints one line per drifter, as the drifter tab lists it. With --species each line starts with "
+                      "the \"{n} \" species number of a complete pass at threshold T percent over the first D genes (D "
+                      "from 1 to 1000, default 100)."});
 
 }  // namespace

@@ -93,6 +93,12 @@ Register regSeries({"series",
                     "aqfm series FILE [--plain] [--species T [--depth D]] [--csv]",
                     runSeries,
                     {"--species", "--depth"},
-                    {"--plain", "--csv"}});
+                    {"--plain", "--csv"},
+                    "Prints one row per existing file of the series that FILE starts (branching unless --plain), in "
+                    "the order the series takes them: file, suffix, parent (the suffix of the pool that made it), "
+                    "generation (0 for FILE, one more per step down the tree), drifters, alive, food, clock, "
+                    "best_score (empty without drifters) and, with --species, the species count of a complete pass. "
+                    "Aligned columns, or CSV with a header line with --csv. A file that can't be read gets its message "
+                    "in a last column, error; the count of such files goes to stderr and the status stays 0."});
 
 }  // namespace

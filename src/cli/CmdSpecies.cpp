@@ -1,10 +1,10 @@
 // aqfm species, range: the species of a pool's drifters and the spread of their kinship.
 #include <iostream>
 
+#include "base/NumberText.h"
 #include "cli/Cli.h"
 #include "cli/CliSupport.h"
 #include "pooleditor/SpeciesPass.h"
-#include "base/NumberText.h"
 
 using namespace aqcli;
 
@@ -31,17 +31,22 @@ int runRange(const Args& a) {
     return 0;
 }
 
-Register regSpecies({"species",
-                     "print the species number of each drifter after a complete pass",
-                     "aqfm species FILE [--threshold T] [--depth D]",
-                     runSpecies,
-                     {"--threshold", "--depth"},
-                     {}});
+Register regSpecies(
+    {"species",
+     "print the species number of each drifter after a complete pass",
+     "aqfm species FILE [--threshold T] [--depth D]",
+     runSpecies,
+     {"--threshold", "--depth"},
+     {},
+     "Prints the species number of each drifter after a complete pass, one a line: drifters whose first D genes (1 to "
+     "1000, default 100) are at least T percent equal (default 44.4) share a species."});
 Register regRange({"range",
                    "print the lowest and highest share of equal genes over all pairs of drifters",
                    "aqfm range FILE [--depth D]",
                    runRange,
                    {"--depth"},
-                   {}});
+                   {},
+                   "Prints the message of the drifter tab's range command: the lowest and the highest share of equal "
+                   "genes over all pairs of drifters, over the first D genes (default 100)."});
 
 }  // namespace

@@ -114,10 +114,46 @@ int intOption(const Args& a, const std::string& name, int fallback) {
 
 namespace {
 
+// Breaks text into lines of at most 78 columns, each starting with `indent`.
+std::string wrapped(const std::string& text, const std::string& indent) {
+    std::string out, line;
+    std::size_t pos = 0;
+    while (pos < text.size()) {
+        std::size_t end = text.find(' ', pos);
+        if (end == std::string::npos) end = text.size();
+        std::string word = text.substr(pos, end - pos);
+        if (!line.empty() && indent.size() + line.size() + 1 + word.size() > 78) {
+            out += indent + line + "\n";
+            line.clear();
+        }
+        line += (line.empty() ? "" : " ") + word;
+        pos = end + 1;
+    }
+    if (!line.empty()) out += indent + line + "\n";
+    return out;
+}
+
 void printHelp() {
     std::cout << "usage: aqfm COMMAND [ARGS]\n\nAquarium File Manager's command-line tool.\n\nCommands:\n";
-    for (const auto& [name, c] : aqcli::commands()) std::cout << "  " << name << std::string(12 - std::min<std::size_t>(name.size(), 11), ' ') << c.summary << "\n";
-    std::cout << "\n'aqfm COMMAND --help' tells more about a command.\n";
+    for (const auto& [name, c] : aqcli::commands())
+        std::cout << "  " << name << std::string(12 - std::min<std::size_t>(name.size(), 11), ' ') << c.summary << "\n";
+    std::cout << "\n'aqfm COMMAND --help' tells more about a command, 'aqfm --help-all' about all of them.\n";
+}
+
+// Every command with its usage and details: the text the manual page is made from.
+void printHelpAll() {
+    std::cout << "usage: aqfm COMMAND [ARGS]\n       aqfm COMMAND --help\n       aqfm --help | --help-all | --version\n\n"
+              << wrapped(
+                     "Reads, writes and examines the pool files (*.aqp) and drifter DNA files (*.dna) of the "
+                     "Aquarium simulator without a window, on the same code as Aquarium File Manager. Output is "
+                     "UTF-8, one item a line. A path that starts with \"-\" follows \"--\".",
+                     "")
+              << "\nCommands:\n";
+    for (const auto& [name, c] : aqcli::commands())
+        std::cout << "  " << c.usage << "\n" << wrapped(c.details, "        ") << "\n";
+    std::cout << "Exit status:\n"
+              << wrapped("0 on success, 1 on a file or data error (its message on stderr), 2 on a usage error.", "  ")
+              << "\n";
 }
 
 }  // namespace
@@ -128,6 +164,14 @@ int main(int argc, char** argv) {
         printHelp();
         return args.empty() ? 2 : 0;
     }
+    if (args[0] == "--help-all") {
+        printHelpAll();
+        return 0;
+    }
+    if (args[0] == "--version") {
+        std::cout << "aqfm (Aquarium File Manager) " << AQ_VERSION << "\n";
+        return 0;
+    }
     auto it = aqcli::commands().find(args[0]);
     if (it == aqcli::commands().end()) {
         std::cerr << "aqfm: unknown command \"" << args[0] << "\"; see aqfm --help\n";
@@ -137,7 +181,7 @@ int main(int argc, char** argv) {
     std::vector<std::string> rest(args.begin() + 1, args.end());
     for (const auto& a : rest)
         if (a == "--help" || a == "-h") {
-            std::cout << "usage: " << cmd.usage << "\n\n" << cmd.summary << "\n";
+            std::cout << "usage: " << cmd.usage << "\n\n" << wrapped(cmd.details, "");
             return 0;
         }
     try {

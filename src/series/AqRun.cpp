@@ -16,7 +16,9 @@ const char* const kSimulatorNames[] = {"Aquarium5.1.exe", "Aquarium5.exe", "Aqua
                                        "Aquarium.exe"};
 
 std::uint32_t startAt(App& app, const std::string& folder, const std::string& name, std::string& problem) {
-    std::uint32_t pid = simulatorOf(app).start(series::joinPath(folder, name), app.programFolder);
+    // The Wine helper is installed with the program's binaries, not in its data folder.
+    const std::string& binaries = app.homeFolder.empty() ? app.programFolder : app.homeFolder;
+    std::uint32_t pid = simulatorOf(app).start(series::joinPath(folder, name), binaries);
     if (std::string p = simulatorOf(app).startProblem(); !p.empty()) problem = p;
     return pid;
 }

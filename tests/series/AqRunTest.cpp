@@ -54,6 +54,11 @@ TEST(AqRun, StartTriesEachNameInOrderAndCloseEndsTheLast) {
         EXPECT_EQ(r.sim.folderSeen, "/prog");
         EXPECT_EQ(r.app.series.run.simulatorProcessId, 1001u);
     }
+    // Installed, the data lives elsewhere: the Wine helper is looked for with the binaries.
+    Rig installed;
+    installed.app.homeFolder = "/usr/bin";
+    EXPECT_EQ(aq::startSimulator(installed.app), 1001u);
+    EXPECT_EQ(installed.sim.folderSeen, "/usr/bin");
 #ifndef _WIN32
     // A relative folder is read from the current folder, for the check and the start alike.
     Rig relative(std::filesystem::current_path().string() + "/sim/Aquarium");

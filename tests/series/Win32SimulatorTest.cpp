@@ -152,6 +152,21 @@ TEST(WineBroker, RequestsAndAnswersAndAWineThatIsNoProgram) {
     EXPECT_NE(none.startProblem().find("Wine was not found"), std::string::npos);
     EXPECT_EQ(none.findWindow(1), 0u);
     EXPECT_NE(::fcntl(STDOUT_FILENO, F_GETFD), -1);
+    // Installed, the helper is in the libexec folder beside the program's bin folder.
+    TempDir installed;
+    std::filesystem::create_directories(installed.file("usr/bin"));
+    std::filesystem::create_directories(installed.file("usr/libexec/aqfilemanager"));
+    writeBytes(installed.file("usr/libexec/aqfilemanager/aqwinctl.exe"), "MZ");
+    writeBytes(installed.file("wine"), "#!/bin/sh\necho \"$@\" > '" + installed.file("args") +
+                                           "'\necho 'aqwinctl ready'\nwhile read -r line; do echo 4242; done\n");
+    ::chmod(installed.file("wine").c_str(), 0755);
+    EnvVar installedWine("WINE", installed.file("wine")), noBroker("AQFM_WINCTL", "");
+    {
+        aq::WineSimulator sim;
+        EXPECT_EQ(sim.start("/sim/Aquarium.exe", installed.file("usr/bin")), 4242u) << sim.startProblem();
+    }
+    EXPECT_EQ(readBytes(installed.file("args")),
+              installed.file("usr/bin") + "/../libexec/aqfilemanager/aqwinctl.exe\n");
 }
 
 #endif
