@@ -17,15 +17,15 @@ _aqfm() {
     usage=$("${words[0]}" "$command" --help 2>/dev/null | sed -n '1s/^usage: aqfm [a-z]* *//p')
     [[ -n $usage ]] || return
     # The usage as words, brackets and bars dropped: "-o OUT" says -o takes a value.
-    local -a spec
-    read -r -a spec <<<"${usage//[][|]/ }"
+    local -a usageWords
+    read -r -a usageWords <<<"${usage//[][|]/ }"
 
     local outExt=aqp
     [[ $command == dna ]] && outExt=dna
     local i
-    for ((i = 0; i < ${#spec[@]}; i++)); do
-        if [[ ${spec[i]} == "$prev" && ${spec[i]} == -* ]]; then
-            case ${spec[i + 1]} in
+    for ((i = 0; i < ${#usageWords[@]}; i++)); do
+        if [[ ${usageWords[i]} == "$prev" && ${usageWords[i]} == -* ]]; then
+            case ${usageWords[i + 1]} in
             OUT) _filedir "$outExt" ;;
             POOL) _filedir aqp ;;
             -* | "") break ;;
@@ -35,25 +35,25 @@ _aqfm() {
     done
 
     if [[ $cur == -* ]]; then
-        COMPREPLY=($(compgen -W "$(printf '%s\n' "${spec[@]}" | grep -- '^-') --help" -- "$cur"))
+        COMPREPLY=($(compgen -W "$(printf '%s\n' "${usageWords[@]}" | grep -- '^-') --help" -- "$cur"))
         return
     fi
 
     # Which positional is this? Count the words before it that are not options or
     # option values.
     local -a places=()
-    for ((i = 0; i < ${#spec[@]}; i++)); do
-        if [[ ${spec[i]} == -* ]]; then
-            [[ ${spec[i + 1]} != -* && -n ${spec[i + 1]} ]] && ((i++))
+    for ((i = 0; i < ${#usageWords[@]}; i++)); do
+        if [[ ${usageWords[i]} == -* ]]; then
+            [[ ${usageWords[i + 1]} != -* && -n ${usageWords[i + 1]} ]] && ((i++))
         else
-            places+=("${spec[i]}")
+            places+=("${usageWords[i]}")
         fi
     done
     local n=0 j
     for ((j = 2; j < cword; j++)); do
         if [[ ${words[j]} == -* ]]; then
-            for ((i = 0; i < ${#spec[@]}; i++)); do
-                [[ ${spec[i]} == "${words[j]}" && -n ${spec[i + 1]} && ${spec[i + 1]} != -* ]] && ((j++)) && break
+            for ((i = 0; i < ${#usageWords[@]}; i++)); do
+                [[ ${usageWords[i]} == "${words[j]}" && -n ${usageWords[i + 1]} && ${usageWords[i + 1]} != -* ]] && ((j++)) && break
             done
         else
             ((n++))
