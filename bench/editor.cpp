@@ -3,6 +3,7 @@
 // a plain copy of the rows' data or the plain count of equal bytes over every pair.
 #include <benchmark/benchmark.h>
 
+#include <cstring>
 #include <random>
 
 #include "EqualBytes.h"
@@ -116,11 +117,43 @@ void EqualBytesEveryPair2000(benchmark::State& state) {
     for (auto _ : state) benchmark::DoNotOptimize(equalBytesEveryPair(pool, kCount, 1000));
 }
 
-// The split looks for the two most different genomes, so its floor is the pairwise count too.
+// 2000 unrelated genomes: every gene drawn at random.
+const aq::Pool& unrelatedPool() {
+    static aq::Pool p = [] {
+        aq::Pool pool = worldPool();
+        std::mt19937 rng(6);
+        for (auto& d : pool.drifters)
+            for (auto& g : d.genes) g = static_cast<std::uint8_t>(rng());
+        return pool;
+    }();
+    return p;
+}
+
+// One family: each drifter a copy of an earlier one with 2% of its genes mutated, so
+// that no pair differs everywhere and the search must go on to the end.
+const aq::Pool& familyPool() {
+    static aq::Pool p = [] {
+        aq::Pool pool = worldPool();
+        std::mt19937 rng(7);
+        for (auto& g : pool.drifters[0].genes) g = static_cast<std::uint8_t>(rng());
+        for (std::size_t i = 1; i < pool.drifters.size(); ++i) {
+            std::memcpy(pool.drifters[i].genes, pool.drifters[rng() % i].genes, aq::kGeneCount);
+            for (auto& g : pool.drifters[i].genes)
+                if (rng() % 100 < 2) g = static_cast<std::uint8_t>(rng());
+        }
+        return pool;
+    }();
+    return p;
+}
+
+// The split looks for the two most different genomes, so its floor is the pairwise count
+// too. args: pool (0 unrelated, 1 evolved in 60 lineages, 2 evolved from one ancestor)
 void SeriesSplit2000(benchmark::State& state) {
+    const aq::Pool* pools[] = {&unrelatedPool(), &worldPool(), &familyPool()};
+    const aq::Pool& pool = *pools[state.range(0)];
     for (auto _ : state) {
         aq::Pool half0, half1;
-        aq::splitPopulation(worldPool(), 1000, half0, half1);
+        aq::splitPopulation(pool, 1000, half0, half1);
         benchmark::DoNotOptimize(half0.drifters.data());
     }
 }
@@ -197,7 +230,7 @@ BENCHMARK(CopyFood2000)->Unit(benchmark::kMillisecond);
 BENCHMARK(PoolThresholdRange2000)->Unit(benchmark::kMillisecond);
 BENCHMARK(DnaThresholdRange2000)->Unit(benchmark::kMillisecond);
 BENCHMARK(EqualBytesEveryPair2000)->Unit(benchmark::kMillisecond);
-BENCHMARK(SeriesSplit2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(SeriesSplit2000)->ArgName("evolved")->Arg(0)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
 BENCHMARK(DrifterBoxSliderMove)->Unit(benchmark::kMillisecond);
 BENCHMARK(FoodBoxSliderMove)->Unit(benchmark::kMillisecond);
 BENCHMARK(ReadLongFolderHistory)->Unit(benchmark::kMillisecond);

@@ -122,4 +122,8 @@ int equalGeneCountOutside(const std::uint8_t* a, const std::uint8_t* b, int n, i
     return countEqual(a, b, n, inside);
 }
 
+int equalGeneCountUpTo(const std::uint8_t* a, const std::uint8_t* b, int n, int enough) {
+    return countEqual(a, b, std::clamp(n, 0, kGeneCount), [enough](int m, int) { return m >= enough; });
+}
+
 }  // namespace aq

@@ -27,4 +27,8 @@ int equalGeneCount(const std::uint8_t* a, const std::uint8_t* b, int n);
 // lie within low..high; what it then returns lies in that range too.
 int equalGeneCountOutside(const std::uint8_t* a, const std::uint8_t* b, int n, int low, int high);
 
+// Like equalGeneCount, but may stop once the count reaches `enough`, and then returns
+// a count of at least `enough`.
+int equalGeneCountUpTo(const std::uint8_t* a, const std::uint8_t* b, int n, int enough);
+
 }  // namespace aq

@@ -3,17 +3,17 @@
 #include <filesystem>
 
 #include "files/PoolOps.h"
+#include "pooleditor/Similarity.h"
 #include "series/SeriesLinks.h"
 #include "series/SeriesNames.h"
+#include "series/SplitSeeds.h"
 
 namespace aq {
 
 namespace {
 
 int differences(const DrifterRec& a, const DrifterRec& b, int depth) {
-    int n = 0;
-    for (int g = 0; g < depth; ++g) n += a.genes[g] != b.genes[g];
-    return n;
+    return depth - equalGeneCount(a.genes, b.genes, depth);
 }
 
 long geneSum(const DrifterRec& d) {
@@ -35,13 +35,7 @@ void splitPopulation(const Pool& pool, int depth, Pool& half0, Pool& half1) {
     depth = std::clamp(depth, 0, kGeneCount);
     const int n = std::min<int>(pool.drifterCount, static_cast<int>(pool.drifters.size()));
     auto at = [&pool](int i) -> const DrifterRec& { return pool.drifters[static_cast<std::size_t>(i)]; };
-    // Seeds: the two most different genomes; the first pair found keeps a tie.
-    int a = 1, b = 0, most = -1;
-    for (int i = 0; i < n; ++i)
-        for (int j = 0; j < i; ++j) {
-            int d = differences(at(i), at(j), depth);
-            if (d > most) most = d, a = i, b = j;
-        }
+    auto [a, b] = mostDifferentPair(pool, n, depth);
     if (geneSum(at(a)) < geneSum(at(b))) std::swap(a, b);
     const DrifterRec seedA = at(a), seedB = at(b);
     for (Pool* h : {&half0, &half1}) {

@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "SeriesFakes.h"
 #include "series/SeriesNames.h"
+#include "series/SplitSeeds.h"
 #include "support/TempDir.h"
 
 using namespace aqtest;
@@ -74,6 +77,36 @@ TEST(SeriesSplit, HalvesByDistanceToTheTwoSeeds) {
         aq::splitPopulation(genePool(genes), 100, h0, h1);
         EXPECT_EQ(idsOf(h0), half0);
         EXPECT_EQ(idsOf(h1), half1);
+    }
+}
+
+TEST(SeriesSplit, SeedsAreThoseOfComparingEveryPair) {
+    // Unrelated genomes from alphabets of 2 to 256 letters, and trees of mutated copies
+    // with duplicates among them; every depth the bounds could get wrong.
+    std::mt19937 rng(33);
+    for (int round = 0; round < 60; ++round) {
+        const int n = 2 + static_cast<int>(rng() % 90), letters = 2 << (rng() % 8);
+        aq::Pool pool = makePool(n, 0);
+        for (int i = 0; i < n; ++i) {
+            aq::DrifterRec& d = pool.drifters[static_cast<std::size_t>(i)];
+            if (round % 2 && i > 0) d = pool.drifters[rng() % static_cast<unsigned>(i)];
+            for (auto& g : d.genes)
+                if (round % 2 == 0 || i == 0 || rng() % 100 < 3) g = static_cast<std::uint8_t>(rng() % letters);
+        }
+        for (int depth : {0, 1, 63, 100, 1000}) {
+            aq::SeedPair brute;
+            int most = -1;
+            for (int a = 1; a < n; ++a)
+                for (int b = 0; b < a; ++b) {
+                    int d = 0;
+                    for (int k = 0; k < depth; ++k)
+                        d += pool.drifters[std::size_t(a)].genes[k] != pool.drifters[std::size_t(b)].genes[k];
+                    if (d > most) most = d, brute = {a, b};
+                }
+            aq::SeedPair fast = aq::mostDifferentPair(pool, n, depth);
+            EXPECT_EQ(std::pair(fast.a, fast.b), std::pair(brute.a, brute.b))
+                << "round " << round << " depth " << depth;
+        }
     }
 }
 
