@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
-#include "dnaeditor/DrifterFiles.h"
-#include "pooleditor/Similarity.h"
-#include "pooleditor/SpeciesPass.h"
 #include "base/NumberText.h"
 #include "base/ThresholdText.h"
+#include "dnaeditor/DrifterFiles.h"
+#include "pooleditor/PackedGenes.h"
+#include "pooleditor/Similarity.h"
+#include "pooleditor/SpeciesPass.h"
 
 namespace aq {
 
@@ -160,17 +161,8 @@ void findDrifterThresholdRange(App& app) {
     DnaFolder& d = app.dna;
     ProgressBarState& bar = d.drifterProgressBar1;
     const int n = static_cast<int>(std::clamp(MinNonZero(1000, app.similarityDepth), 1.0, 1000.0));
-    int low = 1000, high = -1;
     bar.show(0, d.dnaCount - 1);
-    for (int i = 0; i < d.dnaCount; ++i) {
-        bar.setValue(i);
-        for (int j = 0; j < i; ++j) {
-            int m = equalGeneCountOutside(d.dnaGenes[static_cast<std::size_t>(i)].data(),
-                                          d.dnaGenes[static_cast<std::size_t>(j)].data(), n, low, high);
-            high = std::max(high, m);
-            low = std::min(low, m);
-        }
-    }
+    auto [low, high] = equalGeneRange(PackedGenes(d.dnaGenes, d.dnaCount, n), [&bar](int i) { bar.setValue(i); });
     bar.hide();
     // Fewer than two files: nothing to tell apart, a file matches itself wholly.
     if (high < 0) low = high = n;

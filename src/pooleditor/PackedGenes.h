@@ -15,8 +15,8 @@ class PackedGenes {
 public:
     // The first `depth` (0..1000) genes of the pool's first `count` drifters.
     PackedGenes(const Pool& pool, int count, int depth);
-    // The first `depth` genes of each genome.
-    PackedGenes(const std::vector<Genome>& genomes, int depth);
+    // The first `depth` genes of the first `count` genomes.
+    PackedGenes(const std::vector<Genome>& genomes, int count, int depth);
 
     int count() const { return count_; }
     int depth() const { return depth_; }

@@ -4,8 +4,11 @@
 #include <bit>
 #include <cmath>
 #include <cstring>
+#include <numeric>
+#include <vector>
 
 #include "format/Records.h"
+#include "pooleditor/PackedGenes.h"
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
@@ -124,6 +127,54 @@ int equalGeneCountOutside(const std::uint8_t* a, const std::uint8_t* b, int n, i
 
 int equalGeneCountUpTo(const std::uint8_t* a, const std::uint8_t* b, int n, int enough) {
     return countEqual(a, b, std::clamp(n, 0, kGeneCount), [enough](int m, int) { return m >= enough; });
+}
+
+namespace {
+
+// Marks each genome that repeats an earlier one. A repeat adds only the pair of two equal
+// genomes to the range, so the pairs need to be counted among first copies alone.
+std::vector<std::uint8_t> repeats(const PackedGenes& g) {
+    std::vector<int> order(static_cast<std::size_t>(g.count()));
+    std::iota(order.begin(), order.end(), 0);
+    const auto bytes = static_cast<std::size_t>(g.depth());
+    auto cmp = [&](int a, int b) { return std::memcmp(g[a], g[b], bytes); };
+    std::stable_sort(order.begin(), order.end(), [&](int a, int b) { return cmp(a, b) < 0; });
+    std::vector<std::uint8_t> repeat(order.size(), 0);
+    for (std::size_t k = 1; k < order.size(); ++k)
+        if (cmp(order[k - 1], order[k]) == 0) repeat[static_cast<std::size_t>(order[k])] = 1;
+    return repeat;
+}
+
+}  // namespace
+
+EqualGeneRange equalGeneRange(const PackedGenes& g, const std::function<void(int)>& progress) {
+    EqualGeneRange r;
+    const int n = g.depth(), count = g.count();
+    const std::vector<std::uint8_t> repeat = repeats(g);
+    if (std::find(repeat.begin(), repeat.end(), 1) != repeat.end()) r.low = r.high = n;
+    // Once the count has reached low and the misses keep it from passing high, the pair
+    // can move neither end of the range.
+    auto pair = [n, &r](const std::uint8_t* a, const std::uint8_t* b) {
+        const int m = countEqual(a, b, n, [n, &r](int m, int seen) { return m >= r.low && m + (n - seen) <= r.high; });
+        r.high = std::max(r.high, m);
+        r.low = std::min(r.low, m);
+    };
+    // Rows of genomes against columns of a few hundred at a time, so that the leading
+    // genes of both, which settle most pairs, stay in the nearest cache.
+    constexpr int kRows = 64, kColumns = 256;
+    for (int i0 = 0; i0 < count && !(r.low == 0 && r.high == n); i0 += kRows) {
+        if (progress) progress(i0);
+        const int i1 = std::min(count, i0 + kRows);
+        for (int j0 = 0; j0 < i1 - 1; j0 += kColumns)
+            for (int i = std::max(i0, j0 + 1); i < i1; ++i) {
+                if (repeat[static_cast<std::size_t>(i)]) continue;
+                const std::uint8_t* a = g[i];
+                for (int j = j0, j1 = std::min(j0 + kColumns, i); j < j1; ++j)
+                    if (!repeat[static_cast<std::size_t>(j)]) pair(a, g[j]);
+            }
+    }
+    if (progress && count > 0) progress(count - 1);
+    return r;
 }
 
 }  // namespace aq

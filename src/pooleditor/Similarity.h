@@ -3,6 +3,7 @@
 // the same position. The one measure that the pool editor, the DNA folder and the
 // series all use.
 #include <cstdint>
+#include <functional>
 
 namespace aq {
 
@@ -30,5 +31,15 @@ int equalGeneCountOutside(const std::uint8_t* a, const std::uint8_t* b, int n, i
 // Like equalGeneCount, but may stop once the count reaches `enough`, and then returns
 // a count of at least `enough`.
 int equalGeneCountUpTo(const std::uint8_t* a, const std::uint8_t* b, int n, int enough);
+
+class PackedGenes;
+
+// The lowest and highest count of equal genes over all pairs of the genomes, each
+// genome's whole packed depth compared; high < 0 when there are fewer than two genomes.
+struct EqualGeneRange {
+    int low = 1000, high = -1;
+};
+// `progress(i)` is told each genome in turn as its pairs with the earlier ones begin.
+EqualGeneRange equalGeneRange(const PackedGenes& genes, const std::function<void(int)>& progress = {});
 
 }  // namespace aq

@@ -6,6 +6,7 @@
 #include "base/NumberText.h"
 #include "base/ThresholdText.h"
 #include "pooleditor/DrifterList.h"
+#include "pooleditor/PackedGenes.h"
 #include "pooleditor/Similarity.h"
 
 namespace aq {
@@ -179,16 +180,8 @@ std::vector<std::int32_t> poolSpeciesTags(const Pool& pool, float threshold, int
 ThresholdRange poolThresholdRange(const Pool& pool, int depth, const std::function<void(int)>& progress) {
     int n = static_cast<int>(std::clamp(MinNonZero(1000, depth), 1.0, 1000.0));
     int count = std::min<int>(pool.drifterCount, static_cast<int>(pool.drifters.size()));
-    ThresholdRange r;
-    for (int i = 0; i < count; ++i) {
-        if (progress) progress(i);
-        const std::uint8_t* a = pool.drifters[static_cast<std::size_t>(i)].genes;
-        for (int j = 0; j < i; ++j) {
-            int m = equalGeneCountOutside(a, pool.drifters[static_cast<std::size_t>(j)].genes, n, r.low, r.high);
-            if (m > r.high) r.high = m;
-            if (m < r.low) r.low = m;
-        }
-    }
+    const EqualGeneRange found = equalGeneRange(PackedGenes(pool, count, n), progress);
+    ThresholdRange r{found.low, found.high};
     // Fewer than two drifters: nothing to tell apart, a drifter matches itself wholly.
     if (r.high < 0) r.low = r.high = n;
     if (n != 1000) {

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <random>
 
+#include "pooleditor/PackedGenes.h"
 #include "pooleditor/PoolEditorFixture.h"
 #include "pooleditor/Similarity.h"
 #include "shell/MultiTask.h"
@@ -80,6 +81,48 @@ TEST(Similarity, ThresholdsAtBothDepthsAndAPlainByteCount) {
                 ASSERT_LE(low, high);
                 ASSERT_TRUE(m >= low && equal <= high && equal >= low);
             }
+        }
+    }
+}
+
+TEST(Similarity, RangeOfEqualGenesIsThatOfEveryPair) {
+    // Lineages of mutated copies with exact repeats among them, in pools that fill the
+    // pass's blocks of rows and columns partly and wholly.
+    const unsigned seed = 33;
+    std::mt19937 rng(seed);
+    for (int round = 0; round < 40; ++round) {
+        const int n = static_cast<int>(round % 4 ? 257 + rng() % 70 : rng() % 70),
+                  lineages = 1 + static_cast<int>(rng() % 8);
+        const int mutation = 5 + static_cast<int>(rng() % 30),
+                  repeats = round % 3 ? 0 : 1 + static_cast<int>(rng() % 2);
+        std::vector<Genome> ancestors(static_cast<std::size_t>(lineages)), genomes(static_cast<std::size_t>(n));
+        for (Genome& g : ancestors)
+            for (auto& gene : g) gene = static_cast<std::uint8_t>(rng() % 7);
+        for (Genome& g : genomes) {
+            g = ancestors[rng() % ancestors.size()];
+            for (auto& gene : g)
+                if (static_cast<int>(rng() % 100) < mutation) gene = static_cast<std::uint8_t>(rng() % 7);
+        }
+        for (int r = 0; r < repeats && n > 1; ++r) genomes[rng() % std::size_t(n)] = genomes[rng() % std::size_t(n)];
+        // Without repeats, one pair alone is nearly the same, often on the blocks' edges.
+        const int edges[] = {0, 63, 64, 255, 256, n - 1};
+        const int a = std::min(n - 1, edges[round % 6]), b = std::min(n - 1, edges[(round / 6 + 1) % 6]);
+        if (a != b && repeats == 0) {
+            genomes[std::size_t(b)] = genomes[std::size_t(a)];
+            genomes[std::size_t(b)][0] ^= 1;
+        }
+        for (int depth : {1, 37, 100, 1000}) {
+            int low = 1000, high = -1;
+            for (int i = 0; i < n; ++i)
+                for (int j = 0; j < i; ++j) {
+                    int m = 0;
+                    for (int k = 0; k < depth; ++k)
+                        m += genomes[std::size_t(i)][std::size_t(k)] == genomes[std::size_t(j)][std::size_t(k)];
+                    low = std::min(low, m), high = std::max(high, m);
+                }
+            auto [fastLow, fastHigh] = equalGeneRange(PackedGenes(genomes, n, depth));
+            EXPECT_EQ(std::pair(fastLow, fastHigh), std::pair(low, high))
+                << "seed " << seed << " round " << round << " depth " << depth;
         }
     }
 }

@@ -1,0 +1,88 @@
+// Every aqfm command on the largest pool the reader takes: 32767 drifters of 60
+// lineages and 32767 food bits (131 MB). Each row is one run of the real program.
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <random>
+
+#include "format/PoolFile.h"
+#include "support/PoolFixtures.h"
+#include "support/TempDir.h"
+
+namespace {
+
+constexpr int kMost = aq::kMaxRecordCount;
+
+struct Largest {
+    aqtest::TempDir dir;
+    std::string file = dir.file("largest.aqp");
+    Largest() {
+        std::mt19937 rng(32767);
+        std::uniform_real_distribution<float> place(-3900.0f, 3900.0f);
+        std::vector<std::array<std::uint8_t, 1000>> ancestors(60);
+        for (auto& a : ancestors)
+            for (auto& g : a) g = static_cast<std::uint8_t>(rng());
+        aq::Pool pool = aqtest::makePool(0, kMost);
+        pool.drifterCount = kMost;
+        pool.drifters.resize(kMost);
+        for (int i = 0; i < kMost; ++i) {
+            const int segments = 1 + static_cast<int>(rng() % 16);
+            aq::DrifterRec d = aqtest::makeDrifter(i, segments, static_cast<int>(rng() % 6), place(rng), place(rng));
+            for (int s = 0; s < segments; ++s) d.segments[s].branchCount = s == 0 ? segments - 1 : 0;
+            d.alive = rng() % 5 != 0;
+            d.age = static_cast<int>(rng() % 20000);
+            d.mealsEaten = static_cast<int>(rng() % 10);
+            const auto& a = ancestors[rng() % ancestors.size()];
+            for (int k = 0; k < 1000; ++k) d.genes[k] = (rng() % 100 < 4) ? static_cast<std::uint8_t>(rng()) : a[k];
+            pool.drifters[static_cast<std::size_t>(i)] = d;
+        }
+        for (auto& f : pool.food) f.x = place(rng), f.y = place(rng);
+        aq::writePool(file, pool);
+    }
+};
+
+Largest& largest() {
+    static Largest l;
+    return l;
+}
+
+// args: index into kCommands
+const char* const kCommands[] = {
+    "info {}",
+    "drifters {}",
+    "drifters {} --species 44.4 --depth 100",
+    "food {}",
+    "keys {} --pair",
+    "minorities {} --by segments,branching,colororder,colors",
+    "range {} --depth 1000",
+    "range {} --depth 100",
+    "scores {}",
+    "species {} --depth 1000",
+    "dna {} 32766 -o {}.dna",
+    "merge {} {} -o {}.merged",
+    "prepare {} markStillborns ensureMinimumDrifters:50 limitLiveDrifters:30000 deleteDeadDrifters sortDrifters "
+    "restoreYouth resetCounters:meals,offspring drainEdgeEnergy gravitateToCenter:50 halveAges prepareHarvest:2 "
+    "deleteStarters:50 applyPlague feedPool:hungry,fed,addFood,graded feedByColor:2:1 -o {}.prepared",
+    "prepare {} group:3:feedAll:gather:gravity -o {}.grouped",
+    "harvest {d} -o {}.harvest",
+    "series {} --species 44.4",
+};
+
+std::string commandLine(std::string pattern) {
+    for (std::size_t at; (at = pattern.find("{d}")) != std::string::npos;) pattern.replace(at, 3, largest().dir.path());
+    for (std::size_t at; (at = pattern.find("{}")) != std::string::npos;) pattern.replace(at, 2, largest().file);
+    return std::string(AQFM_PATH) + " " + pattern + " >/dev/null";
+}
+
+void AqfmLargest(benchmark::State& state) {
+    const std::string line = commandLine(kCommands[state.range(0)]);
+    state.SetLabel(std::string(kCommands[state.range(0)]).substr(0, std::strcspn(kCommands[state.range(0)], " ")));
+    for (auto _ : state)
+        if (std::system(line.c_str()) != 0) state.SkipWithError(("failed: " + line).c_str());
+}
+
+}  // namespace
+
+BENCHMARK(AqfmLargest)->DenseRange(0, std::size(kCommands) - 1)->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK_MAIN();
