@@ -65,6 +65,7 @@ void speciateDrifterList(App& app) {
     auto elapsed = [&] { return elapsedSeconds(p.sliceStart, now()); };
     if (!p.passRunning && app.speciesPending) beginPass(app);
     p.passStart = p.passIndex;
+    const Kinship similar(app.drifterThreshold, app.similarityDepth);
 
     while (p.passIndex <= p.lastIndex && elapsed() < kSliceSeconds) {
         const int i = p.passIndex;
@@ -74,9 +75,9 @@ void speciateDrifterList(App& app) {
             return;
         }
         std::int32_t group = p.maxGroup + 1;
+        const std::uint8_t* genes = d.dnaGenes[static_cast<std::size_t>(i)].data();
         for (int j = 0; j < i; ++j) {
-            if (drifterGenomesSimilar(app, d.dnaGenes[static_cast<std::size_t>(j)],
-                                      d.dnaGenes[static_cast<std::size_t>(i)])) {
+            if (similar(d.dnaGenes[static_cast<std::size_t>(j)].data(), genes)) {
                 group = list.tag(j);
                 break;
             }

@@ -17,9 +17,24 @@ std::int16_t similarityDepthFor(bool quickSpeciate);
 // How many of `n` genes must match at `threshold` percent; a negative threshold counts back from 100%.
 int similarityNeed(int n, float threshold);
 
+// How many leading genes a comparison at `depth` looks at: MinNonZero(1000, depth), 0..1000.
+int similarityGenes(int depth);
+
 // `a` and `b` point at 1000 gene bytes each. Compares the first MinNonZero(1000, depth)
 // of them and stops as soon as the answer is certain.
 bool GenomesSimilar(const std::uint8_t* a, const std::uint8_t* b, float threshold, int depth);
+
+// GenomesSimilar at one threshold and depth, worked out once for many pairs.
+class Kinship {
+public:
+    Kinship(float threshold, int depth);
+    bool operator()(const std::uint8_t* a, const std::uint8_t* b) const;
+    // The leading genes it compares.
+    int genes() const { return genes_; }
+
+private:
+    int genes_, need_;
+};
 
 // The number of equal bytes among the first `n` (0..1000), every one counted.
 int equalGeneCount(const std::uint8_t* a, const std::uint8_t* b, int n);

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "base/NumberText.h"
+#include "base/Parallel.h"
 #include "base/ThresholdText.h"
 #include "pooleditor/DrifterList.h"
 #include "pooleditor/PackedGenes.h"
@@ -25,11 +26,10 @@ constexpr double kSliceSeconds = 2.0;
 // The species of drifter `index`: the tag of the first earlier drifter it is similar
 // to, else `fresh`.
 template <class TagOf>
-std::int32_t firstSimilarGroup(const Pool& pool, int index, float threshold, int depth, TagOf tagOf,
-                               std::int32_t fresh) {
+std::int32_t firstSimilarGroup(const Pool& pool, int index, const Kinship& similar, TagOf tagOf, std::int32_t fresh) {
     const std::uint8_t* genes = pool.drifters[static_cast<std::size_t>(index)].genes;
     for (int j = 0; j < index; ++j)
-        if (GenomesSimilar(pool.drifters[static_cast<std::size_t>(j)].genes, genes, threshold, depth)) return tagOf(j);
+        if (similar(pool.drifters[static_cast<std::size_t>(j)].genes, genes)) return tagOf(j);
     return fresh;
 }
 
@@ -69,12 +69,12 @@ void speciatePoolList(App& app) {
     app.poolPassStart = app.poolPassIndex;
     CheckList& list = app.lstSpeciatePool;
 
+    const Kinship similar(app.poolThreshold, app.similarityDepth);
     while (app.poolPassIndex <= app.poolLastIndex && elapsed() < kSliceSeconds) {
         int i = app.poolPassIndex;
         if (!drifterListed(app, i)) return restartPass(app);
         std::int32_t group = firstSimilarGroup(
-            app.openPool, i, app.poolThreshold, app.similarityDepth, [&](int j) { return list.tag(j); },
-            app.poolMaxGroup + 1);
+            app.openPool, i, similar, [&](int j) { return list.tag(j); }, app.poolMaxGroup + 1);
         if (group > app.poolMaxGroup) app.poolMaxGroup = static_cast<std::int16_t>(group);
         list.setTag(i, group);
         ++app.poolPassIndex;
@@ -165,15 +165,30 @@ void validatePoolSpeciesThreshold(App& app) {
 }
 
 std::vector<std::int32_t> poolSpeciesTags(const Pool& pool, float threshold, int depth) {
-    int count = std::min<int>(pool.drifterCount, static_cast<int>(pool.drifters.size()));
-    std::vector<std::int32_t> tags(static_cast<std::size_t>(std::max(count, 0)), -1);
-    std::int32_t maxGroup = -1;
-    for (int i = 0; i < count; ++i) {
-        std::int32_t g = firstSimilarGroup(
-            pool, i, threshold, depth, [&](int j) { return tags[static_cast<std::size_t>(j)]; }, maxGroup + 1);
-        maxGroup = std::max(maxGroup, g);
-        tags[static_cast<std::size_t>(i)] = g;
-    }
+    const int count = std::max(0, std::min<int>(pool.drifterCount, static_cast<int>(pool.drifters.size())));
+    const Kinship similar(threshold, depth);
+    const PackedGenes g(pool, count, similar.genes());
+    // The first earlier drifter each one is similar to, found for rows of drifters against
+    // columns of a few hundred at a time, in order, so the genes compared stay in the
+    // nearest cache; each row on its own, the rows shared among the cores. The tags
+    // follow from it in one more pass.
+    std::vector<std::int32_t> first(static_cast<std::size_t>(count), -1);
+    constexpr int kRows = 64, kColumns = 256;
+    auto rows = [&](int block, int) {
+        const int i0 = block * kRows, i1 = std::min(count, i0 + kRows);
+        for (int j0 = 0; j0 < i1 - 1; j0 += kColumns)
+            for (int i = std::max(i0, j0 + 1); i < i1; ++i) {
+                std::int32_t& found = first[static_cast<std::size_t>(i)];
+                for (int j = j0, j1 = std::min(j0 + kColumns, i); j < j1 && found < 0; ++j)
+                    if (similar(g[j], g[i])) found = j;
+            }
+    };
+    const int blocks = (count + kRows - 1) / kRows;
+    forEachBlock(blocks, blocks > 4 ? parallelWorkers() : 1, rows, [](int) {});
+    std::vector<std::int32_t> tags(static_cast<std::size_t>(count), -1);
+    std::int32_t fresh = 0;
+    for (std::size_t i = 0; i < tags.size(); ++i)
+        tags[i] = first[i] < 0 ? fresh++ : tags[static_cast<std::size_t>(first[i])];
     return tags;
 }
 

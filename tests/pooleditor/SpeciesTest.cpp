@@ -6,6 +6,7 @@
 #include <cstring>
 #include <random>
 
+#include "pooleditor/EqualCount.h"
 #include "pooleditor/PackedGenes.h"
 #include "pooleditor/PoolEditorFixture.h"
 #include "pooleditor/Similarity.h"
@@ -72,6 +73,17 @@ TEST(Similarity, ThresholdsAtBothDepthsAndAPlainByteCount) {
             int equal = 0;
             for (int i = 0; i < n; ++i) equal += a[i] == b[i];
             ASSERT_EQ(equalGeneCount(a.data(), b.data(), n), equal);
+            // Each width of compare the processor has counts alike.
+            auto all = [](int, int) { return false; };
+            ASSERT_EQ(detail::countEqualSse2(a.data(), b.data(), n, all), equal);
+#if defined(AQ_AVX2_COUNT)
+            if (detail::vectorLevel() >= 1) {
+                ASSERT_EQ(detail::countEqualAvx2(a.data(), b.data(), n, all), equal);
+            }
+            if (detail::vectorLevel() >= 2) {
+                ASSERT_EQ(detail::countEqualAvx512(a.data(), b.data(), n, all), equal);
+            }
+#endif
             for (float t : thresholds)
                 ASSERT_EQ(GenomesSimilar(a.data(), b.data(), t, n), equal >= similarityNeed(n, t)) << t;
             // Stopping early is allowed only when the pair can change neither end of the range.
@@ -85,7 +97,7 @@ TEST(Similarity, ThresholdsAtBothDepthsAndAPlainByteCount) {
     }
 }
 
-TEST(Similarity, RangeOfEqualGenesIsThatOfEveryPair) {
+TEST(Similarity, RangeAndSpeciesAreThoseOfEveryPair) {
     // Lineages of mutated copies with exact repeats among them, in pools that fill the
     // pass's blocks of rows and columns partly and wholly.
     const unsigned seed = 33;
@@ -120,6 +132,20 @@ TEST(Similarity, RangeOfEqualGenesIsThatOfEveryPair) {
                         m += genomes[std::size_t(i)][std::size_t(k)] == genomes[std::size_t(j)][std::size_t(k)];
                     low = std::min(low, m), high = std::max(high, m);
                 }
+            // The complete species pass, against the first similar earlier genome found one by one.
+            Pool pool = makePool(n, 0);
+            for (int i = 0; i < n; ++i)
+                std::memcpy(pool.drifters[std::size_t(i)].genes, genomes[std::size_t(i)].data(), 1000);
+            std::vector<std::int32_t> tags;
+            for (int i = 0, fresh = 0; i < n; ++i) {
+                int j = 0;
+                while (j < i &&
+                       !GenomesSimilar(genomes[std::size_t(j)].data(), genomes[std::size_t(i)].data(), 60.0f, depth))
+                    ++j;
+                tags.push_back(j < i ? tags[std::size_t(j)] : fresh++);
+            }
+            EXPECT_EQ(poolSpeciesTags(pool, 60.0f, depth), tags)
+                << "seed " << seed << " round " << round << " depth " << depth;
             auto [fastLow, fastHigh] = equalGeneRange(PackedGenes(genomes, n, depth));
             EXPECT_EQ(std::pair(fastLow, fastHigh), std::pair(low, high))
                 << "seed " << seed << " round " << round << " depth " << depth;
