@@ -13,6 +13,7 @@ struct CheckRow {
     std::string text;
     bool checked = false;
     std::int32_t tag = -1;
+    bool operator==(const CheckRow&) const = default;
 };
 
 class CheckListObserver {

@@ -28,15 +28,12 @@ void restoreRows(CheckList& list, const std::vector<CheckRow>& rows, int current
     list.setEnabled(enabled);
 }
 
-std::size_t rowBytes(const std::vector<CheckRow>& rows) {
-    std::size_t n = rows.size() * sizeof(CheckRow);
-    for (const CheckRow& r : rows) n += r.text.capacity();
-    return n;
-}
-
-void captureLists(const App& app, PoolSnapshot& s) {
-    s.drifterRows = rowsOf(app.lstSpeciatePool);
-    s.foodRows = rowsOf(app.lstPoolFood);
+PoolLists captureLists(const App& app) {
+    PoolLists l;
+    l.drifterRows = rowsOf(app.lstSpeciatePool);
+    l.foodRows = rowsOf(app.lstPoolFood);
+    PoolView& s = l.view;
+    s.poolLoaded = app.poolLoaded;
     s.drifterCurrent = app.lstSpeciatePool.currentIndex();
     s.foodCurrent = app.lstPoolFood.currentIndex();
     s.drifterListEnabled = app.lstSpeciatePool.enabled();
@@ -57,15 +54,10 @@ void captureLists(const App& app, PoolSnapshot& s) {
         s.drifterLabels[k] = dl[k];
         s.foodLabels[k] = fl[k];
     }
+    return l;
 }
 
-PoolSnapshot capturePool(const App& app) {
-    PoolSnapshot s;
-    s.pool = app.openPool;
-    s.poolLoaded = app.poolLoaded;
-    captureLists(app, s);
-    return s;
-}
+PoolSnapshot capturePool(const App& app) { return {app.openPool, captureLists(app)}; }
 
 // Species numbers worked out at another threshold or depth than the one now set are
 // worked out again.
@@ -77,18 +69,13 @@ void restartStaleSpecies(App& app) {
     if (app.comboSpeciatePoolGroup0 == 2) app.lstSpeciatePool.setEnabled(false);
 }
 
-std::size_t bytesOf(const PoolSnapshot& s) {
-    return sizeof(PoolSnapshot) + s.path.capacity() + s.pool.drifters.size() * sizeof(DrifterRec) +
-           s.pool.food.size() * sizeof(FoodBit) + s.pool.historyBlock.size() + rowBytes(s.drifterRows) +
-           rowBytes(s.foodRows);
-}
-
-void restorePool(App& app, const PoolSnapshot& s) {
-    app.openPool = s.pool;
+void restorePool(App& app, const PoolSnapshot& snap) {
+    const PoolView& s = snap.lists.view;
+    app.openPool = snap.pool;
     app.poolLoaded = s.poolLoaded;
     app.openPoolPath = s.path;
-    restoreRows(app.lstSpeciatePool, s.drifterRows, s.drifterCurrent, s.drifterListEnabled);
-    restoreRows(app.lstPoolFood, s.foodRows, s.foodCurrent, s.foodListEnabled);
+    restoreRows(app.lstSpeciatePool, snap.lists.drifterRows, s.drifterCurrent, s.drifterListEnabled);
+    restoreRows(app.lstPoolFood, snap.lists.foodRows, s.foodCurrent, s.foodListEnabled);
     SliderState* d[4] = {&app.SliderSpeciatePoolDrifterX, &app.SliderSpeciatePoolDrifterY,
                          &app.SliderSpeciatePoolDrifterWidth, &app.SliderSpeciatePoolDrifterHeight};
     SliderState* f[4] = {&app.SliderFoodX, &app.SliderFoodY, &app.SliderFoodWidth, &app.SliderFoodHeight};
@@ -122,7 +109,7 @@ void markPoolChanged(App& app) {
 }  // namespace
 
 bool PoolHistory::sameState(const App& app) const {
-    return app.poolLoaded == current_.poolLoaded && samePool(app.openPool, current_.pool);
+    return app.poolLoaded == current_.lists.view.poolLoaded && samePool(app.openPool, current_.pool);
 }
 
 void PoolHistory::reset(App& app) {
@@ -135,7 +122,12 @@ void PoolHistory::reset(App& app) {
 
 void PoolHistory::prepare(App& app) {
     if (started_ && app.poolReads == reads_ && sameState(app)) {
-        captureLists(app, current_);
+        // Ticks and the like make no step; the steps next to this state follow it.
+        PoolLists now = captureLists(app);
+        const PoolLists& was = current_.lists;
+        if (now.drifterRows != was.drifterRows || now.foodRows != was.foodRows)
+            followState([&](PoolDiff& d) { d.follow(was, now); });
+        current_.lists = std::move(now);
         return;
     }
     // Changed where no step watched: read from a file, or edited by a running command.
@@ -150,11 +142,11 @@ void PoolHistory::commit(App& app, const std::string& name) {
     }
     if (sameState(app)) {
         // A save or "save as" changes no records, only the file the pool belongs to.
-        current_.path = app.openPoolPath;
+        current_.lists.view.path = app.openPoolPath;
     } else {
-        std::size_t size = bytesOf(current_);
-        pushStep(name, std::move(current_), size);
-        current_ = capturePool(app);
+        PoolDiff d;
+        d.take(current_, app.openPool, captureLists(app));
+        pushStep(name, std::move(d));
     }
     markPoolChanged(app);
     restartStaleSpecies(app);
@@ -163,10 +155,8 @@ void PoolHistory::commit(App& app, const std::string& name) {
 bool PoolHistory::move(App& app, bool undo) {
     prepare(app);
     if (undo ? !canUndo() : !canRedo()) return false;
-    std::size_t size = bytesOf(current_);
-    Step s = swapStep(undo, std::move(current_), size);
-    restorePool(app, s.snap);
-    current_ = std::move(s.snap);
+    turnStep(undo, [&](PoolDiff& d) { d.swapWith(current_); });
+    restorePool(app, current_);
     markPoolChanged(app);
     app.stateChanged();
     return true;
@@ -177,23 +167,13 @@ bool PoolHistory::redo(App& app) { return move(app, false); }
 
 namespace {
 
-DnaSnapshot captureDna(const App& app) {
-    DnaSnapshot s;
-    s.paths = app.dna.dnaPaths;
-    s.folder = app.dna.dnaFolder;
-    s.genes = app.dna.dnaGenes;
-    s.rows = rowsOf(app.lstSpeciateDrifters);
-    s.current = app.lstSpeciateDrifters.currentIndex();
-    s.enabled = app.lstSpeciateDrifters.enabled();
-    s.speciesPending = app.speciesPending;
-    s.gene = app.dna.gene;
-    return s;
+DnaView dnaViewOf(const App& app) {
+    return {app.lstSpeciateDrifters.currentIndex(), app.lstSpeciateDrifters.enabled(), app.speciesPending,
+            app.dna.gene};
 }
 
-std::size_t bytesOf(const DnaSnapshot& s) {
-    std::size_t n = sizeof(DnaSnapshot) + s.genes.size() * sizeof(Genome) + rowBytes(s.rows);
-    for (const auto& p : s.paths) n += p.capacity() + sizeof(std::string);
-    return n;
+DnaSnapshot captureDna(const App& app) {
+    return {app.dna.dnaPaths, app.dna.dnaFolder, app.dna.dnaGenes, rowsOf(app.lstSpeciateDrifters), dnaViewOf(app)};
 }
 
 bool sameFiles(const App& app, const DnaSnapshot& s) {
@@ -232,9 +212,10 @@ void DnaHistory::prepare(App& app) {
         commit(app, "Edit");
         return;
     }
-    DnaSnapshot fresh = captureDna(app);
-    fresh.genes = std::move(current_.genes);
-    current_ = std::move(fresh);
+    std::vector<CheckRow> rows = rowsOf(app.lstSpeciateDrifters);
+    if (rows != current_.rows) followState([&](DnaDiff& d) { d.follow(current_.rows, rows); });
+    current_.rows = std::move(rows);
+    current_.view = dnaViewOf(app);
 }
 
 void DnaHistory::commit(App& app, const std::string& name) {
@@ -244,26 +225,25 @@ void DnaHistory::commit(App& app, const std::string& name) {
     }
     noteSaves(app);
     if (sameBytes(app.dna.dnaGenes, current_.genes)) return;
-    std::size_t size = bytesOf(current_);
-    pushStep(name, std::move(current_), size);
-    current_ = captureDna(app);
+    DnaDiff d;
+    d.take(current_, app.dna.dnaGenes, rowsOf(app.lstSpeciateDrifters), dnaViewOf(app));
+    pushStep(name, std::move(d));
 }
 
 bool DnaHistory::move(App& app, bool undo) {
     prepare(app);
     if (undo ? !canUndo() : !canRedo()) return false;
-    std::size_t size = bytesOf(current_);
-    Step s = swapStep(undo, std::move(current_), size);
+    turnStep(undo, [&](DnaDiff& d) { d.swapWith(current_); });
     DnaFolder& d = app.dna;
-    d.dnaGenes = s.snap.genes;
+    d.dnaGenes = current_.genes;
     for (std::size_t i = 0; i < d.dnaGenes.size() && i < d.dnaChanged.size(); ++i)
         if (i < diskKnown_.size() && diskKnown_[i]) d.dnaChanged[i] = d.dnaGenes[i] != disk_[i] ? 1 : 0;
-    restoreRows(app.lstSpeciateDrifters, s.snap.rows, s.snap.current, s.snap.enabled);
-    d.gene = s.snap.gene;
+    const DnaView& v = current_.view;
+    restoreRows(app.lstSpeciateDrifters, current_.rows, v.current, v.enabled);
+    d.gene = v.gene;
     d.pass.passRunning = false;
     d.drifterProgressBar1.visible = false;
-    app.speciesPending = s.snap.speciesPending;
-    current_ = std::move(s.snap);
+    app.speciesPending = v.speciesPending;
     app.stateChanged();
     return true;
 }

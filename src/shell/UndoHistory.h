@@ -1,26 +1,29 @@
 #pragma once
 // Undo and redo of the open pool's edits and of the gene edits of the loaded DNA files.
-// A history keeps the state as it was after its last step; a step that changed the
-// pool (or the genes) pushes that state, so undoing restores it whole: records, ticks,
-// species numbers, the list rows, the box sliders and the file the pool belongs to.
-// The changed mark is never stored: it is worked out from what the files hold.
+// A history keeps the state as it was after its last step whole; each step keeps only
+// what differs from the state next to it (StepDiff.h), so undoing swaps that back in
+// and restores the records, ticks, species numbers, the list rows, the box sliders and
+// the file the pool belongs to. The changed mark is never stored: it is worked out
+// from what the files hold.
 #include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <string>
 #include <vector>
 
+#include "shell/StepDiff.h"
 #include "state/App.h"
 
 namespace aq {
 
-// The steps of one history, newest last, with their names and the state before each.
-template <class Snap>
+// The steps of one history, newest last, each with its name and its difference from
+// the step after it (the newest from the history's state).
+template <class Diff>
 class StepStack {
 public:
     struct Step {
         std::string name;
-        Snap snap;
+        Diff diff;
         std::size_t bytes = 0;
     };
     static constexpr std::size_t kMaxSteps = 500;
@@ -40,50 +43,48 @@ protected:
         bytes_ = 0;
     }
     // A new step makes the steps undone before it unreachable.
-    void pushStep(std::string name, Snap before, std::size_t size) {
+    void pushStep(std::string name, Diff diff) {
         for (const Step& s : redo_) bytes_ -= s.bytes;
         redo_.clear();
-        bytes_ += size;
-        undo_.push_back({std::move(name), std::move(before), size});
+        undo_.push_back({std::move(name), std::move(diff), 0});
+        weigh(undo_.back());
         while (undo_.size() > 1 && (undo_.size() > kMaxSteps || bytes_ > kMaxBytes)) {
             bytes_ -= undo_.front().bytes;
             undo_.pop_front();
         }
     }
-    // Moves the newest step of one stack to the other, holding `now` instead; gives back
-    // the snapshot to restore.
-    Step swapStep(bool undo, Snap now, std::size_t nowBytes) {
+    // Moves the newest step of one stack to the other once `apply` has swapped its
+    // difference into the history's state.
+    template <class Apply>
+    void turnStep(bool undo, Apply apply) {
         auto& from = undo ? undo_ : redo_;
         auto& to = undo ? redo_ : undo_;
-        Step s = std::move(from.back());
+        to.push_back(std::move(from.back()));
         from.pop_back();
-        bytes_ = bytes_ - s.bytes + nowBytes;
-        to.push_back({s.name, std::move(now), nowBytes});
-        return s;
+        apply(to.back().diff);
+        weigh(to.back());
+    }
+    // The history's state changed with no step: the steps next to it follow.
+    template <class Follow>
+    void followState(Follow follow) {
+        for (auto* stack : {&undo_, &redo_}) {
+            if (stack->empty()) continue;
+            follow(stack->back().diff);
+            weigh(stack->back());
+        }
     }
 
 private:
+    void weigh(Step& s) {
+        bytes_ -= s.bytes;
+        s.bytes = sizeof(Step) + s.name.capacity() + s.diff.bytes();
+        bytes_ += s.bytes;
+    }
     std::deque<Step> undo_, redo_;
     std::size_t bytes_ = 0;
 };
 
-// The pool and everything the pool tabs show of it.
-struct PoolSnapshot {
-    Pool pool;
-    bool poolLoaded = false;
-    std::string path;
-    std::vector<CheckRow> drifterRows, foodRows;
-    int drifterCurrent = -1, foodCurrent = -1;
-    bool drifterListEnabled = true, foodListEnabled = true;
-    bool speciesPending = false;
-    // What the rows' species numbers were worked out at.
-    float tagsThreshold = 44.4f;
-    std::int16_t tagsDepth = 100;
-    SliderState drifterBox[4], foodBox[4];
-    bool drifterLabels[4] = {}, foodLabels[4] = {};
-};
-
-class PoolHistory : public StepStack<PoolSnapshot> {
+class PoolHistory : public StepStack<PoolDiff> {
 public:
     // Before a user's action: takes in what happened since the last step (a pool read
     // from a file starts a new history) and the ticks as they are now.
@@ -104,19 +105,7 @@ private:
     std::uint64_t reads_ = 0;
 };
 
-// The genes of the loaded DNA files and what the drifter files tab shows of them.
-struct DnaSnapshot {
-    std::vector<std::string> paths;
-    std::string folder;
-    std::vector<Genome> genes;
-    std::vector<CheckRow> rows;
-    int current = -1;
-    bool enabled = true;
-    bool speciesPending = false;
-    GenePanelState gene;
-};
-
-class DnaHistory : public StepStack<DnaSnapshot> {
+class DnaHistory : public StepStack<DnaDiff> {
 public:
     void prepare(App& app);
     void commit(App& app, const std::string& name);
