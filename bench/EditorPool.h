@@ -5,6 +5,7 @@
 #include <array>
 #include <random>
 
+#include "Genomes.h"
 #include "base/Clock.h"
 #include "foodeditor/FoodEdits.h"
 #include "foodeditor/FoodList.h"
@@ -25,12 +26,9 @@ const aq::Pool& worldPool() {
         aq::Pool pool = aqtest::makePool(kCount, kCount);
         std::mt19937 rng(5);
         std::uniform_real_distribution<float> place(-3500.0f, 3500.0f);
-        std::vector<std::array<std::uint8_t, 1000>> ancestors(60);
-        for (auto& a : ancestors)
-            for (auto& g : a) g = static_cast<std::uint8_t>(rng());
+        const Ancestors ancestors = randomAncestors(rng, 60);
         for (auto& d : pool.drifters) {
-            const auto& a = ancestors[rng() % ancestors.size()];
-            for (int k = 0; k < 1000; ++k) d.genes[k] = (rng() % 100 < 4) ? static_cast<std::uint8_t>(rng()) : a[k];
+            descendantGenes(d.genes, ancestors, rng);
             d.x = d.prevX = place(rng);
             d.y = d.prevY = place(rng);
             for (auto& s : d.segments) {

@@ -5,6 +5,7 @@
 
 #include <random>
 
+#include "Genomes.h"
 #include "base/Clock.h"
 #include "base/QuietUi.h"
 #include "dnaeditor/DrifterFiles.h"
@@ -20,14 +21,11 @@ struct Folder {
     aqtest::TempDir dir;
     Folder() {
         std::mt19937 rng(20000);
-        std::vector<aq::Genome> ancestors(kLineages);
-        for (auto& a : ancestors)
-            for (auto& g : a) g = static_cast<std::uint8_t>(rng());
+        const Ancestors ancestors = randomAncestors(rng, kLineages);
         char name[32];
         for (int i = 0; i < kFiles; ++i) {
-            aq::Genome g = ancestors[rng() % kLineages];
-            for (auto& gene : g)
-                if (rng() % 100 < 4) gene = static_cast<std::uint8_t>(rng());
+            aq::Genome g;
+            descendantGenes(g.data(), ancestors, rng);
             std::snprintf(name, sizeof name, "d%05d.dna", i);
             aqtest::writeBytes(dir.file(name), std::string(g.begin(), g.end()));
         }

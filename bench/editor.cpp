@@ -8,6 +8,7 @@
 
 #include "EditorPool.h"
 #include "EqualBytes.h"
+#include "Genomes.h"
 #include "dnaeditor/DrifterFiles.h"
 #include "foodeditor/FoodEdits.h"
 #include "foodeditor/FoodList.h"
@@ -67,8 +68,7 @@ const aq::Pool& unrelatedPool() {
     static aq::Pool p = [] {
         aq::Pool pool = worldPool();
         std::mt19937 rng(6);
-        for (auto& d : pool.drifters)
-            for (auto& g : d.genes) g = static_cast<std::uint8_t>(rng());
+        for (auto& d : pool.drifters) randomGenes(d.genes, rng);
         return pool;
     }();
     return p;
@@ -80,7 +80,7 @@ const aq::Pool& familyPool() {
     static aq::Pool p = [] {
         aq::Pool pool = worldPool();
         std::mt19937 rng(7);
-        for (auto& g : pool.drifters[0].genes) g = static_cast<std::uint8_t>(rng());
+        randomGenes(pool.drifters[0].genes, rng);
         for (std::size_t i = 1; i < pool.drifters.size(); ++i) {
             std::memcpy(pool.drifters[i].genes, pool.drifters[rng() % i].genes, aq::kGeneCount);
             for (auto& g : pool.drifters[i].genes)

@@ -6,6 +6,7 @@
 
 #include <random>
 
+#include "EvolvedPool.h"
 #include "base/QuietUi.h"
 #include "format/PoolFile.h"
 #include "pooleditor/DrifterKey.h"
@@ -14,7 +15,6 @@
 #include "support/ManualClock.h"
 #include "support/PoolFixtures.h"
 #include "support/TempDir.h"
-#include "EvolvedPool.h"
 
 namespace {
 

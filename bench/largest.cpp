@@ -6,6 +6,7 @@
 #include <cstring>
 #include <random>
 
+#include "Genomes.h"
 #include "format/PoolFile.h"
 #include "support/PoolFixtures.h"
 #include "support/TempDir.h"
@@ -20,9 +21,7 @@ struct Largest {
     Largest() {
         std::mt19937 rng(32767);
         std::uniform_real_distribution<float> place(-3900.0f, 3900.0f);
-        std::vector<std::array<std::uint8_t, 1000>> ancestors(60);
-        for (auto& a : ancestors)
-            for (auto& g : a) g = static_cast<std::uint8_t>(rng());
+        const Ancestors ancestors = randomAncestors(rng, 60);
         aq::Pool pool = aqtest::makePool(0, kMost);
         pool.drifterCount = kMost;
         pool.drifters.resize(kMost);
@@ -33,8 +32,7 @@ struct Largest {
             d.alive = rng() % 5 != 0;
             d.age = static_cast<int>(rng() % 20000);
             d.mealsEaten = static_cast<int>(rng() % 10);
-            const auto& a = ancestors[rng() % ancestors.size()];
-            for (int k = 0; k < 1000; ++k) d.genes[k] = (rng() % 100 < 4) ? static_cast<std::uint8_t>(rng()) : a[k];
+            descendantGenes(d.genes, ancestors, rng);
             pool.drifters[static_cast<std::size_t>(i)] = d;
         }
         for (auto& f : pool.food) f.x = place(rng), f.y = place(rng);

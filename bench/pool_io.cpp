@@ -3,8 +3,8 @@
 
 #include <filesystem>
 
-#include "format/PoolFile.h"
 #include "base/FileIo.h"
+#include "format/PoolFile.h"
 #include "support/PoolFixtures.h"
 #include "support/TempDir.h"
 

@@ -5,6 +5,7 @@
 #include <random>
 
 #include "EqualBytes.h"
+#include "Genomes.h"
 #include "pooleditor/DrifterList.h"
 #include "pooleditor/SpeciesPass.h"
 #include "support/ManualClock.h"
@@ -20,8 +21,7 @@ const aq::Pool& unrelatedPool() {
     static aq::Pool p = [] {
         aq::Pool pool = aqtest::makePool(kDrifters, 0);
         std::mt19937 rng(7);
-        for (auto& d : pool.drifters)
-            for (auto& g : d.genes) g = static_cast<std::uint8_t>(rng());
+        for (auto& d : pool.drifters) randomGenes(d.genes, rng);
         return pool;
     }();
     return p;
@@ -33,13 +33,8 @@ const aq::Pool& evolvedPool() {
     static aq::Pool p = [] {
         aq::Pool pool = aqtest::makePool(kDrifters, 0);
         std::mt19937 rng(11);
-        std::vector<std::array<std::uint8_t, 1000>> ancestors(60);
-        for (auto& a : ancestors)
-            for (auto& g : a) g = static_cast<std::uint8_t>(rng());
-        for (auto& d : pool.drifters) {
-            const auto& a = ancestors[rng() % ancestors.size()];
-            for (int k = 0; k < 1000; ++k) d.genes[k] = (rng() % 100 < 4) ? static_cast<std::uint8_t>(rng()) : a[k];
-        }
+        const Ancestors ancestors = randomAncestors(rng, 60);
+        for (auto& d : pool.drifters) descendantGenes(d.genes, ancestors, rng);
         return pool;
     }();
     return p;
