@@ -45,26 +45,27 @@ Largest& largest() {
     return l;
 }
 
-// args: index into kCommands
-const char* const kCommands[] = {
-    "info {}",
-    "drifters {}",
-    "drifters {} --species 44.4 --depth 100",
-    "food {}",
-    "keys {} --pair",
-    "minorities {} --by segments,branching,colororder,colors",
-    "range {} --depth 1000",
-    "range {} --depth 100",
-    "scores {}",
-    "species {} --depth 1000",
-    "dna {} 32766 -o {}.dna",
-    "merge {} {} -o {}.merged",
-    "prepare {} markStillborns ensureMinimumDrifters:50 limitLiveDrifters:30000 deleteDeadDrifters sortDrifters "
-    "restoreYouth resetCounters:meals,offspring drainEdgeEnergy gravitateToCenter:50 halveAges prepareHarvest:2 "
-    "deleteStarters:50 applyPlague feedPool:hungry,fed,addFood,graded feedByColor:2:1 -o {}.prepared",
-    "prepare {} group:3:feedAll:gather:gravity -o {}.grouped",
-    "harvest {d} -o {}.harvest",
-    "series {} --species 44.4",
+// A name for the table and the command line; {} stands for the pool, {d} for its folder.
+const std::pair<const char*, const char*> kCommands[] = {
+    {"info", "info {}"},
+    {"drifters", "drifters {}"},
+    {"drifters-species", "drifters {} --species 44.4 --depth 100"},
+    {"food", "food {}"},
+    {"keys", "keys {} --pair"},
+    {"minorities", "minorities {} --by segments,branching,colororder,colors"},
+    {"range-depth100", "range {} --depth 100"},
+    {"range-depth1000", "range {} --depth 1000"},
+    {"scores", "scores {}"},
+    {"species-depth1000", "species {} --depth 1000"},
+    {"dna", "dna {} 32766 -o {}.dna"},
+    {"merge", "merge {} {} -o {}.merged"},
+    {"prepare-steps",
+     "prepare {} markStillborns ensureMinimumDrifters:50 limitLiveDrifters:30000 deleteDeadDrifters sortDrifters "
+     "restoreYouth resetCounters:meals,offspring drainEdgeEnergy gravitateToCenter:50 halveAges prepareHarvest:2 "
+     "deleteStarters:50 applyPlague feedPool:hungry,fed,addFood,graded feedByColor:2:1 -o {}.prepared"},
+    {"prepare-group", "prepare {} group:3:feedAll:gather:gravity -o {}.grouped"},
+    {"harvest", "harvest {d} -o {}.harvest"},
+    {"series-species", "series {} --species 44.4"},
 };
 
 std::string commandLine(std::string pattern) {
@@ -73,14 +74,20 @@ std::string commandLine(std::string pattern) {
     return std::string(AQFM_PATH) + " " + pattern + " >/dev/null";
 }
 
-void AqfmLargest(benchmark::State& state) {
-    const std::string line = commandLine(kCommands[state.range(0)]);
-    state.SetLabel(std::string(kCommands[state.range(0)]).substr(0, std::strcspn(kCommands[state.range(0)], " ")));
+void runAqfm(benchmark::State& state, const char* pattern) {
+    const std::string line = commandLine(pattern);
     for (auto _ : state)
         if (std::system(line.c_str()) != 0) state.SkipWithError(("failed: " + line).c_str());
 }
 
 }  // namespace
 
-BENCHMARK(AqfmLargest)->DenseRange(0, std::size(kCommands) - 1)->Iterations(1)->Unit(benchmark::kMillisecond);
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+    for (const auto& [name, pattern] : kCommands)
+        benchmark::RegisterBenchmark((std::string("AqfmLargest/") + name).c_str(), runAqfm, pattern)
+            ->Iterations(1)
+            ->Unit(benchmark::kMillisecond);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+}
