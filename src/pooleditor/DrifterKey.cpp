@@ -1,6 +1,7 @@
 #include "pooleditor/DrifterKey.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -10,91 +11,124 @@ namespace aq {
 
 namespace {
 
-// Keys are made by the hundred thousand in a harvest, so every field is appended to
-// one buffer that keeps its memory from key to key.
+// Keys are made by the hundred thousand in a harvest, so a key is written into a
+// buffer on the stack and compressed as it is written, not afterwards.
 
-// Upper-case hexadecimal without a prefix.
-void appendHex(std::string& out, std::int64_t n) {
-    auto v = static_cast<std::uint32_t>(n);
-    char buf[8];
-    int len = 0;
-    do {
-        buf[len++] = "0123456789ABCDEF"[v & 15];
-        v >>= 4;
-    } while (v != 0);
-    while (len > 0) out.push_back(buf[--len]);
-}
+// The longest key: a count and two fields of 16 numbers of up to 8 hex digits, two
+// classes and 16 two-byte taper symbols.
+constexpr std::size_t kKeyRoom = 8 + 2 * 16 * 8 + 2 + 2 * 8 + 16 * 2;
 
-void appendColorField(std::string& out, const DrifterRec& d, int n, bool detailed) {
+class KeyWriter {
+public:
+    explicit KeyWriter(bool compress) : compress_(compress) { buf_[0] = 0; }
+    std::string_view text() const { return {buf_ + 1, n_ - 1}; }
+
+    // A character; compressed, a repeat of the last one is left out. The buffer starts
+    // with a NUL, which no key holds, so the first character is never a repeat. Keys
+    // hold ASCII and two-byte symbols that start with 0xC2 only, so the last byte of a
+    // key equals an ASCII character only when its last character does.
+    void put(char c) {
+        buf_[n_] = c;
+        n_ += !compress_ || buf_[n_ - 1] != c;
+    }
+    // A taper symbol, one or two bytes; there is always the count before it.
+    void put(std::string_view symbol) {
+        if (symbol.size() == 1) return put(symbol[0]);
+        if (compress_ && buf_[n_ - 2] == symbol[0] && buf_[n_ - 1] == symbol[1]) return;
+        std::memcpy(buf_ + n_, symbol.data(), symbol.size());
+        n_ += symbol.size();
+    }
+    // The end of the branch field; compressed, a "0" before it goes.
+    void putClose() {
+        if (compress_ && buf_[n_ - 1] == '0') --n_;
+        buf_[n_++] = '}';
+    }
+    void putHex(std::int64_t n) {
+        char digits[8];
+        const std::size_t len = hexDigits(n, digits);
+        for (std::size_t i = 0; i < len; ++i) put(digits[i]);
+    }
+    // Upper-case hexadecimal without a prefix, of the low 32 bits.
+    static std::size_t hexDigits(std::int64_t n, char* out) {
+        auto v = static_cast<std::uint32_t>(n);
+        const std::size_t len = v < 16 ? 1 : static_cast<std::size_t>(std::bit_width(v) + 3) / 4;
+        for (std::size_t i = len; i-- > 0; v >>= 4) out[i] = "0123456789ABCDEF"[v & 15];
+        return len;
+    }
+
+private:
+    bool compress_;
+    std::size_t n_ = 1;
+    char buf_[kKeyRoom + 1];
+};
+
+void putColorField(KeyWriter& out, const DrifterRec& d, int n, bool detailed) {
     if (detailed) {
+        // Colours are counted in a bit set while they are small, as they nearly always are.
+        std::uint64_t small = 0;
         int seen[kSegmentSlots];
-        int distinct = 0;
-        for (int s = 0; s < n; ++s)
-            if (std::find(seen, seen + distinct, d.segments[s].color) == seen + distinct)
-                seen[distinct++] = d.segments[s].color;
-        appendHex(out, d.segments[0].color);
-        appendHex(out, distinct);
+        int others = 0;
+        for (int s = 0; s < n; ++s) {
+            const auto color = static_cast<std::uint32_t>(d.segments[s].color);
+            if (color < 64)
+                small |= std::uint64_t{1} << color;
+            else if (std::find(seen, seen + others, d.segments[s].color) == seen + others)
+                seen[others++] = d.segments[s].color;
+        }
+        const int distinct = std::popcount(small) + others;
+        out.putHex(d.segments[0].color);
+        out.putHex(distinct);
         return;
     }
-    const std::size_t from = out.size();
-    for (int s = 0; s < n; ++s) appendHex(out, d.segments[s].color);
-    auto len = [&] { return out.size() - from; };
-    auto at = [&](std::size_t i) { return out[from + i]; };
+    char text[kSegmentSlots * 8];
+    std::size_t len = 0;
+    for (int s = 0; s < n; ++s) len += KeyWriter::hexDigits(d.segments[s].color, text + len);
     // A repeating tail or head is written once: "0011" and "0101" both give "01".
-    while (len() >= 2 && at(len() - 1) == at(len() - 2)) out.pop_back();
+    while (len >= 2 && text[len - 1] == text[len - 2]) --len;
     // With three characters there are no two before the last two: such a text stays.
-    auto pairsMatch = [&](std::size_t a, std::size_t b) { return at(a) == at(b) && at(a + 1) == at(b + 1); };
-    while (len() >= 4 && pairsMatch(len() - 2, len() - 4)) out.resize(out.size() - 2);
+    auto pairsMatch = [&](std::size_t a, std::size_t b) { return text[a] == text[b] && text[a + 1] == text[b + 1]; };
+    while (len >= 4 && pairsMatch(len - 2, len - 4)) len -= 2;
     std::size_t head = 0;
-    while (len() - head >= 2 && at(head) == at(head + 1)) ++head;
-    while (len() - head >= 4 && pairsMatch(head, head + 2)) head += 2;
-    out.erase(from, head);
+    while (len - head >= 2 && text[head] == text[head + 1]) ++head;
+    while (len - head >= 4 && pairsMatch(head, head + 2)) head += 2;
+    for (std::size_t i = head; i < len; ++i) out.put(text[i]);
 }
 
-void appendBranchField(std::string& out, const DrifterRec& d, int n) {
-    out.push_back('{');
-    const std::size_t from = out.size();
-    for (int s = 0; s < n; ++s) appendHex(out, d.segments[s].branchCount);
+void putBranchField(KeyWriter& out, const DrifterRec& d, int n) {
+    out.put('{');
+    char text[kSegmentSlots * 8];
+    std::size_t len = 0;
+    for (int s = 0; s < n; ++s) len += KeyWriter::hexDigits(d.segments[s].branchCount, text + len);
     // The first segment's branching is left out.
-    if (out.size() > from) out.erase(from, 1);
-    out.push_back('}');
+    for (std::size_t i = 1; i < len; ++i) out.put(text[i]);
+    out.putClose();
 }
 
-// Hex of the integer part; false when the value is no number (a body without segments).
-bool appendClass(std::string& out, double value) {
-    if (!std::isfinite(value) || value < 0 || value > 4.0e9) return false;
-    appendHex(out, static_cast<std::int64_t>(value));
-    return true;
-}
+// Whether a class value can be written: a body without segments gives no number.
+bool classFits(double value) { return std::isfinite(value) && value >= 0 && value <= 4.0e9; }
 
-// '=', '>' or '<' between two sizes of neighbouring segments; 0 for two zeros.
-char compareSizes(float a, float b) {
+// How two sizes of neighbouring segments compare: 0 '=', 1 '>', 2 '<'; -1 for two zeros.
+int compareSizes(float a, float b) {
     double sum = static_cast<double>(a) + b;
-    if (sum == 0) return 0;
-    if (std::fabs(static_cast<double>(a) - b) / sum < 0.001) return '=';
-    return a > b ? '>' : '<';
+    if (sum == 0) return -1;
+    if (std::fabs(static_cast<double>(a) - b) / sum < 0.001) return 0;
+    return a > b ? 1 : 2;
 }
 
-const char* taperSymbol(char width, char length) {
-    if (width == '=' && length == '=') return "=";
-    if ((width == '>' && length == '=') || (width == '=' && length == '>')) return ">";
-    if (width == '>' && length == '>') return "\u00BB";
-    if ((width == '<' && length == '=') || (width == '=' && length == '<')) return "<";
-    if (width == '<' && length == '<') return "\u00AB";
-    if (width == '<' && length == '>') return "*";
-    return ".";
-}
+// The taper symbols, and which one the comparisons of width and length give.
+constexpr std::string_view kTaperSymbols[] = {"=", ">", "\u00BB", "<", "\u00AB", "*", "."};
+constexpr int kTaper[3][3] = {{0, 1, 3}, {1, 2, 6}, {3, 5, 4}};
 
-void appendTaperField(std::string& out, const DrifterRec& d, int n) {
-    const char* last = "";
+void putTaperField(KeyWriter& out, const DrifterRec& d, int n) {
+    int last = -1;
     for (int s = 0; s < n; ++s) {
         const Segment& a = d.segments[s];
-        const Segment& b = d.segments[(s + 1) % n];
-        char width = compareSizes(a.width, b.width);
-        char len = compareSizes(a.length, b.length);
-        if (!width || !len) return;
-        const char* symbol = taperSymbol(width, len);
-        if (std::strcmp(symbol, last) != 0) out += symbol;
+        const Segment& b = d.segments[s + 1 < n ? s + 1 : 0];
+        const int width = compareSizes(a.width, b.width);
+        const int length = compareSizes(a.length, b.length);
+        if (width < 0 || length < 0) return;
+        const int symbol = kTaper[width][length];
+        if (symbol != last) out.put(kTaperSymbols[symbol]);
         last = symbol;
     }
 }
@@ -132,24 +166,31 @@ std::string CompressKey(const std::string& text) {
 }
 
 void appendDrifterKey(std::string& out, const DrifterRec& d, bool shortKey, bool compressed, bool detailed) {
-    const std::size_t from = out.size();
-    appendHex(out, d.segmentCount);
-    // A record that can't be read as a body ends the key where it stands.
-    if (d.segmentCount < 0 || d.segmentCount > kSegmentSlots) return;
     const int n = d.segmentCount;
-    appendColorField(out, d, n, detailed);
-    appendBranchField(out, d, n);
-    if (shortKey) return;
-
-    double perLength = static_cast<double>(d.totalLength / static_cast<float>(n));
-    double perMass = static_cast<double>(d.mass / static_cast<float>(n));
-    if (appendClass(out, detailed ? perLength / 27 + 0.5 + std::sqrt(perLength) / 5
-                                  : perLength / 10 + std::sqrt(perLength) / 3) &&
-        appendClass(out,
-                    detailed ? perMass / 50 + 0.5 + std::sqrt(perMass) / 13 : perMass / 37 + std::sqrt(perMass) / 5)) {
-        if (detailed) appendTaperField(out, d, n);
-        if (compressed) compressTail(out, from);
+    const bool body = n >= 0 && n <= kSegmentSlots;
+    // The classes come first, since a key without them is not compressed.
+    double lengthClass = 0, massClass = 0;
+    if (body && !shortKey) {
+        const double perLength = static_cast<double>(d.totalLength / static_cast<float>(n));
+        const double perMass = static_cast<double>(d.mass / static_cast<float>(n));
+        lengthClass =
+            detailed ? perLength / 27 + 0.5 + std::sqrt(perLength) / 5 : perLength / 10 + std::sqrt(perLength) / 3;
+        massClass = detailed ? perMass / 50 + 0.5 + std::sqrt(perMass) / 13 : perMass / 37 + std::sqrt(perMass) / 5;
     }
+    const bool classes = classFits(lengthClass) && classFits(massClass);
+    KeyWriter key(compressed && body && !shortKey && classes);
+    key.putHex(n);
+    // A record that can't be read as a body ends the key where it stands.
+    if (body) {
+        putColorField(key, d, n, detailed);
+        putBranchField(key, d, n);
+        if (!shortKey && classFits(lengthClass)) {
+            key.putHex(static_cast<std::int64_t>(lengthClass));
+            if (classFits(massClass)) key.putHex(static_cast<std::int64_t>(massClass));
+            if (classes && detailed) putTaperField(key, d, n);
+        }
+    }
+    out.append(key.text());
 }
 
 std::string DrifterKey(const Pool& pool, int index, bool shortKey, bool compressed, bool detailed) {

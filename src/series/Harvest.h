@@ -21,8 +21,10 @@ public:
     // must outlive the list; `maxN` (1 to 2000) is the list's capacity.
     HarvestList(const Pool& start, int maxN);
 
-    // Scores every drifter of `pool` against `norm`, in order, and takes each in that
-    // beats the entry its shape or rank competes with.
+    // Scores every drifter of `pool` against `norm`, the pool's own (SuccessNorm) when
+    // not given, in order, and takes each in that beats the entry its shape or rank
+    // competes with.
+    void considerPool(const Pool& pool);
     void considerPool(const Pool& pool, float norm);
 
     int count() const { return count_; }
@@ -44,8 +46,10 @@ private:
     bool same(const Slot& s, std::int32_t l0, std::int32_t l1) const {
         return s.line0 >= 0 && (s.line0 == l0 || s.line1 == l1);
     }
+    float scorePool(const Pool& pool);
+    void considerScored(const Pool& pool, float norm);
+    void numberKeys(const DrifterRec& d, std::int32_t& l0, std::int32_t& l1);
     void consider(const Pool& pool, int index, float norm);
-    static std::int32_t number(KeyLines& lines, std::vector<int>& tally, const std::string& line);
     void tallySlot(const Slot& s, int delta);
     void tallyRange(int from, int to, int delta);
     void keepLiveRecords(const Pool& pool);
@@ -58,6 +62,7 @@ private:
     KeyLines lines0_, lines1_;          // the key and the detailed key
     std::vector<int> tally0_, tally1_;  // entries of the list per line number
     std::string key0_, key1_;           // buffers for the candidate's keys
+    std::vector<float> scores_;         // the pool's scores before the norm
 };
 
 // The harvest behind the menu command and the series. `reserved` is not used. False

@@ -12,13 +12,16 @@ namespace aq {
 class KeyLines {
 public:
     KeyLines();
-    // The number of `line`, given it now if it is new.
-    std::int32_t number(std::string_view line);
+    // The hash of `line`, its place in the table on its way into the cache meanwhile;
+    // then the number of `line`, given it now if it is new. Between the two calls
+    // other work can be done while the table is read.
+    std::uint32_t expect(std::string_view line) const;
+    std::int32_t number(std::string_view line, std::uint32_t hash);
     std::size_t size() const { return starts_.size() - 1; }
 
 private:
-    struct Cell {
-        std::uint64_t hash = 0;
+    struct Cell {  // eight bytes, so that more of the table stays in the cache
+        std::uint32_t hash = 0;
         std::int32_t id = -1;  // -1: free
     };
     std::string_view line(std::int32_t id) const;

@@ -23,8 +23,9 @@ std::vector<std::string_view> lines(std::string_view key) {
 }  // namespace
 
 // Each step is worked out in double and kept as a float, as the score is stored.
-float SuccessScore(const Pool& pool, int index) {
-    const DrifterRec& d = pool.drifters[static_cast<std::size_t>(index)];
+float SuccessScore(const Pool& pool, int index) { return SuccessScore(pool.drifters[static_cast<std::size_t>(index)]); }
+
+float SuccessScore(const DrifterRec& d) {
     float s = static_cast<float>(d.segmentCount / 35.0);
     if (d.alive > 0) {
         s = static_cast<float>(static_cast<double>(s) + d.mealsEaten + d.maternalOffspring / 3.0 + d.paternalOffspring);
@@ -42,16 +43,19 @@ float SuccessNorm(const Pool& pool) {
     float best = 1.0f;
     for (int i = 0; i < pool.drifterCount; ++i) {
         const DrifterRec& d = pool.drifters[static_cast<std::size_t>(i)];
-        float t = 1.0f;
-        if (d.segmentCount > 0 && d.alive > 0)
-            t = static_cast<float>(d.mealsEaten + 1.0 + d.maternalOffspring / 5.0 + d.paternalOffspring / 2.0);
-        const float x = static_cast<float>(d.segmentCount);
-        if (x < 1) return -1.0f;
-        if (x > 1) t = static_cast<float>(t / std::sqrt(static_cast<double>(x)));
-        t = static_cast<float>((t + 1.0) / std::sqrt(static_cast<double>(x)));
+        if (d.segmentCount < 1) return -1.0f;
+        const float t = SuccessNormFigure(d);
         if (t > best) best = t;
     }
     return best;
+}
+
+float SuccessNormFigure(const DrifterRec& d) {
+    float t = 1.0f;
+    if (d.alive > 0) t = static_cast<float>(d.mealsEaten + 1.0 + d.maternalOffspring / 5.0 + d.paternalOffspring / 2.0);
+    const float x = static_cast<float>(d.segmentCount);
+    if (x > 1) t = static_cast<float>(t / std::sqrt(static_cast<double>(x)));
+    return static_cast<float>((t + 1.0) / std::sqrt(static_cast<double>(x)));
 }
 
 bool SameMorph(const std::string& keyA, const std::string& keyB) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <random>
 
 #include "pooleditor/DrifterKey.h"
 #include "pooleditor/GroupSelection.h"
@@ -310,6 +311,8 @@ TEST(DrifterKeys, FieldsCompressionAndTaperSymbols) {
                   DrifterKey(p, 1, true, true, false),
               "401{000}401{000}401{000}");
     EXPECT_EQ(DrifterKey(p, 2, true, false, false), "10{}");  // the Dot
+    // Numbers of several digits, negative ones as 32 bits; the field drops the first character.
+    EXPECT_EQ(DrifterKey(poolOf({body({0, 0}, {0x1F0, -1})}), 0, true, false, false), "20{F0FFFFFFFF}");
     // Length 10 per segment: 10 / 10 + sqrt(10) / 3 = 2.05 -> 2; mass 36: 36 / 37 + sqrt(36) / 5 = 2.17 -> 2.
     p.drifters[2].mass = 36;
     EXPECT_EQ(DrifterKey(p, 2, false, false, false), "10{}22");
@@ -329,5 +332,27 @@ TEST(DrifterKeys, FieldsCompressionAndTaperSymbols) {
         d.segments[0].width = w0, d.segments[0].length = l0, d.segments[1].width = w1, d.segments[1].length = l1;
         std::string key = DrifterKey(poolOf({d}), 0, false, false, true);
         EXPECT_EQ(key.substr(key.find('}') + 3), field) << key;
+    }
+}
+
+// A compressed key is the whole plain key compressed, whatever its numbers: many hex
+// digits, runs across fields, taper symbols of two bytes.
+TEST(DrifterKeys, CompressedKeysAreThePlainKeysCompressed) {
+    std::mt19937 rng(7);
+    auto pick = [&](int n) { return static_cast<int>(rng() % static_cast<unsigned>(n)); };
+    const int numbers[] = {0, 1, 2, 0x11, 0x1F0, -1};
+    for (int k = 0; k < 2000; ++k) {
+        std::vector<int> colors(static_cast<std::size_t>(1 + pick(16))), branches(colors.size());
+        for (int& c : colors) c = numbers[pick(6)];
+        for (int& b : branches) b = numbers[pick(6)];
+        DrifterRec d = body(colors, branches);
+        for (Segment& s : d.segments)
+            s.width = static_cast<float>(1 + pick(3)), s.length = static_cast<float>(10 + pick(2));
+        d.totalLength = static_cast<float>(pick(600));
+        d.mass = static_cast<float>(pick(9000));
+        const Pool p = poolOf({d});
+        for (bool detailed : {false, true})
+            ASSERT_EQ(DrifterKey(p, 0, false, true, detailed), CompressKey(DrifterKey(p, 0, false, false, detailed)))
+                << k;
     }
 }
